@@ -1,0 +1,34 @@
+# The program finds its compiled scripts in the folder Resources beside the executable's folder:
+# Contents/Resources of the bundle on macOS, <build>/Resources next to <build>/bin elsewhere.
+set(ZOR_SCRIPT_SOURCES
+  ${CMAKE_SOURCE_DIR}/resources/FirePalette.applescript
+  ${CMAKE_SOURCE_DIR}/resources/FireAppleScript.applescript)
+
+function(zor_stage_resources target)
+  if(APPLE)
+    set_target_properties(${target} PROPERTIES
+      MACOSX_BUNDLE_INFO_PLIST ${CMAKE_SOURCE_DIR}/resources/Info.plist.in
+      MACOSX_BUNDLE_BUNDLE_NAME ZOR_Palette
+      MACOSX_BUNDLE_GUI_IDENTIFIER net.lunvale.ZOR-Palette
+      MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
+      RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+    set(resdir $<TARGET_BUNDLE_CONTENT_DIR:${target}>/Resources)
+  else()
+    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+    set(resdir ${CMAKE_BINARY_DIR}/Resources)
+  endif()
+  add_custom_command(TARGET ${target} POST_BUILD COMMAND ${CMAKE_COMMAND} -E make_directory ${resdir})
+  foreach(src IN LISTS ZOR_SCRIPT_SOURCES)
+    if(NOT EXISTS ${src})
+      continue()
+    endif()
+    get_filename_component(stem ${src} NAME_WE)
+    if(APPLE)
+      add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND osacompile -o ${resdir}/${stem}.scpt ${src})
+    else()
+      add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E copy ${src} ${resdir}/${stem}.scpt)
+    endif()
+  endforeach()
+endfunction()

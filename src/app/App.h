@@ -1,0 +1,5 @@
+#pragma once
+class App {
+public:
+    static int Main(int argc, char* argv[]);
+};

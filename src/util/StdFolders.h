@@ -1,0 +1,12 @@
+#pragma once
+#include <QString>
+
+// The user's standard folders. On macOS application support is ~/Library/Application Support;
+// on Linux it is $XDG_DATA_HOME (default ~/.local/share). Tests move them by moving HOME and XDG_*.
+namespace StdFolders {
+QString applicationSupport();
+QString desktop();
+QString documents();
+QString home();
+QString applications();
+} // namespace StdFolders

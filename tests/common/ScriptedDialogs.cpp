@@ -1,0 +1,34 @@
+#include "common/ScriptedDialogs.h"
+
+ScriptedDialogs::ScriptedDialogs() { Dialogs::installScript(this); }
+ScriptedDialogs::~ScriptedDialogs() { Dialogs::installScript(nullptr); }
+
+Dialogs::Answer ScriptedDialogs::answer(const Dialogs::Request& request) {
+    Dialogs::Request kept = request;
+    kept.dialog = nullptr; // the window does not outlive the call
+    requests.append(kept);
+    using K = Dialogs::Kind;
+    const bool question = request.kind == K::OKCancel || request.kind == K::MesDlg || request.kind == K::OpenFile;
+    if (!question) return {0, true, {}};
+    if (answers.isEmpty()) {
+        unexpected << request.text + request.title;
+        return {};
+    }
+    return answers.takeFirst();
+}
+
+QStringList ScriptedDialogs::texts() const {
+    QStringList out;
+    for (const auto& r : requests)
+        if (r.kind != Dialogs::Kind::Beep) out << r.text;
+    return out;
+}
+
+QStringList ScriptedDialogs::texts(Dialogs::Kind kind) const {
+    QStringList out;
+    for (const auto& r : requests)
+        if (r.kind == kind) out << r.text;
+    return out;
+}
+
+int ScriptedDialogs::beeps() const { return int(texts(Dialogs::Kind::Beep).size()); }

@@ -1,0 +1,31 @@
+#pragma once
+#include "util/Dialogs.h"
+
+#include <QList>
+#include <QStringList>
+
+// Installed for the life of the object: every dialog is recorded instead of shown. Questions
+// (OK/Cancel, MesDlg, open-file) take the queued answers in order; a question with none queued
+// is recorded in `unexpected`, which a test checks.
+class ScriptedDialogs : public Dialogs::Script {
+public:
+    ScriptedDialogs();
+    ~ScriptedDialogs() override;
+
+    Dialogs::Answer answer(const Dialogs::Request& request) override;
+
+    void queue(Dialogs::Answer answer) { answers.append(std::move(answer)); }
+    void queueOK(bool ok) { queue({ok ? 1 : 0, ok, {}}); }
+    void queueFile(const QString& path) { queue({1, !path.isEmpty(), path}); }
+
+    QStringList texts() const;           // every text shown, in order
+    QStringList texts(Dialogs::Kind kind) const;
+    int beeps() const;
+    void clear() { requests.clear(); }
+
+    QList<Dialogs::Request> requests;
+    QStringList unexpected;
+
+private:
+    QList<Dialogs::Answer> answers;
+};

@@ -1,0 +1,21 @@
+#pragma once
+#include <QString>
+#include <QTemporaryDir>
+
+// A fresh home for one test: HOME and the XDG folders point into a temporary folder, so every
+// file the program touches is real and thrown away afterwards.
+class TempHome {
+public:
+    TempHome();
+    ~TempHome();
+    QString home() const { return dir.path(); }
+    QString appSupport() const;  // the application-support folder (not the program's own)
+    QString programFolder() const; // <application support>/net.lunvale.ZOR-Palette
+    QString desktop() const;
+    // Writes a file (creating its folders) and gives its path.
+    QString write(const QString& relativeToHome, const QByteArray& content) const;
+
+private:
+    QTemporaryDir dir;
+    QByteArray oldHome, oldDataHome, oldConfigHome;
+};
