@@ -1,3 +1,72 @@
 #include "app/App.h"
-#include <QApplication>
-int App::Main(int argc, char* argv[]) { QApplication a(argc, argv); return 0; }
+
+#include "help/ErrorHandling.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+#include "util/AppGlobals.h"
+#include "util/FileTools.h"
+#include "util/FileTypes.h"
+#include "util/Guard.h"
+#include "util/RtrnDateString.h"
+#include "util/StdFolders.h"
+#include "util/ZorError.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+App::App(int& argc, char** argv) : QApplication(argc, argv) {
+    setApplicationName("ZOR_Palette");
+    setApplicationVersion("1.4.0");
+    setOrganizationDomain("lunvale.net");
+    setProperty("nonReleaseVersion", 92);
+    setProperty("stage", "final");
+}
+
+namespace {
+const QString kOldFolderName = QStringLiteral("ZOR_Palette");
+
+// Both folders exist: the old one goes. An old folder that still holds files is not thrown
+// away but moved into the new folder, so that no palette data of either is lost.
+void retireOldFolder(const QString& support) {
+    QDir supportDir(support);
+    if (supportDir.rmdir(kOldFolderName)) return;
+    const QString keptName = "OldZOR_PaletteFolder_" + RtrnDateString::rsAlphaDateTime(4);
+    if (!QFile::rename(supportDir.filePath(kOldFolderName),
+                       supportDir.filePath(AppGlobals::kAppFolderName + '/' + keptName)))
+        throw IOException("The old folder ZOR_Palette could not be removed.");
+}
+} // namespace
+
+void App::Event_Opening() {
+    Guard::run(Guard::Where::appEvent("Opening").directForm(), [] {
+        const QString support = StdFolders::applicationSupport();
+        const QDir supportDir(support);
+        const bool oldExists = QFileInfo(supportDir.filePath(kOldFolderName)).isDir();
+        const bool newExists = QFileInfo(supportDir.filePath(AppGlobals::kAppFolderName)).isDir();
+        if (oldExists && newExists) retireOldFolder(support);
+        if (oldExists && !newExists) FileTools::RenameFolder(support, kOldFolderName, AppGlobals::kAppFolderName, false);
+        if (AppGlobals::appSupportFolder.isEmpty())
+            AppGlobals::appSupportFolder = supportDir.filePath(AppGlobals::kAppFolderName);
+        AppGlobals::folderPathAS = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/Apple_Scripts");
+        AppGlobals::folderPathButFolder = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/ButtonPictures");
+        QFile::remove(AppGlobals::appSupportFolder + "/Help_ZOR_Palette.sqlite");
+        QApplication::setQuitOnLastWindowClosed(true);
+        ZOR::paletteContentChange = false;
+        ZOR::paletteActiveChange = false;
+        ZOR::MakeAlphabetShortcuts();
+        ZOR::GetZOR_DataFromDisk();
+        ZOR::ActivatePalette(ZOR::idxCP);
+        ZOR::QuitSavePaletteChanges = true;
+    });
+}
+
+int App::Main(int argc, char* argv[]) {
+    FileTypes::Build();
+    App app(argc, argv);
+    ErrorHandling::Install();
+    app.Event_Opening();
+    winMain window;
+    window.Event_Opening();
+    window.show();
+    return app.exec();
+}

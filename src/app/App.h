@@ -1,5 +1,16 @@
 #pragma once
-class App {
+#include <QApplication>
+
+// The application object: the start-up order around the palette store. Its fields for modal
+// windows and folders are in AppGlobals, where every layer can reach them.
+class App : public QApplication {
+    Q_OBJECT
 public:
+    App(int& argc, char** argv);
+
+    static void Event_Opening();
+    static void Event_Closing() {}
+
+    // Process entry: the order from start to the first palette on screen, then the event loop.
     static int Main(int argc, char* argv[]);
 };

@@ -24,6 +24,7 @@ Where Where::windowMethod(QString window, QString method) {
 Where Where::module(QString module, QString method) {
     return {Kind::ModuleMethod, std::move(module), {}, std::move(method), false};
 }
+Where Where::appEvent(QString event) { return {Kind::AppEvent, QStringLiteral("App"), {}, std::move(event), false}; }
 Where Where::directForm() const {
     Where copy = *this;
     copy.direct = true;
@@ -50,6 +51,9 @@ QString Where::reportLines() const {
     case Kind::ModuleMethod:
         lines << "MODULE: " + owner << "METHOD: " + name;
         break;
+    case Kind::AppEvent:
+        lines << "EVENT HANDLER: " + owner << "EVENT NAME: " + name;
+        break;
     }
     return lines.join('\n');
 }
@@ -60,7 +64,10 @@ bool Guard::report(const Where& where, const std::exception& error) {
     if (where.direct) {
         Dialogs::message(where.reportLines() + "\nTYPE: " + RuntimeExceptionExtension::Type(error));
         const bool isEvent = where.kind == Kind::ControlEvent || where.kind == Kind::WindowEvent;
-        qDebug().noquote() << (isEvent ? "Exception: " : "Exception - ") + where.dottedName();
+        if (where.kind == Kind::AppEvent)
+            qDebug().noquote() << "Exception: " + where.owner + ": " + where.name;
+        else
+            qDebug().noquote() << (isEvent ? "Exception: " : "Exception - ") + where.dottedName();
         return true;
     }
     const bool handled = reporter ? reporter(error, where.reportLines())

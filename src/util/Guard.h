@@ -8,7 +8,7 @@
 // failing statement, reports, and gives its result's default value.
 namespace Guard {
 
-enum class Kind { ControlEvent, WindowEvent, WindowMethod, ModuleMethod };
+enum class Kind { ControlEvent, WindowEvent, WindowMethod, ModuleMethod, AppEvent };
 
 struct Where {
     Kind kind = Kind::ModuleMethod;
@@ -21,6 +21,7 @@ struct Where {
     static Where windowEvent(QString window, QString event);
     static Where windowMethod(QString window, QString method);
     static Where module(QString module, QString method);
+    static Where appEvent(QString event); // events of the application object itself
     Where directForm() const;
 
     QString dottedName() const;

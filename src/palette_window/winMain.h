@@ -1,0 +1,60 @@
+#pragma once
+#include "store/PaletteView.h"
+
+#include <QList>
+#include <QMainWindow>
+#include <QPixmap>
+#include <array>
+
+class cnBut;
+class QLabel;
+class QTimer;
+
+// The palette window: the grid of 100 canvases and the information bar at its foot. It is the
+// one window that stays open; closing it saves the store and ends the program.
+class winMain : public QMainWindow, public PaletteView {
+    Q_OBJECT
+public:
+    static constexpr int kCell = 64;
+    static constexpr int kBarHeight = 30;
+
+    explicit winMain(QWidget* parent = nullptr);
+    ~winMain() override;
+
+    void Event_Opening();
+    bool Event_Closing(); // true when the store was written
+
+    // PaletteView
+    void EraseAllPictures() override;
+    void RedrawGrid() override;
+    void SetPaletteTitle(const QString& title) override;
+    void SetRestingTexts(const QString& alias, const QString& name) override;
+    QRect WindowRect() const override;
+
+    // canvas events, by the canvas's index
+    void cnBut_Paint(cnBut& canvas, QPainter& g);
+    void cnBut_MouseEnter(int index);
+    void cnBut_MouseExit(int index);
+    void cnBut_MouseDown(int index);
+    void cnBut_MouseUp(int index);
+
+    QList<int> hasPicture;
+    const QPixmap BlankPic; // never assigned: stands for no picture
+
+    std::array<cnBut*, 100> cnButs{};
+    QWidget* rectBackgroundTip = nullptr;
+    QLabel* labTip = nullptr;
+    QLabel* labSeeSC = nullptr;
+    QLabel* labSeeNum = nullptr;
+    QTimer* tiMinimize = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void SizeToGrid(int width, int height);
+    void SaveStore();
+    int menuBarOffset() const;
+    QWidget* palette = nullptr;
+    bool closing = false;
+};

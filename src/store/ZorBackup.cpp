@@ -1,0 +1,61 @@
+#include "store/ZOR.h"
+
+#include "util/AppGlobals.h"
+#include "util/Dialogs.h"
+#include "util/Guard.h"
+#include "util/RtrnDateString.h"
+#include "util/StdFolders.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+
+QString stampedBackupName() { return RtrnDateString::rsAlphaDateTime(3) + "PreserveState" + "BU" + ".txt"; }
+
+// A copy always passes through the plain name and is then given the stamped one; a plain name
+// left over from an earlier failed rename is cleared first.
+bool copyUnderStampedName(const QString& source, const QString& folder, const QString& stamped) {
+    const QString plain = folder + "/PreserveState.txt";
+    if (QFile::exists(plain) && !QFile::remove(plain)) return false;
+    if (!QFile::copy(source, plain)) return false;
+    return QFile::rename(plain, folder + '/' + stamped);
+}
+} // namespace
+
+bool ZOR::PreserveStateBackUp(bool keepActive, bool toDesktop) {
+    return Guard::run(where("PreserveStateBackUp"), [=] {
+        const QString source = DataFilePath();
+        const QString stamped = stampedBackupName();
+        if (!QFile::exists(source)) return false;
+        if (toDesktop) {
+            const QString desktop = StdFolders::desktop();
+            const QString plain = desktop + "/PreserveState.txt";
+            if ((QFile::exists(plain) && !QFile::remove(plain)) || !QFile::copy(source, plain)) {
+                Dialogs::message("An exception of type IOException was caught.");
+                return false;
+            }
+            if (!QFile::rename(plain, desktop + '/' + stamped)) return false;
+        }
+        const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
+        QDir().mkpath(emergency);
+        if (keepActive) return copyUnderStampedName(source, emergency, stamped);
+        return QFile::rename(source, emergency + '/' + stamped);
+    });
+}
+
+void ZOR::RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold) {
+    Guard::run(where("RemoveFilesFromEmergencyBackup"), [=] {
+        QDir folder(AppGlobals::appSupportFolder + '/' + kEmergencyFolder);
+        const QStringList names =
+            folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+        if (names.size() < threshold) return;
+        for (qsizetype i = 0; i < std::min<qsizetype>(removeCount, names.size()); ++i) {
+            const QString path = folder.filePath(names[i]);
+            const bool removed = QFileInfo(path).isDir() ? QDir(path).removeRecursively() : QFile::remove(path);
+            if (!removed) Dialogs::message("RemoveFilesFromEmergencyBackup: Could not remove " + names[i]);
+        }
+    });
+}

@@ -1,0 +1,129 @@
+#include "store/ZOR.h"
+
+#include "util/Dialogs.h"
+#include "util/Guard.h"
+#include "util/StringUtils.h"
+#include "util/ZorError.h"
+
+namespace {
+Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+PaletteView* view = nullptr;
+
+QString twoDigits(qint64 n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
+} // namespace
+
+void ZOR::RegisterView(PaletteView* v) { view = v; }
+PaletteView* ZOR::View() { return view; }
+
+void ZOR::MakeAlphabetShortcuts() {
+    Guard::run(where("MakeAlphabetShortcuts"), [] {
+        aAlphabetShortcut.clear();
+        for (QChar c : QStringLiteral("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ")) aAlphabetShortcut << c;
+    });
+}
+
+BtnArray ZOR::NewButtonArray() {
+    auto buttons = std::make_shared<std::vector<BtnRef>>();
+    buttons->reserve(kButtonsPerPalette);
+    for (int i = 0; i < kButtonsPerPalette; ++i) {
+        auto b = std::make_shared<Btn>();
+        b->ID = i;
+        b->sID = twoDigits(i);
+        b->Row = i / 10;
+        b->Col = i % 10;
+        b->Shortcut = i < 52 && i < aAlphabetShortcut.size() ? aAlphabetShortcut[i] : kNoShortcut;
+        buttons->push_back(std::move(b));
+    }
+    return buttons;
+}
+
+void ZOR::DefaultValuesPalette(qint64 index) {
+    Guard::run(where("DefaultValuesPalette"), [index] {
+        if (index < 0 || index >= qint64(DP.size())) {
+            Dialogs::message("Inappropriate index value passed for DefaultValuesPalette method.");
+            return;
+        }
+        PaletteDict& slot = DP[size_t(index)];
+        slot.i_NumRows = 10;
+        slot.i_NumColumns = 10;
+        slot.s_Name = "P" + twoDigits(index);
+        slot.s_Alias = StringUtils::Random(5, "abcdefghijklmnopqrstuvwxyz");
+        slot.s_WinTitle = "ZOR P" + twoDigits(index);
+        slot.s_Particulars.clear();
+        slot.a_Btn = NewButtonArray();
+    });
+}
+
+namespace {
+void loadWorkingProperties(const PaletteDict& slot) {
+    ZOR::numRows = slot.i_NumRows;
+    ZOR::numColumns = slot.i_NumColumns;
+    ZOR::paleName = slot.s_Name;
+    ZOR::paleAlias = slot.s_Alias;
+    ZOR::paleWinTitle = slot.s_WinTitle;
+    ZOR::paleParticulars = slot.s_Particulars;
+}
+} // namespace
+
+void ZOR::CreateFirstPalette() {
+    Guard::run(where("CreateFirstPalette"), [] {
+        DP.emplace_back();
+        idxCP = 0;
+        PaletteDict& slot = DP[0];
+        slot.i_NumRows = 10;
+        slot.i_NumColumns = 10;
+        slot.s_Name = "P00";
+        slot.s_Alias = "Original";
+        slot.s_WinTitle = "ZOR Palette";
+        slot.s_Particulars = "No Content";
+        slot.a_Btn = NewButtonArray();
+        loadWorkingProperties(slot);
+        paletteContentChange = true;
+    });
+}
+
+void ZOR::ActivatePalette(qint64 index) {
+    Guard::run(where("ActivatePalette"), [index] {
+        if (idxCP > -1) BreakBtnLinkToDP();
+        idxCP = index;
+        if (index < 0 || index >= qint64(DP.size()))
+            throw OutOfBoundsException(QStringLiteral("There is no palette with the index %1.").arg(index));
+        const PaletteDict& slot = DP[size_t(index)];
+        aBtn = slot.a_Btn;
+        loadWorkingProperties(slot);
+    });
+}
+
+void ZOR::SavePaletteToDP() {
+    Guard::run(where("SavePaletteToDP"), [] {
+        paletteActiveChange = true;
+        if (!paletteContentChange) return;
+        if (idxCP < 0 || idxCP >= qint64(DP.size()))
+            throw OutOfBoundsException(QStringLiteral("There is no palette with the index %1.").arg(idxCP));
+        PaletteDict& slot = DP[size_t(idxCP)];
+        slot.i_NumRows = numRows;
+        slot.i_NumColumns = numColumns;
+        slot.s_Name = paleName;
+        slot.s_Alias = paleAlias;
+        slot.s_WinTitle = paleWinTitle;
+        slot.s_Particulars = paleParticulars;
+    });
+}
+
+void ZOR::BreakBtnLinkToDP() { aBtn = std::make_shared<std::vector<BtnRef>>(); }
+
+void ZOR::ResetStore() {
+    DP.clear();
+    BreakBtnLinkToDP();
+    idxCP = -1;
+    idxCurrentBtn = 0;
+    numRows = numColumns = 0;
+    paleName.clear();
+    paleAlias.clear();
+    paleWinTitle.clear();
+    paleParticulars.clear();
+    paletteContentChange = paletteActiveChange = QuitSavePaletteChanges = false;
+    dataFileUnreadable = false;
+    aAlphabetShortcut.clear();
+    initialWinTop = initialWinLeft = initialWinHeight = initialWinWidth = 0;
+}

@@ -1,0 +1,338 @@
+// The palette store: records, the data file, start-up and the saving quit.
+#include "common/Program.h"
+#include "common/ScriptedDialogs.h"
+#include "common/TempHome.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+#include "util/AppGlobals.h"
+#include "util/Clock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+#include <nlohmann/json.hpp>
+
+using ordered_json = nlohmann::ordered_json;
+
+namespace {
+QByteArray readAll(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+QStringList keysOf(const ordered_json& object) {
+    QStringList keys;
+    for (const auto& item : object.items()) keys << QString::fromStdString(item.key());
+    return keys;
+}
+
+QStringList emergencyCopies(const TempHome& home) {
+    return QDir(home.programFolder() + "/EmergencyPreserveStateBU").entryList(QDir::Files, QDir::Name);
+}
+
+// An older file: the first palette's buttons lack `absent` keys, its palette object lacks
+// paleParticulars when asked.
+QByteArray olderFile(const QStringList& absent, bool withParticulars) {
+    ordered_json file = ordered_json::array();
+    file.push_back({{"LastPaletteIndex", 1}, {"CurrentPalette", 0}, {"WinTop", 0}, {"WinLeft", 0},
+                    {"WinHeight", 0}, {"WinWidth", 0}});
+    for (int p = 0; p < 2; ++p) {
+        for (int i = 0; i < 100; ++i) {
+            char sid[3];
+            std::snprintf(sid, sizeof sid, "%02d", i);
+            ordered_json b = {{"sID", sid}, {"Shortcut", "a"}, {"Tip", ""}, {"Info", ""}, {"ShortcutShow", false},
+                              {"Vis", true}, {"ASfile", ""}, {"SCname", i == 1 ? "Mail" : ""}, {"AutoMin", 0},
+                              {"Clipbrd", 0}, {"PaletteGo", ""}, {"KM_Active", false}};
+            for (const QString& key : absent) b.erase(key.toStdString());
+            file.push_back(b);
+        }
+        ordered_json pal = {{"numRows", 3}, {"numColumns", 4}, {"paleName", p ? "P01" : "P00"},
+                            {"paleAlias", "Old"}, {"paleWinTitle", "Old title"}};
+        if (withParticulars) pal["paleParticulars"] = "kept";
+        file.push_back(pal);
+    }
+    return QByteArray::fromStdString(file.dump());
+}
+} // namespace
+
+class StoreTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { Clock::set(QDateTime(QDate(2026, 5, 8), QTime(23, 14))); }
+    void cleanup() { Clock::reset(); }
+
+    void activeArrayIsTheSlotsOwn() {
+        TempHome home;
+        Program program;
+        ZOR::MakeAlphabetShortcuts();
+        ZOR::CreateFirstPalette();
+        ZOR::DP.emplace_back();
+        ZOR::DefaultValuesPalette(1);
+        QCOMPARE(ZOR::DP[0].s_Alias, QString("Original"));
+        QCOMPARE(ZOR::DP[0].s_WinTitle, QString("ZOR Palette"));
+        QCOMPARE(ZOR::DP[0].s_Particulars, QString("No Content"));
+        QCOMPARE(ZOR::DP[1].s_Name, QString("P01"));
+        QCOMPARE(ZOR::DP[1].s_WinTitle, QString("ZOR P01"));
+        QVERIFY(QRegularExpression("^[a-z]{5}$").match(ZOR::DP[1].s_Alias).hasMatch());
+        QCOMPARE(ZOR::DP[1].a_Btn->at(51)->Shortcut, QString("Z"));
+        QCOMPARE(ZOR::DP[1].a_Btn->at(52)->Shortcut, kNoShortcut);
+        QCOMPARE(ZOR::DP[1].a_Btn->at(99)->sID, QString("99"));
+
+        ZOR::ActivatePalette(1);
+        ZOR::aBtn->at(7)->Tip = "edited";
+        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Tip, QString("edited"));
+        ZOR::ActivatePalette(0);
+        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Tip, QString("edited"));
+        ZOR::BreakBtnLinkToDP();
+        QVERIFY(ZOR::aBtn->empty());
+        QCOMPARE(ZOR::DP[0].a_Btn->size(), size_t(100));
+
+        ScriptedDialogs dialogs;
+        ZOR::DefaultValuesPalette(2);
+        QCOMPARE(dialogs.texts(), QStringList{"Inappropriate index value passed for DefaultValuesPalette method."});
+    }
+
+    void fullStoreRoundTripsExactly() {
+        TempHome home;
+        Program program;
+        writeStoreFile(100);
+        ZOR::MakeAlphabetShortcuts();
+        QVERIFY(ZOR::JSON_ParseData(QString::fromUtf8(readAll(home.programFolder() + "/PreserveState.txt"))));
+        ZOR::DP[37].s_Alias = kNoShortcut; // a free slot in the middle
+        Btn& b = *ZOR::DP[5].a_Btn->at(23);
+        b.Info = "first line\nsecond line\r\nthird\ttabbed";
+        b.Tip = R"(She said "go" \ then C:\path\)";
+        b.SCname = QString::fromUtf8("Grüße ✓ 日本語 🎹");
+        b.AutoMin = 50;
+        b.Clipbrd = 1;
+        b.PaletteGo = "12";
+        b.Vis = false;
+        b.ShortcutShow = true;
+        ZOR::DP[99].s_Particulars = QString::fromUtf8("Zeile 1\nZeile 2 — ✓");
+        ZOR::idxCP = 42;
+        ZOR::initialWinLeft = 11, ZOR::initialWinTop = 22, ZOR::initialWinWidth = 256, ZOR::initialWinHeight = 222;
+        const QString text = ZOR::JSON_CreateData();
+
+        const ordered_json parsed = ordered_json::parse(text.toStdString());
+        QCOMPARE(parsed.size(), size_t(10101));
+        QCOMPARE(keysOf(parsed[0]), QStringList({"LastPaletteIndex", "CurrentPalette", "ReuseablePalette", "WinTop",
+                                                 "WinLeft", "WinHeight", "WinWidth"}));
+        QCOMPARE(parsed[0]["LastPaletteIndex"].get<int>(), 99);
+        QCOMPARE(parsed[0]["CurrentPalette"].get<int>(), 42);
+        QCOMPARE(parsed[0]["WinTop"].get<int>(), 22);
+        QCOMPARE(keysOf(parsed[1 + 5 * 101 + 23]),
+                 QStringList({"sID", "Shortcut", "Tip", "Info", "ShortcutShow", "Vis", "ASfile", "SCname", "AutoMin",
+                              "Clipbrd", "PaletteGo", "KM_Active"}));
+        QCOMPARE(keysOf(parsed[101]),
+                 QStringList({"numRows", "numColumns", "paleName", "paleAlias", "paleWinTitle", "paleParticulars"}));
+        QCOMPARE(QString::fromStdString(parsed[1 + 37 * 101 + 100]["paleAlias"].get<std::string>()), kNoShortcut);
+
+        const std::vector<PaletteDict> before = ZOR::DP;
+        std::vector<Btn> buttonsBefore;
+        for (const auto& slot : before)
+            for (const auto& btn : *slot.a_Btn) buttonsBefore.push_back(*btn);
+        ZOR::ResetStore();
+        QVERIFY(ZOR::JSON_ParseData(text));
+        QCOMPARE(ZOR::DP.size(), size_t(100));
+        QCOMPARE(ZOR::idxCP, qint64(42));
+        size_t n = 0;
+        for (size_t p = 0; p < 100; ++p) {
+            const PaletteDict& slot = ZOR::DP[p];
+            QCOMPARE(slot.s_Alias, before[p].s_Alias);
+            QCOMPARE(slot.s_Name, before[p].s_Name);
+            QCOMPARE(slot.s_WinTitle, before[p].s_WinTitle);
+            QCOMPARE(slot.s_Particulars, before[p].s_Particulars);
+            QCOMPARE(slot.i_NumRows, before[p].i_NumRows);
+            for (const auto& btn : *slot.a_Btn) {
+                const Btn& was = buttonsBefore[n++];
+                QCOMPARE(btn->ID, was.ID);
+                QCOMPARE(btn->Row, was.Row);
+                QCOMPARE(btn->Col, was.Col);
+                QCOMPARE(btn->Tip, was.Tip);
+                QCOMPARE(btn->Info, was.Info);
+                QCOMPARE(btn->SCname, was.SCname);
+                QCOMPARE(btn->Shortcut, was.Shortcut);
+                QCOMPARE(btn->Vis, was.Vis);
+                QCOMPARE(btn->ShortcutShow, was.ShortcutShow);
+                QCOMPARE(btn->AutoMin, was.AutoMin);
+                QCOMPARE(btn->Clipbrd, was.Clipbrd);
+                QCOMPARE(btn->PaletteGo, was.PaletteGo);
+                QCOMPARE(btn->KM_Active, was.KM_Active);
+            }
+        }
+        QCOMPARE(ZOR::JSON_CreateData(), text); // a second save writes the same text
+    }
+
+    void olderFilesAreMigratedWithOneMessagePerKey() {
+        TempHome home;
+        Program program;
+        ScriptedDialogs dialogs;
+        QVERIFY(ZOR::JSON_ParseData(QString::fromUtf8(olderFile({"ASfile", "AutoMin", "Clipbrd", "KM_Active"}, false))));
+        QCOMPARE(dialogs.texts(), QStringList({"Transitioning to new format of stored JSON data: ASfile",
+                                               "Transitioning to new format of stored JSON data: AutoMin",
+                                               "Transitioning to new format of stored JSON data: Clipbrd",
+                                               "Transitioning to new format of stored JSON data: KM_Active",
+                                               "Transitioning to new format of stored JSON data: Particulars"}));
+        QCOMPARE(ZOR::DP[0].a_Btn->at(0)->KM_Active, true);  // fired nothing else: a macro button
+        QCOMPARE(ZOR::DP[0].a_Btn->at(1)->KM_Active, false); // a Shortcut button
+        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Row, qint64(0));
+        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Col, qint64(7));
+        QCOMPARE(ZOR::DP[0].s_Particulars, QString());
+        QCOMPARE(ZOR::paletteContentChange, false);
+    }
+
+    void unreadableDataIsReported_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("not JSON") << QByteArray("this is not JSON {");
+        QTest::newRow("array ends early") << olderFile({}, true).left(5000) + "]";
+        QTest::newRow("obligatory key missing") << olderFile({"Tip"}, true);
+        QTest::newRow("head only") << QByteArray(R"([{"LastPaletteIndex":0,"CurrentPalette":0}])");
+    }
+    void unreadableDataIsReported() {
+        QFETCH(QByteArray, content);
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = home.write(".local/share/net.lunvale.ZOR-Palette/PreserveState.txt", content);
+        const QDateTime written = QFileInfo(file).lastModified();
+        Program program;
+        program.start();
+        const QStringList shown = dialogs.texts();
+        QCOMPARE(shown.size(), 2);
+        QVERIFY2(shown[0].startsWith(QString("ZOR.JSON_ParseData\nMODULE: ZOR\nMETHOD: JSON_ParseData")) ||
+                     shown[0].contains("in ZOR.JSON_ParseData\nMODULE: ZOR\nMETHOD: JSON_ParseData"),
+                 qPrintable(shown[0]));
+        QVERIFY(shown[1].contains("Manage PreserveState Backup"));
+        QCOMPARE(ZOR::paleAlias, QString("Original")); // usable, and paints without reports
+        program.window()->grab();
+        QCOMPARE(dialogs.texts().size(), 2);
+        program.quit();
+        QCOMPARE(readAll(file), content);
+        QCOMPARE(QFileInfo(file).lastModified(), written);
+        QVERIFY(emergencyCopies(home).isEmpty());
+    }
+
+    void firstStartEver() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        program.start();
+        QVERIFY(dialogs.texts().isEmpty());
+        QCOMPARE(ZOR::DP.size(), size_t(1));
+        QVERIFY(ZOR::paletteContentChange);
+        QCOMPARE(program.window()->windowTitle(), QString("ZOR Palette"));
+        for (const char* folder : {"ButtonPictures", "Apple_Scripts", "EmergencyPreserveStateBU"})
+            QVERIFY(QFileInfo(home.programFolder() + '/' + folder).isDir());
+        program.quit();
+        const QByteArray saved = readAll(home.programFolder() + "/PreserveState.txt");
+        QVERIFY(!saved.startsWith("\xEF\xBB\xBF"));
+        QVERIFY(!saved.endsWith('\n'));
+        QCOMPARE(ordered_json::parse(saved.toStdString()).size(), size_t(102));
+        QCOMPARE(emergencyCopies(home), QStringList{"260508_2314PreserveStateBU.txt"});
+    }
+
+    void oldFolderIsCarriedOver_data() {
+        QTest::addColumn<bool>("newFolderExists");
+        QTest::addColumn<bool>("oldFolderEmpty");
+        QTest::newRow("only the old folder") << false << false;
+        QTest::newRow("both, old one empty") << true << true;
+        QTest::newRow("both, old one holds data") << true << false;
+    }
+    void oldFolderIsCarriedOver() {
+        QFETCH(bool, newFolderExists);
+        QFETCH(bool, oldFolderEmpty);
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString support = home.appSupport();
+        if (oldFolderEmpty) {
+            QDir().mkpath(support + "/ZOR_Palette");
+        } else {
+            writeStoreFile(2, 3, 4);
+            QVERIFY(QDir(support).rename("net.lunvale.ZOR-Palette", "ZOR_Palette"));
+        }
+        if (newFolderExists) home.write(".local/share/net.lunvale.ZOR-Palette/Help_ZOR_Palette.sqlite", "old help");
+        Program program;
+        program.start();
+        QVERIFY(!QFileInfo::exists(support + "/ZOR_Palette"));
+        QVERIFY(!QFileInfo::exists(home.programFolder() + "/Help_ZOR_Palette.sqlite"));
+        if (!newFolderExists) {
+            QCOMPARE(ZOR::DP.size(), size_t(2)); // the old data was loaded from the new name
+            QCOMPARE(ZOR::numRows, qint64(3));
+        } else if (!oldFolderEmpty) {
+            const QStringList kept = QDir(home.programFolder()).entryList({"OldZOR_PaletteFolder_*"}, QDir::Dirs);
+            QCOMPARE(kept.size(), 1);
+            QVERIFY(QFile::exists(home.programFolder() + '/' + kept[0] + "/PreserveState.txt"));
+        }
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    void emptyFileStartsOver() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = home.write(".local/share/net.lunvale.ZOR-Palette/PreserveState.txt", "");
+        Program program;
+        program.start();
+        QCOMPARE(dialogs.requests.size(), 1);
+        QCOMPARE(dialogs.requests[0].kind, Dialogs::Kind::ShowText);
+        QCOMPARE(dialogs.requests[0].title, QString("Manage PreserveState Backup"));
+        QCOMPARE(dialogs.requests[0].text,
+                 QString("Starting over. The PreserveState.txt does not have any data in it, so I am restarting from "
+                         "scratch. You might want to go to the Help menu and chose the menu item: Manage "
+                         "PreserveState Backup. This would allow you to restore the PreserveState.txt file from a "
+                         "Backup that you might have."));
+        QVERIFY(!QFile::exists(file));
+        QCOMPARE(ZOR::paleAlias, QString("Original"));
+    }
+
+    void quitSavesOnlyWhatChanged() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(3, 3, 4, QRect(100, 120, 256, 222));
+        const QDateTime written = QFileInfo(file).lastModified();
+        {
+            Program program;
+            winMain& w = program.start();
+            QCOMPARE(w.geometry(), QRect(100, 120, 256, 222));
+            program.quit();
+        }
+        QCOMPARE(QFileInfo(file).lastModified(), written);
+        QVERIFY(emergencyCopies(home).isEmpty());
+        {
+            Program program;
+            winMain& w = program.start();
+            w.move(w.x() + 40, w.y());
+            program.quit();
+        }
+        QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["WinLeft"].get<int>(), 140);
+        QCOMPARE(emergencyCopies(home).size(), 1);
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    void emergencyCopiesAreTrimmed_data() {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("after");
+        QTest::newRow("9 become 8") << 9 << 8;
+        QTest::newRow("8 become 9") << 8 << 9;
+    }
+    void emergencyCopiesAreTrimmed() {
+        QFETCH(int, before);
+        QFETCH(int, after);
+        TempHome home;
+        writeStoreFile(1);
+        for (int i = 0; i < before; ++i)
+            home.write(QString(".local/share/net.lunvale.ZOR-Palette/EmergencyPreserveStateBU/2301%1_1200PreserveStateBU.txt")
+                           .arg(i + 10),
+                       "old");
+        Program program;
+        program.start();
+        program.quit(); // first palette loaded, window placed anew: the geometry changed, so it saves
+        const QStringList copies = emergencyCopies(home);
+        QCOMPARE(copies.size(), after);
+        QCOMPARE(copies.last(), QString("260508_2314PreserveStateBU.txt"));
+        if (before == 9) QCOMPARE(copies.first(), QString("230112_1200PreserveStateBU.txt"));
+    }
+};
+
+QTEST_MAIN(StoreTest)
+#include "tst_store.moc"
