@@ -1,0 +1,24 @@
+#pragma once
+#include "help/WindowFit.h"
+
+#include <QDialog>
+
+class QLabel;
+
+// The report of an unexpected failure. It does not block: the program goes on while it stands,
+// and several may stand at once.
+class winReportError : public QDialog {
+    Q_OBJECT
+
+public:
+    // Shows itself at once unless `show` is false.
+    explicit winReportError(const QString& report, bool show = true);
+
+    QLabel* labMessage;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    WindowFit::Anchors anchors{{424, 200}};
+};
