@@ -57,7 +57,7 @@ bool Reader::nextElement() {
     return true;
 }
 
-bool Reader::nextKey(std::string& key) {
+bool Reader::nextKey(std::string_view& key) {
     char c = peek();
     if (c == '}') {
         ++pos;
@@ -70,7 +70,8 @@ bool Reader::nextKey(std::string& key) {
     }
     firstInContainer = false;
     if (c != '"') fail("expected a key");
-    parseString(key);
+    key = stringView();
+    if (key.data() == scratch.data()) key = keyScratch = scratch; // keep it apart from the value's
     expect(':');
     return true;
 }
@@ -153,10 +154,23 @@ void Reader::parseString(std::string& out) {
     }
 }
 
+std::string_view Reader::stringView() {
+    // Most strings hold no escape: their bytes are used where they stand.
+    const size_t start = pos + 1;
+    size_t end = start;
+    while (end < text.size() && text[end] != '"' && text[end] != '\\' && uint8_t(text[end]) >= 0x20) ++end;
+    if (end < text.size() && text[end] == '"') {
+        pos = end + 1;
+        return text.substr(start, end - start);
+    }
+    parseString(scratch);
+    return scratch;
+}
+
 QString Reader::readString() {
     if (peek() != '"') fail("expected a string");
-    parseString(scratch);
-    return QString::fromUtf8(scratch.data(), qsizetype(scratch.size()));
+    const std::string_view bytes = stringView();
+    return bytes.empty() ? QString() : QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
 }
 
 void Reader::skipNumber() {
@@ -212,7 +226,7 @@ void Reader::skipValue() {
         parseString(scratch);
     } else if (c == '{') {
         beginObject();
-        std::string key;
+        std::string_view key;
         while (nextKey(key)) skipValue();
     } else if (c == '[') {
         beginArray();
@@ -233,54 +247,54 @@ void Reader::expectEnd() {
 
 void Writer::open(char c) {
     separate();
-    out += c;
+    out += QLatin1Char(c);
     needComma = false;
 }
 
 void Writer::separate() {
-    if (needComma) out += ',';
+    if (needComma) out += QLatin1Char(',');
     needComma = true;
 }
 
-void Writer::key(std::string_view name) {
+void Writer::key(QLatin1StringView name) {
     separate();
-    out += '"';
-    out.append(name);
-    out += "\":";
+    out += QLatin1Char('"');
+    out += name;
+    out += QLatin1StringView("\":");
     needComma = false;
 }
 
-void Writer::escaped(std::string_view utf8) {
+void Writer::escaped(char16_t c) {
     static const char* hex = "0123456789abcdef";
-    out += '"';
-    size_t run = 0;
-    for (size_t i = 0; i < utf8.size(); ++i) {
-        const auto c = uint8_t(utf8[i]);
-        if (c >= 0x20 && c != '"' && c != '\\') continue;
-        out.append(utf8.substr(run, i - run));
-        run = i + 1;
-        switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        case '\b': out += "\\b"; break;
-        case '\f': out += "\\f"; break;
-        default:
-            out += "\\u00";
-            out += hex[c >> 4];
-            out += hex[c & 0xF];
-        }
+    switch (c) {
+    case '"': out += QLatin1StringView("\\\""); break;
+    case '\\': out += QLatin1StringView("\\\\"); break;
+    case '\n': out += QLatin1StringView("\\n"); break;
+    case '\r': out += QLatin1StringView("\\r"); break;
+    case '\t': out += QLatin1StringView("\\t"); break;
+    case '\b': out += QLatin1StringView("\\b"); break;
+    case '\f': out += QLatin1StringView("\\f"); break;
+    default:
+        out += QLatin1StringView("\\u00");
+        out += QLatin1Char(hex[(c >> 4) & 0xF]);
+        out += QLatin1Char(hex[c & 0xF]);
     }
-    out.append(utf8.substr(run));
-    out += '"';
 }
 
 void Writer::value(const QString& text) {
     separate();
-    const QByteArray utf8 = text.toUtf8();
-    escaped(std::string_view(utf8.constData(), size_t(utf8.size())));
+    out += QLatin1Char('"');
+    const QChar* run = text.constData();
+    const QChar* const end = run + text.size();
+    for (const QChar* c = run; c < end; ++c) {
+        const char16_t u = c->unicode();
+        if (u >= 0x20 && u != '"' && u != '\\') continue;
+        out.append(run, c - run);
+        escaped(u);
+        run = c + 1;
+    }
+    out.append(run, end - run);
+    out += QLatin1Char('"');
 }
 
 void Writer::value(qint64 number) {
@@ -288,12 +302,12 @@ void Writer::value(qint64 number) {
     char buffer[24];
     const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, number);
     (void)error;
-    out.append(buffer, end);
+    out += QLatin1StringView(buffer, end - buffer);
 }
 
 void Writer::value(bool flag) {
     separate();
-    out += flag ? "true" : "false";
+    out += flag ? QLatin1StringView("true") : QLatin1StringView("false");
 }
 
 } // namespace JsonText

@@ -17,7 +17,7 @@ public:
     void beginArray();
     bool nextElement(); // true when another element follows; consumes the closing bracket
     void beginObject();
-    bool nextKey(std::string& key); // false at the closing brace
+    bool nextKey(std::string_view& key); // false at the closing brace; valid until the next read
 
     QString readString();
     qint64 readInteger(); // a number; fractions are cut
@@ -31,34 +31,38 @@ private:
     void skipSpace();
     void expect(char c);
     void parseString(std::string& out);
+    std::string_view stringView(); // the string's bytes, unescaped only where it must be
     void skipNumber();
 
     std::string_view text;
     size_t pos = 0;
     bool firstInContainer = false;
     std::string scratch;
+    std::string keyScratch;
 };
 
+// Writes UTF-16 text straight into a QString: the caller wants a string, and the values are
+// QStrings already, so runs of plain characters are copied whole.
 class Writer {
 public:
-    explicit Writer(size_t expectedSize = 0) { out.reserve(expectedSize); }
+    explicit Writer(qsizetype expectedSize = 0) { out.reserve(expectedSize); }
     void beginArray() { open('['); }
-    void endArray() { out += ']'; }
+    void endArray() { out += QLatin1Char(']'); }
     void beginObject() { open('{'); }
-    void endObject() { out += '}'; }
-    void key(std::string_view name);
+    void endObject() { out += QLatin1Char('}'); }
+    void key(QLatin1StringView name);
     void value(const QString& text);
     void value(qint64 number);
     void value(bool flag);
     void value(int number) { value(qint64(number)); }
-    template <class V> void member(std::string_view name, const V& v) { key(name), value(v); }
-    const std::string& text() const { return out; }
+    template <class V> void member(const char* name, const V& v) { key(QLatin1StringView(name)), value(v); }
+    QString take() { return std::move(out); }
 
 private:
     void open(char c);
     void separate();
-    void escaped(std::string_view utf8);
-    std::string out;
+    void escaped(char16_t c); // a quote, backslash or control character
+    QString out;
     bool needComma = false;
 };
 

@@ -60,7 +60,7 @@ constexpr unsigned kObligatoryButtonKeys = kSID | kShortcut | kTip | kInfo | kSh
     throw JSONException(QStringLiteral("The key %1 is missing from the data.").arg(QLatin1String(key)));
 }
 
-void readButton(JsonText::Reader& r, Btn& b, std::string& key, bool tellAbsentKeys) {
+void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
     unsigned seen = 0;
     r.beginObject();
     while (r.nextKey(key)) {
@@ -100,7 +100,7 @@ void readButton(JsonText::Reader& r, Btn& b, std::string& key, bool tellAbsentKe
     b.ID = b.Row * 10 + b.Col;
 }
 
-void readPalette(JsonText::Reader& r, PaletteDict& p, std::string& key, bool tellAbsentKeys) {
+void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, bool tellAbsentKeys) {
     unsigned seen = 0;
     bool particulars = false;
     p.s_Particulars.clear();
@@ -129,7 +129,7 @@ QString ZOR::DataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataF
 
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
-        JsonText::Writer w(DP.size() * 101 * 200 + 256);
+        JsonText::Writer w(qsizetype(DP.size()) * 101 * 280 + 256);
         const QRect rect = View() ? View()->WindowRect()
                                   : QRect(int(initialWinLeft), int(initialWinTop), int(initialWinWidth),
                                           int(initialWinHeight));
@@ -148,7 +148,7 @@ QString ZOR::JSON_CreateData() {
             writePalette(w, slot);
         }
         w.endArray();
-        QString text = QString::fromUtf8(w.text().data(), qsizetype(w.text().size()));
+        QString text = w.take();
         if (text.size() < 20) Dialogs::message("Somehow no data to save to PreserveState at the end. Some bug.");
         return text;
     });
@@ -162,7 +162,7 @@ bool ZOR::JSON_ParseData(const QString& text) {
 bool ZOR::JSON_ParseData(std::string_view utf8) {
     return Guard::run(where("JSON_ParseData"), [utf8] {
         JsonText::Reader r(utf8);
-        std::string key;
+        std::string_view key;
         qint64 lastPaletteIndex = -1;
         qint64 currentPalette = 0;
         bool haveLast = false, haveCurrent = false;

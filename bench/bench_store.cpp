@@ -1,0 +1,91 @@
+// Load and save of a full store of 100 palettes (10,101 objects), side by side with Python's
+// json module on the same file in the same run. Prints medians and ratios.
+#include "store/ZOR.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+constexpr int kRuns = 31;
+
+double median(std::vector<double> v) {
+    std::sort(v.begin(), v.end());
+    return v[v.size() / 2];
+}
+
+void buildFullStore() {
+    ZOR::ResetStore();
+    ZOR::MakeAlphabetShortcuts();
+    ZOR::CreateFirstPalette();
+    for (int p = 1; p < 100; ++p) {
+        ZOR::DP.emplace_back();
+        ZOR::DefaultValuesPalette(p);
+    }
+    for (auto& slot : ZOR::DP)
+        for (auto& b : *slot.a_Btn) {
+            b->Tip = QStringLiteral("Opens the project folder %1 in the Finder").arg(b->ID);
+            b->Info = QStringLiteral("Runs the macro for button %1.\nSecond line of notes — “quoted”.").arg(b->sID);
+            b->KM_Active = true;
+        }
+    ZOR::idxCP = 3;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    buildFullStore();
+    QTemporaryDir dir;
+    const QString path = dir.filePath("PreserveState.txt");
+    const QByteArray bytes = ZOR::JSON_CreateData().toUtf8();
+    {
+        QFile f(path);
+        if (!f.open(QIODevice::WriteOnly)) return 1;
+        f.write(bytes);
+    }
+
+    std::vector<double> load, save;
+    for (int i = 0; i < kRuns; ++i) {
+        ZOR::DP.clear();
+        QElapsedTimer t;
+        t.start();
+        ZOR::JSON_ParseData(std::string_view(bytes.constData(), size_t(bytes.size())));
+        load.push_back(double(t.nsecsElapsed()) / 1e6);
+        t.restart();
+        const QString text = ZOR::JSON_CreateData();
+        save.push_back(double(t.nsecsElapsed()) / 1e6);
+        if (text.size() < 20) return 1;
+    }
+
+    const char* python = R"(
+import json, statistics, sys, time
+text = open(sys.argv[1], encoding='utf-8').read()
+loads, dumps = [], []
+for _ in range(int(sys.argv[2])):
+    t = time.perf_counter(); data = json.loads(text); loads.append(time.perf_counter() - t)
+    t = time.perf_counter(); json.dumps(data); dumps.append(time.perf_counter() - t)
+print(statistics.median(loads) * 1000, statistics.median(dumps) * 1000)
+)";
+    QProcess py;
+    py.start("python3", {"-c", python, path, QString::number(kRuns)});
+    py.waitForFinished(120000);
+    const QStringList figures = QString::fromUtf8(py.readAllStandardOutput()).split(' ', Qt::SkipEmptyParts);
+
+    const double ourLoad = median(load), ourSave = median(save);
+    std::printf("store: %zu palettes, %lld bytes, %d runs, medians\n", ZOR::DP.size(), qlonglong(bytes.size()), kRuns);
+    std::printf("  ZOR::JSON_ParseData  %8.2f ms\n", ourLoad);
+    std::printf("  ZOR::JSON_CreateData %8.2f ms\n", ourSave);
+    if (figures.size() == 2) {
+        const double pyLoad = figures[0].toDouble(), pySave = figures[1].toDouble();
+        std::printf("  python json.loads    %8.2f ms   (ours is %.1fx faster)\n", pyLoad, pyLoad / ourLoad);
+        std::printf("  python json.dumps    %8.2f ms   (ours is %.1fx faster)\n", pySave, pySave / ourSave);
+    } else {
+        std::printf("  python3 not available: no reference figures\n");
+    }
+    return 0;
+}
