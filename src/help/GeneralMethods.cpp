@@ -83,9 +83,15 @@ void GeneralMethods::ShowTimed(QString message, QString title, bool edge, int se
     });
 }
 
+namespace {
+std::optional<int> osMajor; // asked once per run
+} // namespace
+
+void GeneralMethods::ForgetVersionOS_Major() { osMajor.reset(); }
+
 int GeneralMethods::VersionOS_Major() {
     return Guard::run(Where::module("GeneralMethods", "VersionOS_Major"), [] {
-        static std::optional<int> major;
+        std::optional<int>& major = osMajor;
         if (!major) {
             const auto result =
                 PlatformTools::run(QStringLiteral("sw_vers"), {QStringLiteral("-productVersion")});

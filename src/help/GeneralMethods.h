@@ -21,6 +21,7 @@ void ShowTimed(QString message, QString title, bool edge, int seconds);
 
 // The major version of macOS; 0 where it cannot be told. Asked once per run.
 int VersionOS_Major();
+void ForgetVersionOS_Major(); // the next call asks the system again
 
 } // namespace GeneralMethods
 

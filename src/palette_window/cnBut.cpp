@@ -33,5 +33,5 @@ void cnBut::mousePressEvent(QMouseEvent* event) {
 
 void cnBut::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    window->cnBut_MouseUp(index);
+    window->cnBut_MouseUp(index, event->modifiers());
 }

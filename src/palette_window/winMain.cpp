@@ -1,7 +1,11 @@
 #include "palette_window/winMain.h"
 
+#include "actions/Launchers.h"
+#include "help/GeneralMethods.h"
+#include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
 #include "store/ZOR.h"
+#include "util/Dialogs.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
 #include "util/Guard.h"
@@ -12,6 +16,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QLabel>
@@ -22,7 +27,14 @@
 namespace {
 Guard::Where windowEvent(const char* event) { return Guard::Where::windowEvent("winMain", event); }
 Guard::Where windowMethod(const char* method) { return Guard::Where::windowMethod("winMain", method); }
-Guard::Where canvasEvent(const char* event) { return Guard::Where::controlEvent("winMain", "cnBut", event); }
+Guard::Where canvasEvent(const char* event) { return Guard::Where::controlEvent("winMain", "cnBut Set", event); }
+Guard::Where menuHandler(const QString& item) {
+    return Guard::Where::windowMethod("winMain", "_" + item + "_Action");
+}
+
+const QString kNoActionText = QStringLiteral(
+    "This button is not active. To change this, edit it in Grid Construct so either Keyboard Maestro is checked or "
+    "AppleScript or Shortcut or Palette Change has been specified.");
 
 const QColor kBarYellow(0xFE, 0xFF, 0x96);
 const QColor kShortcutOrange(0xDC, 0x6E, 0x00);
@@ -63,14 +75,14 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     tiMinimize->setSingleShot(true);
     tiMinimize->setInterval(1000);
 
-    // Cmd+Q on the Mac, Ctrl+Q elsewhere: the quit passes through the closing step.
-    auto* quit = new QAction("Quit", this);
-    quit->setObjectName("miQuit");
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quit->setShortcutContext(Qt::ApplicationShortcut);
-    quit->setMenuRole(QAction::QuitRole);
-    connect(quit, &QAction::triggered, this, &QWidget::close);
-    addAction(quit);
+    connect(tiMinimize, &QTimer::timeout, this, &winMain::tiMinimize_Action);
+    labSeeNum->installEventFilter(this);
+
+    mainMenuBar = new MainMenuBar(this);
+    setMenuBar(mainMenuBar);
+    // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
+    addAction(mainMenuBar->FileQuit);
+    AddMenuHandlers();
 
     ZOR::RegisterView(this);
 }
@@ -98,13 +110,13 @@ void winMain::Event_Opening() {
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
         }
         SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
+        Event_MenuBarSelected();
     });
 }
 
 int winMain::menuBarOffset() const {
     // Where the menu bar sits in the window (Linux), the grid and its bar stand below it.
-    const QMenuBar* bar = findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly);
-    return bar && !bar->isNativeMenuBar() && !bar->actions().isEmpty() ? bar->sizeHint().height() : 0;
+    return mainMenuBar && !mainMenuBar->isNativeMenuBar() ? mainMenuBar->sizeHint().height() : 0;
 }
 
 void winMain::SizeToGrid(int width, int height) {
@@ -189,8 +201,158 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
 
 void winMain::cnBut_MouseEnter(int) {}
 void winMain::cnBut_MouseExit(int) {}
-void winMain::cnBut_MouseDown(int) {}
-void winMain::cnBut_MouseUp(int) {}
+
+// Claiming the press is what brings the release to this canvas, wherever it happens.
+bool winMain::cnBut_MouseDown(int) { return true; }
+
+void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
+    Guard::run(canvasEvent("MouseUp"), [&] {
+        if (size_t(index) >= ZOR::aBtn->size()) return;
+        if (modifiers & Qt::AltModifier) { // the Option key
+            ShowButtonInformation(index);
+            return;
+        }
+        const Btn& b = *(*ZOR::aBtn)[size_t(index)];
+        if (b.ASfile.isEmpty() && b.SCname.isEmpty() && b.PaletteGo.isEmpty() && !b.KM_Active) {
+            GeneralMethods::ShowTimed(kNoActionText, "No Action for Button", true, 12);
+            return;
+        }
+        FireChain(index);
+        // Read after the action: a palette switch takes the delay from the new palette's button.
+        const qint64 delay = size_t(index) < ZOR::aBtn->size() ? (*ZOR::aBtn)[size_t(index)]->AutoMin * 1000 : 0;
+        if (delay != 0) {
+            tiMinimize->setInterval(int(delay));
+            tiMinimize->start();
+        }
+    });
+}
+
+void winMain::FireChain(int index) {
+    const Btn b = *(*ZOR::aBtn)[size_t(index)]; // a copy: a palette switch replaces the array
+    if (!b.ASfile.isEmpty()) {
+        ZOR::FireAS(ZOR::rsWithWithoutScpt(b.ASfile, true));
+    } else if (!b.SCname.isEmpty()) {
+        if (GeneralMethods::VersionOS_Major() < 12)
+            Dialogs::message("You need a more recent operating system to deal with Shortcuts");
+        else
+            ZOR::FireSC(b.SCname);
+    } else if (!b.PaletteGo.isEmpty()) {
+        bool ok = false;
+        const qint64 target = b.PaletteGo.trimmed().toLongLong(&ok);
+        ZOR::ChangeToPalette(ok ? target : -1);
+    } else if (ZOR::KeyboardMaestroEngineRuns()) {
+        ZOR::FireKM(ZOR::paleName, QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+    } else {
+        Dialogs::message("Is Keyboard Maestro Engine running?. I cannot see that it is.");
+    }
+}
+
+void winMain::ShowButtonInformation(int index) {
+    const Btn& b = *(*ZOR::aBtn)[size_t(index)];
+    QString text;
+    for (const QString* candidate : {&b.Info, &b.Tip, &b.SCname, &b.ASfile})
+        if (!candidate->isEmpty()) {
+            text = *candidate;
+            break;
+        }
+    if (text.isEmpty()) {
+        Dialogs::message("No Additional Information about this button.");
+        return;
+    }
+    ZOR::idxCurrentBtn = index;
+    AppGlobals::sGlobalMessage = text;
+    GeneralMethods::ShowText(text, "Button Information");
+}
+
+void winMain::tiMinimize_Action() {
+    Guard::run(Guard::Where::controlEvent("winMain", "tiMinimize", "Action"), [this] { showMinimized(); });
+}
+
+// labSeeNum: a click reloads the pictures, to pick up files placed in the folder from outside.
+bool winMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == labSeeNum && event->type() == QEvent::MouseButtonPress) return true;
+    if (watched == labSeeNum && event->type() == QEvent::MouseButtonRelease) {
+        labSeeNum_MouseUp();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void winMain::labSeeNum_MouseUp() {
+    Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"), [this] {
+        EraseAllPictures();
+        RedrawGrid();
+    });
+}
+
+void winMain::keyPressEvent(QKeyEvent* event) {
+    // Keys with Command (or Control) belong to the menus.
+    const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier));
+    if (plain && !event->text().isEmpty() && Event_KeyDown(event->text())) return;
+    QMainWindow::keyPressEvent(event);
+}
+
+bool winMain::Event_KeyDown(const QString& key) {
+    return Guard::run(windowEvent("KeyDown"), [&] {
+        if (!ZOR::aAlphabetShortcut.contains(key)) {
+            Dialogs::beep();
+            return true;
+        }
+        const QString sID = ZOR::sID_FromShortcut(key);
+        if (sID.size() != 2) {
+            Dialogs::beep();
+            return true;
+        }
+        const int row = sID[0].digitValue(), column = sID[1].digitValue();
+        const int index = sID.toInt();
+        if (row > ZOR::numRows - 1 || column > ZOR::numColumns - 1 || !cnButs[size_t(index)]->isVisible()) {
+            Dialogs::beep();
+            return true;
+        }
+        FirePalette({ZOR::paleName, sID});
+        return true;
+    });
+}
+
+void winMain::AddMenuHandlers() {
+    MainMenuBar* bar = mainMenuBar;
+    connect(bar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
+    connect(bar->FileQuit, &QAction::triggered, this, &QWidget::close);
+    for (int k = 0; k < 10; ++k)
+        connect(bar->miPalette[size_t(k)], &QAction::triggered, this, [k] {
+            Guard::run(menuHandler(QStringLiteral("miPalette%1").arg(k, 2, 10, QLatin1Char('0'))),
+                       [k] { ZOR::ChangeToPalette(k); });
+        });
+    // Windows that are still to come answer politely until they are there.
+    for (QAction* later : {bar->miSwitchPalette, bar->miConstruct, bar->miButPic, bar->miManageAS, bar->miNewPalette,
+                           bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteParticulars,
+                           bar->miProgramOverview, bar->miPaletteData, bar->miPreserveStateBU, bar->miHelpAbout})
+        connect(later, &QAction::triggered, this, [this, later] { NotAvailableYet(later->text()); });
+}
+
+void winMain::NotAvailableYet(const QString& what) {
+    Dialogs::message(QString(what).remove('&').remove(QChar(0x2026)) + " is not available yet.");
+}
+
+void winMain::Event_MenuBarSelected() {
+    Guard::run(windowEvent("MenuBarSelected"), [this] {
+        const qint64 last = qint64(ZOR::DP.size()) - 1;
+        auto& items = mainMenuBar->miPalette;
+        items[0]->setEnabled(true);
+        for (qint64 k = 1; k <= 9; ++k) items[size_t(k)]->setEnabled(k <= last);
+        const qint64 top = std::min<qint64>(last, 9);
+        for (qint64 k = 1; k <= top; ++k)
+            if (ZOR::DP[size_t(k)].s_Alias == kNoShortcut) items[size_t(k)]->setEnabled(false);
+        if (ZOR::idxCP >= 0 && ZOR::idxCP <= 9) items[size_t(ZOR::idxCP)]->setEnabled(false);
+        for (qint64 k = 0; k <= top; ++k) {
+            const PaletteDict& slot = ZOR::DP[size_t(k)];
+            if (slot.s_Alias != kNoShortcut) items[size_t(k)]->setText(slot.s_Name + "     " + slot.s_Alias);
+        }
+        const bool particulars = ZOR::idxCP >= 0 && size_t(ZOR::idxCP) < ZOR::DP.size() &&
+                                 !ZOR::DP[size_t(ZOR::idxCP)].s_Particulars.isEmpty();
+        mainMenuBar->miPaletteParticulars->setEnabled(particulars);
+    });
+}
 
 bool winMain::Event_Closing() {
     return Guard::run(windowEvent("Closing"), [this] {

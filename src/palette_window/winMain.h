@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <array>
 
+class MainMenuBar;
 class cnBut;
 class QLabel;
 class QTimer;
@@ -35,8 +36,14 @@ public:
     void cnBut_Paint(cnBut& canvas, QPainter& g);
     void cnBut_MouseEnter(int index);
     void cnBut_MouseExit(int index);
-    void cnBut_MouseDown(int index);
-    void cnBut_MouseUp(int index);
+    bool cnBut_MouseDown(int index);
+    void cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers);
+    void tiMinimize_Action();
+    void labSeeNum_MouseUp();
+
+    bool Event_KeyDown(const QString& key);
+    void Event_MenuBarSelected();
+    void AddMenuHandlers();
 
     QList<int> hasPicture;
     const QPixmap BlankPic; // never assigned: stands for no picture
@@ -47,13 +54,18 @@ public:
     QLabel* labSeeSC = nullptr;
     QLabel* labSeeNum = nullptr;
     QTimer* tiMinimize = nullptr;
+    MainMenuBar* mainMenuBar = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void SizeToGrid(int width, int height);
-    void SaveStore();
+    void FireChain(int index);
+    void ShowButtonInformation(int index);
+    void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
     QWidget* palette = nullptr;
     bool closing = false;

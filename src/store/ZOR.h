@@ -56,6 +56,12 @@ void BreakBtnLinkToDP();
 BtnArray NewButtonArray(); // 100 default buttons, as a new palette has them
 void ResetStore();         // every property back to its value at program load
 
+// the life of a palette
+void CreateNewPalette(const QString& alias);
+void ChangeToPalette(qint64 index);
+qint64 IndexFromAlias(const QString& alias);
+bool IsPaletteExistant(qint64 index);
+
 // the window that follows the store
 void RegisterView(PaletteView* view);
 PaletteView* View();

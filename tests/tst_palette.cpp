@@ -1,0 +1,358 @@
+// The palette window at work: painting, clicks, keys, menus and palette switching.
+#include "common/FakeTools.h"
+#include "common/Program.h"
+#include "common/ScriptedDialogs.h"
+#include "common/TempHome.h"
+#include "help/GeneralMethods.h"
+#include "palette_window/MainMenuBar.h"
+#include "palette_window/cnBut.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+
+#include <QDir>
+#include <QImage>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
+const QString kEditorEngine = "running:com.stairways.keyboardmaestro.editor.engine";
+
+Btn& button(int index) { return *(*ZOR::aBtn)[size_t(index)]; }
+
+void savePicture(const TempHome& home, const QString& palette, const QString& name, QColor colour) {
+    QImage picture(64, 64, QImage::Format_RGB32);
+    picture.fill(colour);
+    const QString folder = home.programFolder() + "/ButtonPictures/" + palette;
+    QDir().mkpath(folder);
+    picture.save(folder + '/' + name, "PNG");
+}
+
+// The tools' log without the bundle checks, which every Keyboard Maestro click makes.
+QStringList launches(const FakeTools& tools) {
+    QStringList out;
+    for (const QString& line : tools.log())
+        if (!line.contains(" is running")) out << line;
+    return out;
+}
+} // namespace
+
+class PaletteTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TempHome> home;
+    std::unique_ptr<FakeTools> tools;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<Program> program;
+    QString resources;
+
+    winMain& startWith(int palettes, int rows = 10, int columns = 10) {
+        writeStoreFile(palettes, rows, columns);
+        return program->start();
+    }
+    void click(int index, Qt::KeyboardModifiers modifiers = {}) {
+        cnBut* canvas = program->window()->cnButs[size_t(index)];
+        QTest::mouseClick(canvas, Qt::LeftButton, modifiers, QPoint(10, 10));
+    }
+
+private slots:
+    void init() {
+        home = std::make_unique<TempHome>();
+        tools = std::make_unique<FakeTools>();
+        dialogs = std::make_unique<ScriptedDialogs>();
+        program = std::make_unique<Program>();
+        resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
+        GeneralMethods::ForgetVersionOS_Major();
+    }
+    void cleanup() {
+        program.reset();
+        dialogs.reset();
+        tools.reset();
+        home.reset();
+    }
+
+    void windowFollowsTheGrid_data() {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("1 x 1 is the smallest") << 1 << 1 << QSize(64, 94);
+        QTest::newRow("3 x 4") << 3 << 4 << QSize(256, 222);
+        QTest::newRow("10 x 10 is the largest") << 10 << 10 << QSize(640, 670);
+        QTest::newRow("no rows still shows the bar") << 0 << 4 << QSize(256, 94);
+    }
+    void windowFollowsTheGrid() {
+        QFETCH(int, rows);
+        QFETCH(int, columns);
+        QFETCH(QSize, size);
+        winMain& w = startWith(1, rows, columns);
+        QCOMPARE(w.centralWidget()->size(), size);
+        QCOMPARE(w.labTip->y(), std::min(rows * 64, size.height() - 30));
+        QCOMPARE(w.labTip->text(), QString("Original"));
+        QCOMPARE(w.labSeeNum->text(), QString("P00"));
+    }
+
+    void picturesByTheirLeadingDigits() {
+        savePicture(*home, "P00", "07a.png", Qt::red);
+        savePicture(*home, "P00", "07b.png", Qt::blue);
+        savePicture(*home, "P00", "x7.png", Qt::green);
+        savePicture(*home, "P00", "99 far out.png", Qt::green);
+        winMain& w = startWith(1, 3, 3);
+        QCOMPARE(w.hasPicture, QList<int>({7, 7, 99}));
+        QCOMPARE(w.cnButs[7]->grab().toImage().pixelColor(32, 32), QColor(Qt::blue));
+        QVERIFY(w.cnButs[8]->Backdrop().isNull());
+
+        // A picture placed from outside appears when the palette name is clicked.
+        savePicture(*home, "P00", "08.png", Qt::red);
+        QTest::mouseClick(w.labSeeNum, Qt::LeftButton);
+        QCOMPARE(w.cnButs[8]->grab().toImage().pixelColor(32, 32), QColor(Qt::red));
+        QVERIFY(dialogs->texts().isEmpty());
+    }
+
+    void hiddenButtonsAndShortcutCorner() {
+        writeStoreFile(1, 3, 3);
+        program->start();
+        winMain& w = *program->window();
+        button(4).Vis = false;
+        button(5).ShortcutShow = true;
+        button(6).ShortcutShow = true;
+        button(6).Shortcut = kNoShortcut;
+        w.RedrawGrid();
+        QVERIFY(!w.cnButs[4]->isVisible());
+        QVERIFY(w.cnButs[5]->isVisible());
+        const QImage withLetter = w.cnButs[5]->grab().toImage();
+        const QImage noLetter = w.cnButs[6]->grab().toImage();
+        QCOMPARE(withLetter.pixelColor(52, 52).lightness() > noLetter.pixelColor(52, 52).lightness(), true);
+        QCOMPARE(noLetter.pixelColor(58, 58), noLetter.pixelColor(2, 2)); // no pale square without a letter
+    }
+
+    void clickRunsTheFirstKindThatHolds_data() {
+        QTest::addColumn<QString>("ASfile");
+        QTest::addColumn<QString>("SCname");
+        QTest::addColumn<QString>("PaletteGo");
+        QTest::addColumn<bool>("KM");
+        QTest::addColumn<QString>("engine");
+        QTest::addColumn<QStringList>("expected");
+        const QString scripts = "osascript\t%1/%2.scpt";
+        QTest::newRow("AppleScript before Keyboard Maestro")
+            << "Mail.txt" << "" << "" << true << kEngine
+            << QStringList{(scripts + "\tMail.scpt").arg(resources, "FireAppleScript")};
+        QTest::newRow("Keyboard Maestro") << "" << "" << "" << true << kEngine
+                                          << QStringList{(scripts + "\tP00\t07").arg(resources, "FirePalette")};
+        QTest::newRow("only the editor's engine runs") << "" << "" << "" << true << kEditorEngine
+                                                      << QStringList{(scripts + "\tP00\t07").arg(resources, "FirePalette")};
+        QTest::newRow("no engine runs") << "" << "" << "" << true << "" << QStringList{};
+        QTest::newRow("Shortcut on a system too old") << "" << "My Day" << "1" << true << kEngine << QStringList{};
+        QTest::newRow("palette switch before Keyboard Maestro") << "" << "" << "1" << true << kEngine << QStringList{};
+    }
+    void clickRunsTheFirstKindThatHolds() {
+        QFETCH(QString, ASfile);
+        QFETCH(QString, SCname);
+        QFETCH(QString, PaletteGo);
+        QFETCH(bool, KM);
+        QFETCH(QString, engine);
+        QFETCH(QStringList, expected);
+        startWith(2);
+        if (!engine.isEmpty()) tools->setAnswer(engine, "true");
+        Btn& b = button(7);
+        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.KM_Active = KM;
+        click(7);
+        QTRY_COMPARE(launches(*tools), expected);
+        QStringList messages;
+        if (!SCname.isEmpty()) messages << "You need a more recent operating system to deal with Shortcuts";
+        if (KM && engine.isEmpty()) messages << "Is Keyboard Maestro Engine running?. I cannot see that it is.";
+        QCOMPARE(dialogs->texts(), messages);
+        QCOMPARE(ZOR::idxCP, qint64(PaletteGo.isEmpty() || !SCname.isEmpty() ? 0 : 1));
+    }
+
+    void shortcutOnARecentSystem() {
+        tools->setAnswer("sw_vers", "14.5\n");
+        tools->setAnswer("shortcuts", "Mail\nMy Day ✓\n");
+        startWith(1);
+        button(3).SCname = "My Day ✓";
+        click(3);
+        QCOMPARE(launches(*tools),
+                 QStringList({"sw_vers\t-productVersion", "shortcuts\tlist",
+                              "open\tshortcuts://run-shortcut?name=My%20Day%20%E2%9C%93"}));
+    }
+
+    void buttonWithNoActionSaysSo() {
+        startWith(1);
+        button(2).AutoMin = 10;
+        button(2).Tip = "a tip";
+        click(2);
+        QCOMPARE(dialogs->requests.size(), 1);
+        QCOMPARE(dialogs->requests[0].kind, Dialogs::Kind::ShowTimed);
+        QCOMPARE(dialogs->requests[0].title, QString("No Action for Button"));
+        QVERIFY(dialogs->requests[0].text.startsWith("This button is not active. To change this, edit it in Grid"));
+        QVERIFY(!program->window()->tiMinimize->isActive());
+    }
+
+    void autoMinimiseReadsTheButtonAfterTheAction() {
+        startWith(2);
+        tools->setAnswer(kEngine, "true");
+        winMain& w = *program->window();
+        button(1).KM_Active = true;
+        button(1).AutoMin = 2;
+        click(1);
+        QVERIFY(w.tiMinimize->isActive());
+        QCOMPARE(w.tiMinimize->interval(), 2000);
+        QVERIFY(w.tiMinimize->isSingleShot());
+        w.tiMinimize->stop();
+
+        // A switch takes the delay from the same button of the palette it lands on.
+        ZOR::DP[1].a_Btn->at(5)->AutoMin = 0;
+        button(5).PaletteGo = "1";
+        button(5).AutoMin = 10;
+        click(5);
+        QCOMPARE(ZOR::idxCP, qint64(1));
+        QVERIFY(!w.tiMinimize->isActive());
+        button(6).PaletteGo = "0";
+        ZOR::DP[0].a_Btn->at(6)->AutoMin = 50;
+        click(6);
+        QCOMPARE(ZOR::idxCP, qint64(0));
+        QCOMPARE(w.tiMinimize->interval(), 50000);
+
+        // The engine down: the message, and the window still minimises.
+        tools->setAnswer(kEngine, "false");
+        click(1);
+        QCOMPARE(dialogs->texts().last(), QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
+        QCOMPARE(w.tiMinimize->interval(), 2000);
+        w.tiMinimize_Action();
+        QVERIFY(w.isMinimized() || w.windowState().testFlag(Qt::WindowMinimized));
+    }
+
+    void optionClickShowsInformation_data() {
+        QTest::addColumn<QString>("Info");
+        QTest::addColumn<QString>("Tip");
+        QTest::addColumn<QString>("ASfile");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("Info first") << "Line 1\nLine 2" << "tip" << "Mail" << "Line 1\nLine 2";
+        QTest::newRow("only a tip") << "" << "tip" << "" << "tip";
+        QTest::newRow("only a script") << "" << "" << "Mail.scpt" << "Mail.scpt";
+        QTest::newRow("only Keyboard Maestro") << "" << "" << "" << "";
+    }
+    void optionClickShowsInformation() {
+        QFETCH(QString, Info);
+        QFETCH(QString, Tip);
+        QFETCH(QString, ASfile);
+        QFETCH(QString, shown);
+        startWith(1);
+        Btn& b = button(9);
+        b.Info = Info, b.Tip = Tip, b.ASfile = ASfile, b.KM_Active = true, b.AutoMin = 2;
+        click(9, Qt::AltModifier);
+        QCOMPARE(dialogs->requests.size(), 1);
+        if (shown.isEmpty()) {
+            QCOMPARE(dialogs->requests[0].kind, Dialogs::Kind::Message);
+            QCOMPARE(dialogs->requests[0].text, QString("No Additional Information about this button."));
+        } else {
+            QCOMPARE(dialogs->requests[0].kind, Dialogs::Kind::ShowText);
+            QCOMPARE(dialogs->requests[0].title, QString("Button Information"));
+            QCOMPARE(dialogs->requests[0].text, shown);
+            QCOMPARE(ZOR::idxCurrentBtn, qint64(9));
+        }
+        QVERIFY(tools->log().isEmpty());
+        QVERIFY(!program->window()->tiMinimize->isActive());
+    }
+
+    void lettersFireThroughKeyboardMaestro_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("fired"); // empty: a beep
+        QTest::newRow("a is button 00") << "a" << "00";
+        QTest::newRow("A is button 26") << "A" << "26";
+        QTest::newRow("a digit") << "7" << "";
+        QTest::newRow("a letter on a row outside the grid") << "Y" << "";
+        QTest::newRow("a letter on a hidden button") << "c" << "";
+        QTest::newRow("duplicate letter: the lower index") << "d" << "03";
+        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << "e" << "04";
+        QTest::newRow("a letter on no button") << "Z" << "";
+    }
+    void lettersFireThroughKeyboardMaestro() {
+        QFETCH(QString, key);
+        QFETCH(QString, fired);
+        startWith(1, 3, 10);
+        button(2).Vis = false;
+        program->window()->RedrawGrid();
+        button(13).Shortcut = "d";
+        button(4).ASfile = "Mail.scpt";
+        button(51).Shortcut = kNoShortcut;
+        QTest::keyClicks(program->window(), key);
+        const QStringList expected =
+            fired.isEmpty() ? QStringList{} : QStringList{QString("osascript\t%1/FirePalette.scpt\tP00\t%2").arg(resources, fired)};
+        QTRY_COMPARE(tools->log(), expected);
+        QCOMPARE(dialogs->beeps(), fired.isEmpty() ? 1 : 0);
+        QCOMPARE(dialogs->texts(), QStringList{});
+    }
+
+    void paletteMenuFollowsTheStore() {
+        startWith(12);
+        winMain& w = *program->window();
+        MainMenuBar* bar = w.findChild<MainMenuBar*>();
+        QVERIFY(bar);
+        const QString freedText = bar->miPalette[1]->text();
+        QVERIFY(freedText.startsWith("P01     "));
+        ZOR::DP[1].s_Alias = kNoShortcut;
+        ZOR::DP[2].s_Alias = "Mail tools";
+        ZOR::DP[0].s_Particulars.clear();
+        ZOR::paletteContentChange = true;
+        w.Event_MenuBarSelected();
+        QVERIFY(!bar->miPalette[0]->isEnabled()); // the active one
+        QVERIFY(!bar->miPalette[1]->isEnabled()); // freed: keeps its text
+        QCOMPARE(bar->miPalette[1]->text(), freedText);
+        QVERIFY(bar->miPalette[2]->isEnabled());
+        QCOMPARE(bar->miPalette[2]->text(), QString("P02     Mail tools"));
+        QVERIFY(!bar->miPaletteParticulars->isEnabled());
+
+        ZOR::DP[11].s_Particulars = "notes";
+        ZOR::ChangeToPalette(11);
+        w.Event_MenuBarSelected();
+        QVERIFY(bar->miPalette[0]->isEnabled()); // beyond P09 nothing is disabled for being active
+        QVERIFY(bar->miPaletteParticulars->isEnabled());
+        QCOMPARE(w.windowTitle(), QString("ZOR P11"));
+        QCOMPARE(w.labSeeNum->text(), QString("P11"));
+
+        bar->miPalette[2]->trigger();
+        QCOMPARE(ZOR::idxCP, qint64(2));
+        QCOMPARE(w.labTip->text(), QString("Mail tools"));
+        QVERIFY(dialogs->texts().isEmpty());
+
+        // One palette only: every item is disabled, P00 carries its alias.
+        cleanup();
+        init();
+        startWith(1);
+        MainMenuBar* single = program->window()->findChild<MainMenuBar*>();
+        program->window()->Event_MenuBarSelected();
+        for (QAction* item : single->miPalette) QVERIFY(!item->isEnabled());
+        QCOMPARE(single->miPalette[0]->text(), QString("P00     Original"));
+        QVERIFY(!single->FileMenu->menuAction()->isVisible());
+    }
+
+    void changeAndCreatePalettes() {
+        startWith(5);
+        ZOR::DP[1].s_Alias = kNoShortcut;
+        ZOR::DP[4].s_Alias = kNoShortcut;
+        ZOR::ChangeToPalette(0);
+        ZOR::ChangeToPalette(4);
+        ZOR::ChangeToPalette(120);
+        QCOMPARE(dialogs->texts(),
+                 QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
+                              "You have asked  to change to a palette, P04, that does not exist. There is nothing to do.",
+                              "You have asked  to change to a palette, P120, that does not exist. There is nothing to do."}));
+        QCOMPARE(ZOR::IndexFromAlias("ORIGINAL"), qint64(0));
+        QCOMPARE(ZOR::IndexFromAlias("nobody"), qint64(-1));
+        ZOR::CreateNewPalette("Second");
+        QCOMPARE(ZOR::idxCP, qint64(1));
+        QCOMPARE(ZOR::paleName, QString("P01"));
+        QCOMPARE(ZOR::DP.size(), size_t(5));
+        ZOR::CreateNewPalette("Third");
+        QCOMPARE(ZOR::paleName, QString("P04"));
+        ZOR::CreateNewPalette("Fourth");
+        QCOMPARE(ZOR::paleName, QString("P05"));
+        QCOMPARE(ZOR::DP.size(), size_t(6));
+        QVERIFY(!ZOR::IsPaletteExistant(-1));
+        QVERIFY(!ZOR::IsPaletteExistant(100));
+    }
+};
+
+QTEST_MAIN(PaletteTest)
+#include "tst_palette.moc"
