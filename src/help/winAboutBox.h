@@ -1,0 +1,56 @@
+#pragma once
+#include <QDate>
+#include <QDialog>
+#include <QIcon>
+#include <QLocale>
+
+class MessageCanvas;
+class QLabel;
+class QPainter;
+class QPlainTextEdit;
+class QPushButton;
+class StaticURL;
+
+// The program's name, version, release date, purpose, credits and home page.
+class winAboutBox : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit winAboutBox(QWidget* parent = nullptr);
+
+    MessageCanvas* Icon64;
+    QPushButton* pbDone;
+    QLabel* labName;
+    QLabel* labVersion;
+    QLabel* labDescription;
+    QPlainTextEdit* taCredits;
+    QLabel* labReleaseDate;
+    QLabel* labCopyright;
+    StaticURL* suHomePage;
+
+    void Icon64_Paint(QPainter& g);
+    void pbDone_Pressed();
+    void labVersion_Opening();
+    void labDescription_Opening();
+    void taCredits_Opening();
+    void labReleaseDate_Opening();
+    void labCopyright_Opening();
+    void suHomePage_Opening();
+
+    // "Version 1.4", and the version string after a blank when there is one.
+    static QString VersionText(const QString& applicationVersion, const QString& versionString);
+    static QString DescriptionText(const QString& description);
+    static QString ReleaseDateText(const QDate& built, const QLocale& locale = QLocale());
+    // The compiler's "Mmm dd yyyy" date stamp; invalid when it cannot be read.
+    static QDate CompilerDate(const char* stamp);
+    static QDate BuildDate();
+
+    static const QString kCopyright;
+    static const QString kHomePage;
+};
+
+// The application's picture, for the windows' title bars and the dock.
+QIcon ApplicationIcon();
+
+// Builds the about window and shows it modally.
+void ShowAboutBox();
