@@ -9,6 +9,7 @@
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QLabel>
@@ -90,6 +91,9 @@ private slots:
         QCOMPARE(w.labTip->y(), std::min(rows * 64, size.height() - 30));
         QCOMPARE(w.labTip->text(), QString("Original"));
         QCOMPARE(w.labSeeNum->text(), QString("P00"));
+        // The bar is painted over the row of canvases below the grid.
+        const QImage shot = w.centralWidget()->grab().toImage();
+        QCOMPARE(shot.pixelColor(size.width() / 2 + 3, w.labTip->y() + 26), QColor(0xFE, 0xFF, 0x96));
     }
 
     void picturesByTheirLeadingDigits() {
@@ -313,6 +317,12 @@ private slots:
 
         bar->miPalette[2]->trigger();
         QCOMPARE(ZOR::idxCP, qint64(2));
+        // The keys follow the palette at once, without the menu being opened in between.
+        QApplication::setActiveWindow(&w);
+        QTest::keyClick(&w, Qt::Key_3, Qt::ControlModifier);
+        QTest::keyClick(&w, Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(ZOR::idxCP, qint64(2));
+        QCOMPARE(ZOR::DP[3].s_Alias.isEmpty(), false);
         QCOMPARE(w.labTip->text(), QString("Mail tools"));
         QVERIFY(dialogs->texts().isEmpty());
 

@@ -18,7 +18,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QFontMetricsF>
-#include <QImageReader>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
@@ -110,7 +109,6 @@ void winMain::Event_Opening() {
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
         }
         SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
-        Event_MenuBarSelected();
     });
 }
 
@@ -138,11 +136,7 @@ void winMain::RedrawGrid() {
             if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
             const int n = digits.toInt();
             hasPicture.append(n);
-            QImageReader reader(folder + '/' + name);
-            const QImage picture = reader.read();
-            if (picture.isNull())
-                throw IOException("The picture " + name + " could not be opened: " + reader.errorString());
-            cnButs[size_t(n)]->SetBackdrop(QPixmap::fromImage(picture));
+            cnButs[size_t(n)]->SetBackdrop(pictures.Load(folder + '/' + name));
         }
         const int rows = int(ZOR::numRows), columns = int(ZOR::numColumns);
         SizeToGrid(columns * kCell, rows * kCell + kBarHeight);
@@ -153,18 +147,20 @@ void winMain::RedrawGrid() {
         rectBackgroundTip->resize(palette->width(), kBarHeight);
         labTip->resize(std::max(0, palette->width() - 62), kBarHeight);
         labSeeSC->move(palette->width() - 20, barTop);
-        rectBackgroundTip->lower();
+        // The bar stands over the canvases of the row below the grid, which the window's edge cuts.
+        rectBackgroundTip->raise();
+        for (QWidget* label : {labSeeNum, labTip, labSeeSC}) label->raise();
         for (size_t i = 0; i < 100; ++i)
             cnButs[i]->setVisible(i < ZOR::aBtn->size() ? (*ZOR::aBtn)[i]->Vis : false);
+        // Cmd+0 to Cmd+9 answer without the menu being opened: keep their state with the palette.
+        Event_MenuBarSelected();
     });
 }
 
 void winMain::EraseAllPictures() {
     Guard::run(windowMethod("EraseAllPictures"), [this] {
-        for (cnBut* canvas : cnButs) {
-            canvas->SetBackdrop(BlankPic);
-            canvas->repaint();
-        }
+        // Each canvas is marked for repainting; the redraw that follows paints them in one pass.
+        for (cnBut* canvas : cnButs) canvas->SetBackdrop(BlankPic);
     });
 }
 

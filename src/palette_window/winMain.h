@@ -1,4 +1,5 @@
 #pragma once
+#include "palette_window/PictureCache.h"
 #include "store/PaletteView.h"
 
 #include <QList>
@@ -67,6 +68,7 @@ private:
     void ShowButtonInformation(int index);
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
+    PictureCache pictures;
     QWidget* palette = nullptr;
     bool closing = false;
 };

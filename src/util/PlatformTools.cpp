@@ -28,5 +28,12 @@ PlatformTools::Result PlatformTools::run(const QString& tool, const QStringList&
 
 bool PlatformTools::startDetached(const QString& tool, const QStringList& arguments) {
     const QString program = locate(tool);
-    return !program.isEmpty() && QProcess::startDetached(program, arguments);
+    if (program.isEmpty()) return false;
+    // The tool lives on after us; what it prints is not ours to show.
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
 }

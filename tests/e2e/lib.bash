@@ -44,3 +44,42 @@ cleanup() {
   rm -rf "$E2E_HOME"
 }
 trap cleanup EXIT
+
+# Fake Mac tools first on PATH; each logs its call to $E2E_TOOLS/tools.log.
+install_fake_tools() {
+  E2E_TOOLS="$E2E_HOME/tools"
+  mkdir -p "$E2E_TOOLS/answers"
+  local fake; fake="$(cd "$(dirname "${BASH_SOURCE[0]}")/../fakes" && pwd)/fake_tool"
+  for tool in osascript shortcuts open; do cp "$fake" "$E2E_TOOLS/$tool"; done
+  export PATH="$E2E_TOOLS:$PATH"
+}
+
+# A store of `palettes` palettes of 10 x 10; extra Python statements may edit `data` before it is written.
+write_store() {
+  mkdir -p "$E2E_DATA"
+  python3 - "$E2E_DATA/PreserveState.txt" "$1" "${2:-}" <<'PY'
+import json, sys
+path, palettes, edit = sys.argv[1], int(sys.argv[2]), sys.argv[3]
+letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+data = [{"LastPaletteIndex": palettes - 1, "CurrentPalette": 0, "ReuseablePalette": "",
+         "WinTop": 0, "WinLeft": 0, "WinHeight": 0, "WinWidth": 0}]
+for p in range(palettes):
+    for i in range(100):
+        data.append({"sID": "%02d" % i, "Shortcut": letters[i] if i < 52 else "\u2400", "Tip": "", "Info": "",
+                     "ShortcutShow": False, "Vis": True, "ASfile": "", "SCname": "", "AutoMin": 0,
+                     "Clipbrd": 0, "PaletteGo": "", "KM_Active": False})
+    data.append({"numRows": 10, "numColumns": 10, "paleName": "P%02d" % p, "paleAlias": "Palette %d" % p,
+                 "paleWinTitle": "ZOR P%02d" % p, "paleParticulars": ""})
+def button(p, i): return data[1 + p * 101 + i]
+exec(edit)
+open(path, "w", encoding="utf-8").write(json.dumps(data, ensure_ascii=False))
+PY
+}
+
+# Clicks the centre of button `index` of a palette window of `rows` rows.
+click_button() {
+  local index=$1 rows=$2
+  eval "$(xdotool getwindowgeometry --shell "$E2E_WIN")"
+  local bar=$((HEIGHT - rows * 64 - 30))
+  xdotool mousemove $((X + (index % 10) * 64 + 32)) $((Y + bar + (index / 10) * 64 + 32)) click 1
+}
