@@ -1,0 +1,83 @@
+#include "help/winExplainHTML.h"
+
+#include "help/HelpFit.h"
+#include "util/Dialogs.h"
+#include "util/Guard.h"
+#include "util/RtrnString.h"
+
+#include <QPushButton>
+#include <QTextBrowser>
+#include <algorithm>
+
+using Guard::Where;
+
+namespace {
+constexpr int kMinWidth = 350, kMaxWidth = 2000;
+constexpr int kMinHeight = 250, kMaxHeight = 1600;
+} // namespace
+
+winExplainHTML::winExplainHTML(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(QStringLiteral("Explanation"));
+    setModal(true);
+    resize(kMinWidth, kMinHeight);
+    setMinimumSize(kMinWidth, kMinHeight);
+    setMaximumSize(kMaxWidth, kMaxHeight);
+
+    HV_Explain = new QTextBrowser(this);
+    HV_Explain->setObjectName(QStringLiteral("HV_Explain"));
+    HV_Explain->setGeometry(20, 20, 310, 178);
+    HV_Explain->setOpenExternalLinks(true);
+    HV_Explain->setFont(QFont(QStringLiteral("Helvetica"), 14));
+    HV_Explain->setStyleSheet(QStringLiteral("QTextBrowser { color: #000000; background: #FFFFFF; }"));
+
+    pbDone = new QPushButton(QStringLiteral("Done"), this);
+    pbDone->setObjectName(QStringLiteral("pbDone"));
+    pbDone->setGeometry(250, 210, 80, 20);
+    pbDone->setDefault(true);
+
+    anchors.toAllSides(HV_Explain);
+    anchors.toLowerRight(pbDone);
+    connect(pbDone, &QPushButton::clicked, this, [this] { pbDone_Pressed(); });
+}
+
+void winExplainHTML::PrepareAndShowWindow(const QString& html, const QString& title, int width, int height) {
+    Guard::run(Where::windowMethod("winExplainHTML", "PrepareAndShowWindow"), [&] {
+        if (width == 0 || height == 0)
+            AdjustWindowSize(html, width, height);
+        else
+            resize(std::clamp(width, kMinWidth, kMaxWidth), std::clamp(height, kMinHeight, kMaxHeight));
+        PositionWindow();
+        setWindowTitle(title);
+        HV_Explain->setHtml(html);
+        Dialogs::exec(*this, {Dialogs::Kind::ExplainHTML, title, html, html, nullptr});
+    });
+}
+
+void winExplainHTML::AdjustWindowSize(const QString& html, int width, int height) {
+    Guard::run(Where::windowMethod("winExplainHTML", "AdjustWindowSize"), [&] {
+        if (width > 0 && height > 0) {
+            resize(width, height);
+            return;
+        }
+        const WindowFit::TextHeight heightAt =
+            textHeight ? textHeight : WindowFit::helveticaHeight(RtrnString::rsRawTextFromHTML(html), 14);
+        resize(HelpFit::FittedSize(heightAt, HelpFit::AvailableArea()));
+    });
+}
+
+void winExplainHTML::PositionWindow() {
+    Guard::run(Where::windowMethod("winExplainHTML", "PositionWindow"), [&] {
+        resize(std::clamp(width(), kMinWidth, kMaxWidth), height());
+        move(HelpFit::UpperRight(HelpFit::AvailableArea(), width()));
+    });
+}
+
+void winExplainHTML::pbDone_Pressed() {
+    Guard::run(Where::controlEvent("winExplainHTML", "pbDone", "Pressed").directForm(),
+               [&] { done(QDialog::Accepted); });
+}
+
+void winExplainHTML::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    anchors.apply(size());
+}
