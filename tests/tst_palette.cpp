@@ -4,6 +4,7 @@
 #include "common/ScriptedDialogs.h"
 #include "common/TempHome.h"
 #include "help/GeneralMethods.h"
+#include "help/HelpLabels.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"

@@ -1,6 +1,8 @@
 #include "app/App.h"
 
 #include "help/ErrorHandling.h"
+#include "help/Help.h"
+#include "help/winAboutBox.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
@@ -50,6 +52,7 @@ void App::Event_Opening() {
         AppGlobals::folderPathAS = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/Apple_Scripts");
         AppGlobals::folderPathButFolder = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/ButtonPictures");
         QFile::remove(AppGlobals::appSupportFolder + "/Help_ZOR_Palette.sqlite");
+        Help::FillDictionaryFromHELP_TEXT();
         QApplication::setQuitOnLastWindowClosed(true);
         ZOR::paletteContentChange = false;
         ZOR::paletteActiveChange = false;
@@ -63,6 +66,7 @@ void App::Event_Opening() {
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
+    app.setWindowIcon(ApplicationIcon());
     ErrorHandling::Install();
     app.Event_Opening();
     winMain window;

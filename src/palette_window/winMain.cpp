@@ -2,6 +2,9 @@
 
 #include "actions/Launchers.h"
 #include "help/GeneralMethods.h"
+#include "help/Help.h"
+#include "help/HelpLabels.h"
+#include "help/winAboutBox.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
 #include "store/ZOR.h"
@@ -35,12 +38,17 @@ const QString kNoActionText = QStringLiteral(
     "This button is not active. To change this, edit it in Grid Construct so either Keyboard Maestro is checked or "
     "AppleScript or Shortcut or Palette Change has been specified.");
 
-const QColor kBarYellow(0xFE, 0xFF, 0x96);
+const QColor kBarYellow(0xFE, 0xFF, 0x96);   // at rest, Keyboard Maestro, no action
+const QColor kBarBlue(0xE1, 0xFF, 0xFF);     // Shortcut
+const QColor kBarRed(0xFF, 0xB3, 0xB0);      // AppleScript
+const QColor kBarPurple(0xF0, 0xDB, 0xFF);   // palette switch
+const QColor kLetterShown(0xDC, 0x6E, 0x00); // the letter is painted on the button too
+const QColor kLetterHidden(0x79, 0x79, 0x79);
 const QColor kShortcutOrange(0xDC, 0x6E, 0x00);
 constexpr int kMinWidth = 64, kMinHeight = 94, kMaxWidth = 640, kMaxHeight = 670;
 
-QLabel* barLabel(QWidget* parent, const char* name, int left, int width) {
-    auto* label = new QLabel(parent);
+template <class Label> Label* barLabel(QWidget* parent, const char* name, int left, int width) {
+    auto* label = new Label(parent);
     label->setObjectName(name);
     label->setAlignment(Qt::AlignCenter);
     label->setGeometry(left, 0, width, winMain::kBarHeight);
@@ -61,10 +69,18 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     rectBackgroundTip = new QWidget(palette);
     rectBackgroundTip->setObjectName("rectBackgroundTip");
     rectBackgroundTip->setAutoFillBackground(true);
-    labSeeNum = barLabel(palette, "labSeeNum", 0, 45);
+    labSeeNum = barLabel<QLabel>(palette, "labSeeNum", 0, 45);
     labSeeNum->setFont(QFont("Menlo", 12));
-    labTip = barLabel(palette, "labTip", 44, 578);
-    labSeeSC = barLabel(palette, "labSeeSC", 620, 20);
+    labTip = barLabel<labZor>(palette, "labTip", 44, 578);
+    labTip->setID(5);
+    labTip->setEnterColor(QColor(0x94, 0x11, 0x00));
+    labTip->setExitColor(QColor(0x94, 0x52, 0x00));
+    labTip->setRequireShift(true);
+    labSeeSC = barLabel<labZorVisible>(palette, "labSeeSC", 620, 20);
+    labSeeSC->setID(3);
+    labSeeSC->setEnterColor(QColor(0x00, 0x96, 0xFF));
+    labSeeSC->setExitColor(QColor(0xFF, 0x93, 0x00));
+    labSeeSC->invisibleDefaultText = "*";
     QFont shortcutFont("Menlo", 18);
     shortcutFont.setBold(true);
     labSeeSC->setFont(shortcutFont);
@@ -96,9 +112,7 @@ void winMain::Event_Opening() {
             FileTools::CreateFolderInAppSupport(folder);
         RedrawGrid();
         SetPaletteTitle(ZOR::paleWinTitle);
-        QPalette colours = rectBackgroundTip->palette();
-        colours.setColor(QPalette::Window, kBarYellow);
-        rectBackgroundTip->setPalette(colours);
+        FillBar(kBarYellow);
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
         const bool stored = ZOR::initialWinWidth > 0 && ZOR::initialWinHeight > 0;
@@ -149,7 +163,7 @@ void winMain::RedrawGrid() {
         labSeeSC->move(palette->width() - 20, barTop);
         // The bar stands over the canvases of the row below the grid, which the window's edge cuts.
         rectBackgroundTip->raise();
-        for (QWidget* label : {labSeeNum, labTip, labSeeSC}) label->raise();
+        for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC}) label->raise();
         for (size_t i = 0; i < 100; ++i)
             cnButs[i]->setVisible(i < ZOR::aBtn->size() ? (*ZOR::aBtn)[i]->Vis : false);
         // Cmd+0 to Cmd+9 answer without the menu being opened: keep their state with the palette.
@@ -195,8 +209,74 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     });
 }
 
-void winMain::cnBut_MouseEnter(int) {}
-void winMain::cnBut_MouseExit(int) {}
+void winMain::FillBar(const QColor& colour) {
+    QPalette colours = rectBackgroundTip->palette();
+    colours.setColor(QPalette::Window, colour);
+    rectBackgroundTip->setPalette(colours);
+}
+
+void winMain::SetTipFontSize(int points) {
+    QFont font = labTip->font();
+    font.setPointSizeF(points > 0 ? points : QApplication::font().pointSizeF());
+    labTip->setFont(font);
+}
+
+void winMain::cnBut_MouseEnter(int index) {
+    Guard::run(canvasEvent("MouseEnter"), [&] {
+        if (size_t(index) >= ZOR::aBtn->size()) return;
+        const Btn& b = *(*ZOR::aBtn)[size_t(index)];
+        if (b.Vis) {
+            // Later tests win: the order differs from the click chain on purpose.
+            QColor colour = kBarYellow;
+            if (!b.SCname.isEmpty()) colour = kBarBlue;
+            if (!b.ASfile.isEmpty()) colour = kBarRed;
+            if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
+            FillBar(colour);
+        }
+        labSeeNum->setText(ZOR::paleName + QStringLiteral(" %1").arg(index, 2, 10, QLatin1Char('0')));
+        labTip->setText(LabTipText(index));
+        labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
+        labSeeSC->setText(b.Shortcut);
+    });
+}
+
+void winMain::cnBut_MouseExit(int) {
+    Guard::run(canvasEvent("MouseExit"), [&] {
+        SetTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
+        labTip->setText(ZOR::paleAlias);
+        QPalette black = labSeeNum->palette();
+        black.setColor(QPalette::WindowText, Qt::black);
+        labSeeNum->setPalette(black);
+        labSeeNum->setText(ZOR::paleName);
+        labSeeSC->setText(QString());
+        FillBar(kBarYellow);
+    });
+}
+
+QString winMain::LabTipText(int index) {
+    return Guard::run(windowMethod("LabTipText"), [&]() -> QString {
+        if (ZOR::numColumns == 1) return {}; // no room for a tip
+        bool narrow = ZOR::numColumns < 4;
+        const int top = palette->height() - kBarHeight;
+        labTip->move(labTip->x(), top);
+        const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
+        if (tip.isEmpty()) {
+            SetTipFontSize(0);
+            return narrow ? "no tip" : "no tip for this button";
+        }
+        const double room = labTip->width();
+        if (!narrow && StringUtils::MeasureString(tip, "System", 0) + 20 > room) narrow = true;
+        if (narrow) {
+            labTip->move(labTip->x(), top + 1);
+            SetTipFontSize(10);
+            if (StringUtils::MeasureString(tip, "System", 0) + 10 > room)
+                return StringUtils::RemoveWordToFit(tip, "System", 10, room - 10);
+            return tip;
+        }
+        SetTipFontSize(0);
+        return tip;
+    });
+}
 
 // Claiming the press is what brings the release to this canvas, wherever it happens.
 bool winMain::cnBut_MouseDown(int) { return true; }
@@ -314,15 +394,18 @@ void winMain::AddMenuHandlers() {
     MainMenuBar* bar = mainMenuBar;
     connect(bar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
     connect(bar->FileQuit, &QAction::triggered, this, &QWidget::close);
+    const auto handle = [this](QAction* item, auto&& action) {
+        connect(item, &QAction::triggered, this,
+                [item, action] { Guard::run(menuHandler(item->objectName()), action); });
+    };
     for (int k = 0; k < 10; ++k)
-        connect(bar->miPalette[size_t(k)], &QAction::triggered, this, [k] {
-            Guard::run(menuHandler(QStringLiteral("miPalette%1").arg(k, 2, 10, QLatin1Char('0'))),
-                       [k] { ZOR::ChangeToPalette(k); });
-        });
+        handle(bar->miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); });
+    handle(bar->miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); });
+    handle(bar->miProgramOverview, [] { Help::ShowHelp(0); });
+    handle(bar->miHelpAbout, [] { ShowAboutBox(); });
     // Windows that are still to come answer politely until they are there.
     for (QAction* later : {bar->miSwitchPalette, bar->miConstruct, bar->miButPic, bar->miManageAS, bar->miNewPalette,
-                           bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteParticulars,
-                           bar->miProgramOverview, bar->miPaletteData, bar->miPreserveStateBU, bar->miHelpAbout})
+                           bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteData, bar->miPreserveStateBU})
         connect(later, &QAction::triggered, this, [this, later] { NotAvailableYet(later->text()); });
 }
 

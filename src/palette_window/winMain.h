@@ -9,6 +9,8 @@
 
 class MainMenuBar;
 class cnBut;
+class labZor;
+class labZorVisible;
 class QLabel;
 class QTimer;
 
@@ -40,6 +42,7 @@ public:
     bool cnBut_MouseDown(int index);
     void cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers);
     void tiMinimize_Action();
+    QString LabTipText(int index);
     void labSeeNum_MouseUp();
 
     bool Event_KeyDown(const QString& key);
@@ -51,8 +54,8 @@ public:
 
     std::array<cnBut*, 100> cnButs{};
     QWidget* rectBackgroundTip = nullptr;
-    QLabel* labTip = nullptr;
-    QLabel* labSeeSC = nullptr;
+    labZor* labTip = nullptr;
+    labZorVisible* labSeeSC = nullptr;
     QLabel* labSeeNum = nullptr;
     QTimer* tiMinimize = nullptr;
     MainMenuBar* mainMenuBar = nullptr;
@@ -65,6 +68,8 @@ protected:
 private:
     void SizeToGrid(int width, int height);
     void FireChain(int index);
+    void FillBar(const QColor& colour);
+    void SetTipFontSize(int points); // 0: the system's default size
     void ShowButtonInformation(int index);
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;

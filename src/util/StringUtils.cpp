@@ -114,12 +114,13 @@ QString StringUtils::RemoveWordToFit(const QString& text, const QString& font, d
         flat.replace("  ", " ").replace("  ", " ");
         QStringList words = flat.trimmed().split(' ', Qt::SkipEmptyParts);
 
-        while (words.size() > 1) {
+        // At least one word always goes: a single long word leaves only the ellipsis.
+        QString joined;
+        do {
             words.removeLast();
-            if (words.size() == 1) break;
-            const QString joined = words.join(' ') + QChar(0x2026);
+            joined = words.join(' ') + QChar(0x2026);
             if (metrics.horizontalAdvance(joined) < maxWidth) return joined;
-        }
-        return words.isEmpty() ? QString() : words.first();
+        } while (words.size() > 1);
+        return words.size() == 1 ? words.first() : joined;
     });
 }

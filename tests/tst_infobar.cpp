@@ -1,0 +1,137 @@
+// The information bar: what it tells about the button under the pointer, and how it fits tips.
+#include "common/Program.h"
+#include "common/ScriptedDialogs.h"
+#include "common/TempHome.h"
+#include "help/HelpLabels.h"
+#include "palette_window/cnBut.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QTest>
+
+namespace {
+Btn& button(int index) { return *(*ZOR::aBtn)[size_t(index)]; }
+QColor barColour(const winMain& w) { return w.rectBackgroundTip->palette().color(QPalette::Window); }
+const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
+} // namespace
+
+class InfoBarTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TempHome> home;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<Program> program;
+
+    winMain& startWith(int columns) {
+        writeStoreFile(1, 3, columns);
+        return program->start();
+    }
+
+private slots:
+    void init() {
+        home = std::make_unique<TempHome>();
+        dialogs = std::make_unique<ScriptedDialogs>();
+        program = std::make_unique<Program>();
+    }
+    void cleanup() {
+        program.reset();
+        QVERIFY(dialogs->texts().isEmpty());
+        dialogs.reset();
+        home.reset();
+    }
+
+    void barTellsTheKind_data() {
+        QTest::addColumn<QString>("ASfile");
+        QTest::addColumn<QString>("SCname");
+        QTest::addColumn<QString>("PaletteGo");
+        QTest::addColumn<QColor>("colour");
+        QTest::newRow("Keyboard Maestro or nothing") << "" << "" << "" << QColor(0xFE, 0xFF, 0x96);
+        QTest::newRow("Shortcut") << "" << "Mail" << "" << QColor(0xE1, 0xFF, 0xFF);
+        QTest::newRow("AppleScript") << "Mail.scpt" << "" << "" << QColor(0xFF, 0xB3, 0xB0);
+        QTest::newRow("palette switch") << "" << "" << "2" << QColor(0xF0, 0xDB, 0xFF);
+        QTest::newRow("Shortcut and switch: the switch colours") << "" << "Mail" << "2" << QColor(0xF0, 0xDB, 0xFF);
+        QTest::newRow("script and Shortcut: the script colours") << "a" << "Mail" << "" << QColor(0xFF, 0xB3, 0xB0);
+    }
+    void barTellsTheKind() {
+        QFETCH(QString, ASfile);
+        QFETCH(QString, SCname);
+        QFETCH(QString, PaletteGo);
+        QFETCH(QColor, colour);
+        winMain& w = startWith(10);
+        Btn& b = button(12);
+        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.Tip = "Mail";
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(w.cnButs[12], &enter); // the canvas's own event reaches the handler
+        QCOMPARE(barColour(w), colour);
+        QCOMPARE(w.labSeeNum->text(), QString("P00 12"));
+        QCOMPARE(w.labTip->text(), QString("Mail"));
+        QCOMPARE(w.labSeeSC->text(), QString("m"));
+        QCOMPARE(w.labSeeSC->textColor(), QColor(0x79, 0x79, 0x79));
+
+        b.ShortcutShow = true;
+        w.cnBut_MouseEnter(12);
+        QCOMPARE(w.labSeeSC->textColor(), QColor(0xDC, 0x6E, 0x00));
+        button(60).Vis = false; // a hidden button leaves the colour as it was
+        button(60).ASfile = "x";
+        w.cnBut_MouseEnter(60);
+        QCOMPARE(barColour(w), colour);
+        QCOMPARE(w.labSeeSC->text(), kNoShortcut);
+
+        w.cnBut_MouseExit(60);
+        QCOMPARE(barColour(w), QColor(0xFE, 0xFF, 0x96));
+        QCOMPARE(w.labTip->text(), QString("Original"));
+        QCOMPARE(w.labSeeNum->text(), QString("P00"));
+        QCOMPARE(w.labSeeSC->text(), QString());
+    }
+
+    void tipFitsTheWidth_data() {
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
+        QTest::addColumn<bool>("small");    // drawn at size 10
+        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
+        QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
+        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
+        QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
+    }
+    void tipFitsTheWidth() {
+        QFETCH(int, columns);
+        QFETCH(QString, tip);
+        QFETCH(QString, shown);
+        QFETCH(bool, small);
+        winMain& w = startWith(columns);
+        button(1).Tip = tip;
+        w.cnBut_MouseEnter(1);
+        const QString text = w.labTip->text();
+        if (shown == "cut") {
+            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size(), qPrintable(text));
+            QVERIFY(tip.startsWith(text.chopped(1)));
+            QVERIFY(QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width());
+        } else {
+            QCOMPARE(text, shown);
+        }
+        if (columns > 1) QCOMPARE(w.labTip->font().pointSizeF() == 10.0, small);
+    }
+
+    void aliasSizeAtRestFollowsTheWidth() {
+        winMain& w = startWith(3);
+        w.cnBut_MouseExit(0);
+        QCOMPARE(w.labTip->font().pointSizeF(), 10.0);
+        program.reset();
+        program = std::make_unique<Program>();
+        winMain& wide = startWith(4);
+        wide.cnBut_MouseExit(0);
+        QCOMPARE(wide.labTip->font().pointSizeF(), QApplication::font().pointSizeF());
+        QCOMPARE(wide.labTip->text(), QString("Original"));
+    }
+};
+
+QTEST_MAIN(InfoBarTest)
+#include "tst_infobar.moc"
