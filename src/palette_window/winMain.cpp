@@ -11,6 +11,7 @@
 #include "util/Dialogs.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
+#include "util/Fonts.h"
 #include "util/Guard.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
@@ -70,7 +71,7 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     rectBackgroundTip->setObjectName("rectBackgroundTip");
     rectBackgroundTip->setAutoFillBackground(true);
     labSeeNum = barLabel<QLabel>(palette, "labSeeNum", 0, 45);
-    labSeeNum->setFont(QFont("Menlo", 12));
+    labSeeNum->setFont(Fonts::Sized("Menlo", 12));
     labTip = barLabel<labZor>(palette, "labTip", 44, 578);
     labTip->setID(5);
     labTip->setEnterColor(QColor(0x94, 0x11, 0x00));
@@ -81,7 +82,7 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     labSeeSC->setEnterColor(QColor(0x00, 0x96, 0xFF));
     labSeeSC->setExitColor(QColor(0xFF, 0x93, 0x00));
     labSeeSC->invisibleDefaultText = "*";
-    QFont shortcutFont("Menlo", 18);
+    QFont shortcutFont = Fonts::Sized("Menlo", 18);
     shortcutFont.setBold(true);
     labSeeSC->setFont(shortcutFont);
 
@@ -189,7 +190,7 @@ QRect winMain::WindowRect() const { return geometry(); }
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {
-        QFont numberFont("Helvetica", 24);
+        const QFont numberFont = Fonts::Sized("Helvetica", 24);
         g.setFont(numberFont);
         const QFontMetricsF metrics(numberFont);
         const qreal w = metrics.horizontalAdvance("01");
@@ -198,7 +199,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const int index = canvas.Index();
         if (!hasPicture.contains(index))
             g.drawText(QPointF(x, y + h - metrics.descent()), QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
-        g.setFont(QFont("Menlo", 12));
+        g.setFont(Fonts::Sized("Menlo", 12));
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         if (b.ShortcutShow && b.Shortcut != kNoShortcut) {
@@ -216,9 +217,7 @@ void winMain::FillBar(const QColor& colour) {
 }
 
 void winMain::SetTipFontSize(int points) {
-    QFont font = labTip->font();
-    font.setPointSizeF(points > 0 ? points : QApplication::font().pointSizeF());
-    labTip->setFont(font);
+    labTip->setFont(Fonts::Sized("System", points));
 }
 
 void winMain::cnBut_MouseEnter(int index) {

@@ -1,5 +1,6 @@
 #include "util/StringUtils.h"
 
+#include "util/Fonts.h"
 #include "util/Guard.h"
 
 #include <QFont>
@@ -25,12 +26,7 @@ template <class Test> bool allOf(const QString& text, Test test) {
     return true;
 }
 
-QFont fontFor(const QString& family, double size) {
-    QFont font = QGuiApplication::font();
-    if (family.compare("System", Qt::CaseInsensitive) != 0) font.setFamily(family);
-    if (size > 0) font.setPointSizeF(size);
-    return font;
-}
+QFont fontFor(const QString& family, double size) { return Fonts::Sized(family, size); }
 } // namespace
 
 QString StringUtils::Remove(const QString& text, const QString& characters) {
