@@ -24,8 +24,11 @@ function(zor_stage_resources target)
     endif()
     get_filename_component(stem ${src} NAME_WE)
     if(APPLE)
+      # FirePalette uses Keyboard Maestro's own terms, which compile only where it is installed.
+      # osascript also runs a script's source text, so without Keyboard Maestro the source
+      # stands in the bundle and is compiled when it runs, on a Mac that has it.
       add_custom_command(TARGET ${target} POST_BUILD
-        COMMAND osacompile -o ${resdir}/${stem}.scpt ${src})
+        COMMAND sh -c "osacompile -o '${resdir}/${stem}.scpt' '${src}' 2>/dev/null || cp '${src}' '${resdir}/${stem}.scpt'" VERBATIM)
     else()
       add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E copy ${src} ${resdir}/${stem}.scpt)

@@ -65,31 +65,24 @@ private slots:
 
     void activeArrayIsTheSlotsOwn() {
         TempHome home;
+        ScriptedDialogs dialogs;
         Program program;
         ZOR::MakeAlphabetShortcuts();
         ZOR::CreateFirstPalette();
         ZOR::DP.emplace_back();
         ZOR::DefaultValuesPalette(1);
-        QCOMPARE(ZOR::DP[0].s_Alias, QString("Original"));
-        QCOMPARE(ZOR::DP[0].s_WinTitle, QString("ZOR Palette"));
-        QCOMPARE(ZOR::DP[0].s_Particulars, QString("No Content"));
-        QCOMPARE(ZOR::DP[1].s_Name, QString("P01"));
         QCOMPARE(ZOR::DP[1].s_WinTitle, QString("ZOR P01"));
         QVERIFY(QRegularExpression("^[a-z]{5}$").match(ZOR::DP[1].s_Alias).hasMatch());
-        QCOMPARE(ZOR::DP[1].a_Btn->at(51)->Shortcut, QString("Z"));
-        QCOMPARE(ZOR::DP[1].a_Btn->at(52)->Shortcut, kNoShortcut);
-        QCOMPARE(ZOR::DP[1].a_Btn->at(99)->sID, QString("99"));
+        QCOMPARE(ZOR::DP[1].a_Btn->at(51)->Shortcut + ZOR::DP[1].a_Btn->at(52)->Shortcut, "Z" + kNoShortcut);
 
         ZOR::ActivatePalette(1);
         ZOR::aBtn->at(7)->Tip = "edited";
-        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Tip, QString("edited"));
         ZOR::ActivatePalette(0);
-        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Tip, QString("edited"));
+        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Tip, QString("edited")); // edited through aBtn, kept in the slot
         ZOR::BreakBtnLinkToDP();
         QVERIFY(ZOR::aBtn->empty());
         QCOMPARE(ZOR::DP[0].a_Btn->size(), size_t(100));
 
-        ScriptedDialogs dialogs;
         ZOR::DefaultValuesPalette(2);
         QCOMPARE(dialogs.texts(), QStringList{"Inappropriate index value passed for DefaultValuesPalette method."});
     }
@@ -129,7 +122,7 @@ private slots:
                  QStringList({"numRows", "numColumns", "paleName", "paleAlias", "paleWinTitle", "paleParticulars"}));
         QCOMPARE(QString::fromStdString(parsed[1 + 37 * 101 + 100]["paleAlias"].get<std::string>()), kNoShortcut);
 
-        const std::vector<PaletteDict> before = ZOR::DP;
+        std::vector<PaletteDict> before = ZOR::DP;
         std::vector<Btn> buttonsBefore;
         for (const auto& slot : before)
             for (const auto& btn : *slot.a_Btn) buttonsBefore.push_back(*btn);
@@ -137,30 +130,12 @@ private slots:
         QVERIFY(ZOR::JSON_ParseData(text));
         QCOMPARE(ZOR::DP.size(), size_t(100));
         QCOMPARE(ZOR::idxCP, qint64(42));
-        size_t n = 0;
-        for (size_t p = 0; p < 100; ++p) {
+        for (size_t p = 0, n = 0; p < 100; ++p) {
             const PaletteDict& slot = ZOR::DP[p];
-            QCOMPARE(slot.s_Alias, before[p].s_Alias);
-            QCOMPARE(slot.s_Name, before[p].s_Name);
-            QCOMPARE(slot.s_WinTitle, before[p].s_WinTitle);
-            QCOMPARE(slot.s_Particulars, before[p].s_Particulars);
-            QCOMPARE(slot.i_NumRows, before[p].i_NumRows);
-            for (const auto& btn : *slot.a_Btn) {
-                const Btn& was = buttonsBefore[n++];
-                QCOMPARE(btn->ID, was.ID);
-                QCOMPARE(btn->Row, was.Row);
-                QCOMPARE(btn->Col, was.Col);
-                QCOMPARE(btn->Tip, was.Tip);
-                QCOMPARE(btn->Info, was.Info);
-                QCOMPARE(btn->SCname, was.SCname);
-                QCOMPARE(btn->Shortcut, was.Shortcut);
-                QCOMPARE(btn->Vis, was.Vis);
-                QCOMPARE(btn->ShortcutShow, was.ShortcutShow);
-                QCOMPARE(btn->AutoMin, was.AutoMin);
-                QCOMPARE(btn->Clipbrd, was.Clipbrd);
-                QCOMPARE(btn->PaletteGo, was.PaletteGo);
-                QCOMPARE(btn->KM_Active, was.KM_Active);
-            }
+            QCOMPARE(QStringList({slot.s_Name, slot.s_Alias, slot.s_WinTitle, slot.s_Particulars}),
+                     QStringList({before[p].s_Name, before[p].s_Alias, before[p].s_WinTitle, before[p].s_Particulars}));
+            QCOMPARE(slot.i_NumRows * 100 + slot.i_NumColumns, before[p].i_NumRows * 100 + before[p].i_NumColumns);
+            for (const auto& btn : *slot.a_Btn) QVERIFY(*btn == buttonsBefore[n++]);
         }
         QCOMPARE(ZOR::JSON_CreateData(), text); // a second save writes the same text
     }

@@ -22,6 +22,7 @@ struct Btn {
     bool KM_Active = false;
 
     void CopyFrom(const Btn& source) { *this = source; }
+    friend bool operator==(const Btn&, const Btn&) = default;
 };
 
 // Arrays and their elements are shared: the active palette's array is the very array of its slot.
