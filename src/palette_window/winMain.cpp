@@ -62,22 +62,22 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinimizeButtonHint);
     setWindowTitle("ZOR_Palette");
-    palette = new QWidget(this);
-    palette->setObjectName("palette");
-    setCentralWidget(palette);
-    for (int i = 0; i < 100; ++i) cnButs[size_t(i)] = new cnBut(this, i, palette);
+    gridArea = new QWidget(this);
+    gridArea->setObjectName("gridArea");
+    setCentralWidget(gridArea);
+    for (int i = 0; i < 100; ++i) cnButs[size_t(i)] = new cnBut(this, i, gridArea);
 
-    rectBackgroundTip = new QWidget(palette);
+    rectBackgroundTip = new QWidget(gridArea);
     rectBackgroundTip->setObjectName("rectBackgroundTip");
     rectBackgroundTip->setAutoFillBackground(true);
-    labSeeNum = barLabel<QLabel>(palette, "labSeeNum", 0, 45);
+    labSeeNum = barLabel<QLabel>(gridArea, "labSeeNum", 0, 45);
     labSeeNum->setFont(Fonts::Sized("Menlo", 12));
-    labTip = barLabel<labZor>(palette, "labTip", 44, 578);
+    labTip = barLabel<labZor>(gridArea, "labTip", 44, 578);
     labTip->setID(5);
     labTip->setEnterColor(QColor(0x94, 0x11, 0x00));
     labTip->setExitColor(QColor(0x94, 0x52, 0x00));
     labTip->setRequireShift(true);
-    labSeeSC = barLabel<labZorVisible>(palette, "labSeeSC", 620, 20);
+    labSeeSC = barLabel<labZorVisible>(gridArea, "labSeeSC", 620, 20);
     labSeeSC->setID(3);
     labSeeSC->setEnterColor(QColor(0x00, 0x96, 0xFF));
     labSeeSC->setExitColor(QColor(0xFF, 0x93, 0x00));
@@ -135,7 +135,7 @@ int winMain::menuBarOffset() const {
 void winMain::SizeToGrid(int width, int height) {
     width = std::clamp(width, kMinWidth, kMaxWidth);
     height = std::clamp(height, kMinHeight, kMaxHeight);
-    palette->setFixedSize(width, height);
+    gridArea->setFixedSize(width, height);
     setFixedSize(width, height + menuBarOffset());
 }
 
@@ -155,13 +155,13 @@ void winMain::RedrawGrid() {
         }
         const int rows = int(ZOR::numRows), columns = int(ZOR::numColumns);
         SizeToGrid(columns * kCell, rows * kCell + kBarHeight);
-        const int barTop = std::clamp(rows * kCell, 0, palette->height() - kBarHeight);
+        const int barTop = std::clamp(rows * kCell, 0, gridArea->height() - kBarHeight);
         for (QWidget* w : {static_cast<QWidget*>(labSeeNum), static_cast<QWidget*>(labSeeSC),
                            static_cast<QWidget*>(labTip), rectBackgroundTip})
             w->move(w->x(), barTop);
-        rectBackgroundTip->resize(palette->width(), kBarHeight);
-        labTip->resize(std::max(0, palette->width() - 62), kBarHeight);
-        labSeeSC->move(palette->width() - 20, barTop);
+        rectBackgroundTip->resize(gridArea->width(), kBarHeight);
+        labTip->resize(std::max(0, gridArea->width() - 62), kBarHeight);
+        labSeeSC->move(gridArea->width() - 20, barTop);
         // The bar stands over the canvases of the row below the grid, which the window's edge cuts.
         rectBackgroundTip->raise();
         for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC}) label->raise();
@@ -256,7 +256,7 @@ QString winMain::LabTipText(int index) {
     return Guard::run(windowMethod("LabTipText"), [&]() -> QString {
         if (ZOR::numColumns == 1) return {}; // no room for a tip
         bool narrow = ZOR::numColumns < 4;
-        const int top = palette->height() - kBarHeight;
+        const int top = gridArea->height() - kBarHeight;
         labTip->move(labTip->x(), top);
         const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
         if (tip.isEmpty()) {

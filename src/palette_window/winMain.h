@@ -74,6 +74,6 @@ private:
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
     PictureCache pictures;
-    QWidget* palette = nullptr;
+    QWidget* gridArea = nullptr;
     bool closing = false;
 };
