@@ -4,7 +4,6 @@
 #include "util/AppGlobals.h"
 #include "util/Clock.h"
 #include "util/FileTools.h"
-#include "util/FileTypes.h"
 #include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
 #include "util/RtrnString.h"
@@ -25,9 +24,6 @@ QByteArray readAll(const QString& path) {
     QFile f(path);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
 }
-QStringList none() {
-    return {};
-}
 } // namespace
 
 // Data tables stay one row a line.
@@ -40,12 +36,10 @@ private slots:
     void alphaDateTime_data() {
         QTest::addColumn<qint64>("mode");
         QTest::addColumn<QString>("expected");
-        const QStringList forms{"230523", "230523_19", "230523_1955", "230523_195507", "2305231955", "2023.05.23",
-                                "230523_195507Aa", "05/23/2023 19:55:07", "20230523_195507", "230523_195507_042000000",
-                                "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"};
-        for (int m = 1; m <= 14; ++m) QTest::addRow("mode %d", m) << qint64(m) << forms[m - 1];
-        QTest::newRow("mode 0 as 4") << qint64(0) << "230523_195507";
-        QTest::newRow("mode 99 as 4") << qint64(99) << "230523_195507";
+        const QStringList forms{"230523_195507", "230523", "230523_19", "230523_1955", "230523_195507", "2305231955",
+                                "2023.05.23", "230523_195507Aa", "05/23/2023 19:55:07", "20230523_195507",
+                                "230523_195507_042000000", "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"};
+        for (int m = 0; m <= 14; ++m) QTest::addRow("mode %d", m) << qint64(m) << forms[m]; // 0 falls back to 4
     }
     void alphaDateTime() {
         QFETCH(qint64, mode);
@@ -65,87 +59,47 @@ private slots:
         QCOMPARE(seen.mid(26 * 26 - 1, 2), (QStringList{"Zz", "Aa"})); // past Zz it starts again
     }
 
-    void viablePath_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("belowHome");
-        QTest::newRow("Desktop") << "Desktop" << "/Schreibtisch";
-        QTest::newRow("cleaned") << "a//b/.c:d" << "/a/b/_c_d";
-        QTest::newRow("absolute outside home") << "/x/y" << "/x/y";
-        QTest::newRow("already below home") << "@home/x" << "/x";
-    }
-    void viablePath() {
-        QFETCH(QString, path);
-        QFETCH(QString, belowHome);
-        TempHome home;
-        home.write(".config/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n"); // not simply home + "/Desktop"
-        QCOMPARE(FileTools::rsViablePath(path.replace("@home", home.home())), home.home() + belowHome);
+    void validDateStamp() {
+        for (const char* stamp : {"230523_1955", "230229_1200", "231231_2359", "230930_0000"})
+            QVERIFY2(RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
+        for (const char* stamp : {"230230_1200", "230431_1200", "231131_1200", "231301_1200", "230500_1200",
+                                  "230523-1955", "230523_2400", "230523_2360", "230523_195", "230523_19550"})
+            QVERIFY2(!RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
     }
 
-    void moveRename_data() {
-        QTest::addColumn<QStringList>("inDestination");
-        QTest::addColumn<QStringList>("inSource");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("no clash") << none() << none() << "p.png";
-        QTest::newRow("clash") << QStringList{"p.png"} << none() << "1_p.png";
-        QTest::newRow("1_ taken at source") << QStringList{"p.png"} << QStringList{"1_p.png"} << "2_p.png";
-        QTest::newRow("1_ taken at destination") << QStringList{"p.png", "1_p.png"} << none() << "2_p.png";
-    }
-    void moveRename() {
-        QFETCH(QStringList, inDestination);
-        QFETCH(QStringList, inSource);
-        QFETCH(QString, expected);
+    void moveRenameNeverOverwrites() {
         TempHome home;
         const QString file = home.write("src/p.png", "moved");
-        QDir().mkpath(home.home() + "/dst");
-        for (const auto& n : inDestination) home.write("dst/" + n, "kept " + n.toUtf8());
-        for (const auto& n : inSource) home.write("src/" + n, "source " + n.toUtf8());
-        QCOMPARE(FileTools::MoveRenameIfNecessary(file, home.home() + "/dst"), home.home() + "/dst/" + expected);
-        QCOMPARE(readAll(home.home() + "/dst/" + expected), "moved");
+        for (const QString n : {"dst/p.png", "dst/1_p.png", "src/2_p.png"}) home.write(n, n.toUtf8());
+        // 1_ is taken where the file goes, 2_ where it comes from.
+        QCOMPARE(FileTools::MoveRenameIfNecessary(file, home.home() + "/dst"), home.home() + "/dst/3_p.png");
+        QCOMPARE(readAll(home.home() + "/dst/3_p.png"), "moved");
         QVERIFY(!QFile::exists(file));
-        for (const auto& n : inDestination) QCOMPARE(readAll(home.home() + "/dst/" + n), "kept " + n.toUtf8());
+        for (const QString n : {"dst/p.png", "dst/1_p.png", "src/2_p.png"}) QCOMPARE(readAll(home.home() + '/' + n), n.toUtf8());
     }
 
-    void hasExtension_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("has");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("tar.gz") << "archive.tar.gz" << true << "";
-        QTest::newRow("markdown") << "readme.markdown" << false << "";
-        QTest::newRow("one letter") << "a.c" << false << "";
-        QTest::newRow("jpeg") << "a.jpeg" << true << "";
-        QTest::newRow("too long") << QString(252, 'n') + ".txt" << false << "rbHasExtension passed a proposed file name that is too long";
-        QTest::newRow("slash") << "a/b.txt" << false << "rbHasExtension passed a proposed file name that is not appropriate";
-        QTest::newRow("line feed") << "a\nb.txt" << false << "rbHasExtension passed a proposed file name that is not appropriate";
-    }
     void hasExtension() {
-        QFETCH(QString, name);
-        QFETCH(QString, message);
         ScriptedDialogs dialogs;
-        QTEST(FileTools::rbHasExtension(name), "has");
-        QCOMPARE(dialogs.texts(), message.isEmpty() ? none() : QStringList{message});
+        for (const char* name : {"archive.tar.gz", "a.jpeg"}) QVERIFY2(FileTools::rbHasExtension(name), name);
+        for (const char* name : {"readme.markdown", "a.c"}) QVERIFY2(!FileTools::rbHasExtension(name), name);
+        for (const QString& name : {QString(252, 'n') + ".txt", QString("a/b.txt"), QString("a\nb.txt")}) QVERIFY(!FileTools::rbHasExtension(name));
+        QCOMPARE(dialogs.texts(), (QStringList{"rbHasExtension passed a proposed file name that is too long",
+                                               "rbHasExtension passed a proposed file name that is not appropriate",
+                                               "rbHasExtension passed a proposed file name that is not appropriate"}));
     }
 
     void stringToFileItem() {
         TempHome home;
         ScriptedDialogs dialogs;
         const QString text = QString::fromUtf8("{\"s_Alias\":\"Caf\xC3\xA9 \xE2\x90\x80\"}\n");
-        for (const QString name : {"PreserveState", "notes.text"}) {
+        for (const QString name : {"PreserveState", "notes.text"}) { // .txt added only where no extension
             const QString target = home.write("f/" + (name == "PreserveState" ? name + ".txt" : name), QByteArray(5000, 'x'));
             QVERIFY(FileTools::StringToFileItem(text, name, home.home() + "/f"));
             QCOMPARE(readAll(target), text.toUtf8()); // no BOM, nothing left of the longer old content
-            QCOMPARE(FileTools::rsStringFile(target), text);
         }
-        QCOMPARE(dialogs.texts(), none());
-    }
-
-    void stringToFileItemFailures() {
-        TempHome home;
-        ScriptedDialogs dialogs;
-        const QString blocker = home.write("plain", "a file, not a folder");
-        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", blocker + "/sub"));
+        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", home.home() + "/f/notes.text/sub"));
         QCOMPARE(dialogs.beeps(), 1);
         QCOMPARE(dialogs.texts(), QStringList{"Somehow unable to create the PreserveState.txt file. Method: StringToFileItem"});
-        QCOMPARE(FileTools::rsStringFile(home.home() + "/missing.txt"), QString());
 
         // A write that runs out of room (a file-size limit binds root too) must keep the old file.
         dialogs.clear();
@@ -153,18 +107,16 @@ private slots:
         const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
         rlimit before{};
         getrlimit(RLIMIT_FSIZE, &before);
-        rlimit tight = before;
-        tight.rlim_cur = 16;
+        const rlimit tight{16, before.rlim_max};
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
         const bool written = FileTools::StringToFileItem(QString(4096, 'y'), "PreserveState", home.home() + "/f");
         setrlimit(RLIMIT_FSIZE, &before);
         std::signal(SIGXFSZ, oldHandler);
         QVERIFY(!written);
         QCOMPARE(readAll(target), "old");
-        QCOMPARE(dialogs.texts().size(), 1);
-        const QString shown = dialogs.texts()[0];
-        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: ") && shown.endsWith(". The file that was there before is unchanged."), qPrintable(shown));
-        QCOMPARE(QDir(home.home() + "/f").entryList(QDir::Files), QStringList{"PreserveState.txt"});
+        const QString shown = dialogs.texts().join('|');
+        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: ") && shown.endsWith(". The file that was there before is unchanged.") && dialogs.texts().size() == 1, qPrintable(shown));
+        QCOMPARE(QDir(home.home() + "/f").entryList(QDir::Files), (QStringList{"notes.text", "PreserveState.txt"}));
     }
 
     void textToFile_data() {
@@ -172,11 +124,13 @@ private slots:
         QTest::addColumn<QString>("path");
         QTest::addColumn<qint64>("mode");
         QTest::addColumn<QString>("expected"); // below home
-        QTest::newRow("mode 10 no prefix") << "WindowSizeInfo" << "Desktop" << qint64(10) << "/Desktop/WindowSizeInfo.txt";
-        QTest::newRow("mode 4 prefix") << "Table" << "Desktop" << qint64(4) << "/Desktop/230523_195507Table.txt";
-        QTest::newRow("Desktop sub-folder") << "a b:c" << "Desktop/Sub" << qint64(0) << "/Desktop/Sub/a_b_c.txt";
+        QTest::newRow("mode 4 prefix") << "Table" << "Desktop" << qint64(4) << "/Schreibtisch/230523_195507Table.txt";
+        QTest::newRow("mode 10 no prefix") << "WindowSizeInfo" << "Desktop" << qint64(10) << "/Schreibtisch/WindowSizeInfo.txt";
+        QTest::newRow("Desktop sub-folder") << "a b:c" << "Desktop/Sub" << qint64(0) << "/Schreibtisch/Sub/a_b_c.txt";
         QTest::newRow("path names the file") << "" << "x/y/z.txt" << qint64(0) << "/x/y/z.txt";
-        QTest::newRow("no name, no txt") << "" << "x/y" << qint64(0) << "/Desktop/SavedFile.txt";
+        QTest::newRow("path cleaned") << "" << "a//b/.c.txt" << qint64(0) << "/a/b/_c.txt";
+        QTest::newRow("path already below home") << "" << "@home/x/z.txt" << qint64(0) << "/x/z.txt";
+        QTest::newRow("no name, no txt") << "" << "x/y" << qint64(0) << "/Schreibtisch/SavedFile.txt";
     }
     void textToFile() {
         QFETCH(QString, fileName);
@@ -184,11 +138,11 @@ private slots:
         QFETCH(qint64, mode);
         QFETCH(QString, expected);
         TempHome home;
+        home.write(".config/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n"); // not simply home + "/Desktop"
         ScriptedDialogs dialogs;
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7)));
-        QCOMPARE(FileTools::TextToFile("line", fileName, path, mode), home.home() + expected);
+        QCOMPARE(FileTools::TextToFile("line", fileName, path.replace("@home", home.home()), mode), home.home() + expected);
         QCOMPARE(readAll(home.home() + expected), "line");
-        QCOMPARE(dialogs.texts(), none());
     }
 
     void renameFolder_data() {
@@ -209,78 +163,41 @@ private slots:
         QFETCH(QString, future);
         QFETCH(QString, message);
         TempHome home;
-        home.write("p/old/data.txt", "data");
-        home.write("p/taken/x", "x");
-        home.write("p/file", "f");
+        for (const char* path : {"p/old/data.txt", "p/taken/x", "p/file"}) home.write(path, "data");
         for (const bool show : {true, false}) {
             ScriptedDialogs dialogs;
             QCOMPARE(FileTools::RenameFolder(home.home() + '/' + parent, now, future, show), message.isEmpty());
-            QCOMPARE(dialogs.texts(), show && !message.isEmpty() ? QStringList{message} : none());
+            QCOMPARE(dialogs.texts(), show && !message.isEmpty() ? QStringList{message} : QStringList());
             QCOMPARE(readAll(home.home() + (message.isEmpty() ? "/p/new/data.txt" : "/p/old/data.txt")), "data");
             if (message.isEmpty()) break;
         }
     }
 
-    void createFolders() {
+    void foldersOfTheProgram() {
         TempHome home;
         ScriptedDialogs dialogs;
-        QVERIFY(FileTools::CreateAllFoldersInPath("r/s/"));
-        QVERIFY(FileTools::CreateAllFoldersInPath(home.desktop() + "/Removed/P03"));
-        QVERIFY(QFileInfo(home.home() + "/r/s").isDir() && QFileInfo(home.desktop() + "/Removed/P03").isDir());
         QCOMPARE(FileTools::CreateFolderInAppSupport("ButtonPictures"), QString()); // folder not set yet
+        QCOMPARE(dialogs.texts(), QStringList{"Problem with FileTools CreateFolderInAppSupport"});
         AppGlobals::appSupportFolder = home.programFolder();
         const QString pics = FileTools::CreateFolderInAppSupport("ButtonPictures");
         QCOMPARE(pics, home.programFolder() + "/ButtonPictures");
-        QVERIFY(QFile(pics + "/00a.png").open(QIODevice::WriteOnly));
+        for (const char* name : {"/b.png", "/.hidden", "/Zeta/x"}) home.write(pics.mid(home.home().size() + 1) + name, "x");
         QCOMPARE(FileTools::CreateFolderInAppSupport("ButtonPictures"), pics); // an existing folder is left alone
-        QVERIFY(QFile::exists(pics + "/00a.png"));
-        QCOMPARE(dialogs.texts(), QStringList{"Problem with FileTools CreateFolderInAppSupport"});
-    }
-
-    void createFolderKnownStart_data() {
-        QTest::addColumn<QString>("known");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("Desktop") << "Desktop" << "";
-        QTest::newRow("native path") << "@home/Desktop" << "";
-        QTest::newRow("unknown name") << "Downloads" << "CreateFolderKnownStart passed incorrect pathKnown parameter. Not a SpecialFolder.";
-        QTest::newRow("missing") << "@home/nowhere" << "CreateFolderKnownStart passed incorrect pathKnown parameter. Does not exist.";
-        QTest::newRow("file") << "@home/plain" << "CreateFolderKnownStart passed incorrect pathKnown parameter. Not a folder.";
-    }
-    void createFolderKnownStart() {
-        QFETCH(QString, known);
-        QFETCH(QString, message);
-        TempHome home;
-        ScriptedDialogs dialogs;
-        home.write("plain", "p");
-        const QString made = FileTools::CreateFolderKnownStart(known.replace("@home", home.home()), "x_Data//ButtonPictures/");
-        QCOMPARE(made, message.isEmpty() ? home.desktop() + "/x_Data/ButtonPictures" : QString());
-        QCOMPARE(QFileInfo(home.desktop() + "/x_Data/ButtonPictures").isDir(), message.isEmpty());
-        QCOMPARE(dialogs.texts(), message.isEmpty() ? none() : QStringList{message});
-    }
-
-    void folderListsAndChoosing() {
-        TempHome home;
-        ScriptedDialogs dialogs;
-        for (const char* path : {"d/b.png", "d/.hidden", "d/Zeta/x", "d/.git/x", "d/alpha/x"}) home.write(path, "x");
         QStringList files{"keep"};
-        FileTools::FolderFilesToArray(home.home() + "/d", files);
+        FileTools::FolderFilesToArray(pics, files);
         FileTools::FolderFilesToArray(home.home() + "/none", files);
-        QCOMPARE(files, (QStringList{"keep", "b.png"}));
-        QStringList folders;
-        FileTools::FolderFolderToArray(home.home() + "/d", folders);
-        QCOMPARE(folders, (QStringList{".git", "alpha", "Zeta"}));
+        QCOMPARE(files, (QStringList{"keep", "b.png"})); // no hidden files, no folders
+    }
 
-        const QString scripts = home.home() + "/Apple_Scripts";
-        QDir().mkpath(scripts);
-        home.write("Apple_Scripts/Go.scpt", "older");
-        dialogs.queueFile(home.write("Desktop/Go.scpt", "newer"));
-        QCOMPARE(FileTools::ChooseFileAndMoveToSuppliedDestination(scripts, "Choose AppleScript", FileTypeAppleScript::All(), "Desktop"), scripts + "/1_Go.scpt");
-        QCOMPARE(dialogs.requests.last().detail, home.desktop());
-        QCOMPARE(readAll(scripts + "/Go.scpt"), "older");
-        dialogs.queueFile({}); // cancelled
-        QCOMPARE(FileTools::FolderItemSelect("Choose", "TextThing", home.home() + "/none"), QString());
-        QCOMPARE(dialogs.requests.last().detail, home.home() + "/Documents"); // a missing start falls back
-        QVERIFY(dialogs.unexpected.isEmpty());
+    void createFolderKnownStart() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString plain = home.write("plain", "p");
+        for (const QString& start : {QString("Downloads"), home.home() + "/nowhere", plain}) QCOMPARE(FileTools::CreateFolderKnownStart(start, "x"), QString());
+        const QString problem = "CreateFolderKnownStart passed incorrect pathKnown parameter. ";
+        QCOMPARE(dialogs.texts(), QStringList({problem + "Not a SpecialFolder.", problem + "Does not exist.", problem + "Not a folder."}));
+        for (const QString& start : {QString("Desktop"), home.desktop()}) QCOMPARE(FileTools::CreateFolderKnownStart(start, "x_Data//ButtonPictures/"), home.desktop() + "/x_Data/ButtonPictures");
+        QVERIFY(QFileInfo(home.desktop() + "/x_Data/ButtonPictures").isDir() && !QFileInfo::exists(home.home() + "/nowhere"));
     }
 
     void removeWordToFit_data() {
@@ -299,73 +216,32 @@ private slots:
         QTEST(StringUtils::RemoveWordToFit(text, "Helvetica", 14, width), "expected");
     }
 
-    void strings_data() {
-        QTest::addColumn<QString>("call");
-        QTest::addColumn<QString>("in");
-        QTest::addColumn<QString>("out");
-        QTest::newRow("stamp") << "Stamp" << "230523_1955" << "true";
-        QTest::newRow("stamp Feb 29 of a common year") << "Stamp" << "230229_1200" << "true";
-        QTest::newRow("stamp Feb 30") << "Stamp" << "230230_1200" << "false";
-        QTest::newRow("stamp Apr 31") << "Stamp" << "230431_1200" << "false";
-        QTest::newRow("stamp Nov 31") << "Stamp" << "231131_1200" << "false";
-        QTest::newRow("stamp month 13") << "Stamp" << "231301_1200" << "false";
-        QTest::newRow("stamp day 0") << "Stamp" << "230500_1200" << "false";
-        QTest::newRow("stamp dash") << "Stamp" << "230523-1955" << "false";
-        QTest::newRow("stamp hour 24") << "Stamp" << "230523_2400" << "false";
-        QTest::newRow("stamp minute 60") << "Stamp" << "230523_2360" << "false";
-        QTest::newRow("stamp short") << "Stamp" << "230523_195" << "false";
-        QTest::newRow("stamp long") << "Stamp" << "230523_19550" << "false";
-        QTest::newRow("Remove single byte") << "Remove:a" << "a" << "a";
-        QTest::newRow("Remove") << "Remove:a" << "ab" << "b";
-        QTest::newRow("Remove ignores case") << "Remove: a" << "A cab" << "cb";
-        QTest::newRow("IsPosInteger empty") << "IsPosInteger" << "" << "true";
-        QTest::newRow("IsPosInteger sign") << "IsPosInteger" << "-1" << "false";
-        QTest::newRow("IsUppercase empty") << "IsUppercase" << "" << "false";
-        QTest::newRow("IsUppercase accent") << "IsUppercase" << "AÉ" << "false";
-        QTest::newRow("doubled blanks") << "Doubled" << "a     b  c" << "a b c";
-        QTest::newRow("correct name") << "CorrectFileName" << "a b:c/d" << "a_b_c";
-        QTest::newRow("only digits") << "OnlyDigit" << " P07x " << "07";
-        QTest::newRow("parent path") << "ParentFolderPath" << "//a//b/c.txt" << "/a/b/";
-        QTest::newRow("html body only") << "HTML" << "<html><head><title>T</title></head><body><b>Hi</b></body></html>" << "Hi";
-        QTest::newRow("html paragraphs") << "HTML" << "<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>" << "One two\n\nThree four\nfive";
-        QTest::newRow("html white space runs") << "HTML" << "a \t \n  b" << "a \tb";
+    void rawTextFromHTML_data() {
+        QTest::addColumn<QString>("html");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("body only") << "<html><head><title>T</title></head><body><b>Hi</b></body></html>" << "Hi";
+        QTest::newRow("paragraphs") << "<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>" << "One two\n\nThree four\nfive";
+        QTest::newRow("white space runs") << "a \t \n  b" << "a \tb";
     }
-    void strings() {
-        QFETCH(QString, call);
-        QFETCH(QString, in);
-        auto b = [](bool v) { return QString(v ? "true" : "false"); };
-        QString out;
-        if (call == "Stamp") out = b(RtrnBoolean::rbValidYYMMDD_HHSS(in));
-        else if (call.startsWith("Remove:")) out = StringUtils::Remove(in, call.mid(7));
-        else if (call == "IsPosInteger") out = b(StringUtils::IsPosInteger(in));
-        else if (call == "IsUppercase") out = b(StringUtils::IsUppercase(in));
-        else if (call == "Doubled") out = StringUtils::ReplaceDoubledCharWithSingle(in, " ");
-        else if (call == "CorrectFileName") out = RtrnString::rsCorrectFileName(in, 5);
-        else if (call == "OnlyDigit") out = RtrnString::rsOnlyDigit(in);
-        else if (call == "ParentFolderPath") out = RtrnString::rsParentFolderPath(in);
-        else if (call == "HTML") out = RtrnString::rsRawTextFromHTML(in);
-        QTEST(out, "out");
+    void rawTextFromHTML() {
+        QFETCH(QString, html);
+        QTEST(RtrnString::rsRawTextFromHTML(html), "text");
     }
 
     void applicationIsRunning() {
         FakeTools tools;
         const QString id = "com.stairways.keyboardmaestro.engine";
-        tools.setAnswer("running:" + id, "true\n");
+        tools.setAnswer("running:" + id, "true\n"); // as osascript prints it
         QVERIFY(FileTools::ApplicationIsRunning(id));
-        tools.setAnswer("running:" + id, "false\n");
-        QVERIFY(!FileTools::ApplicationIsRunning(id));
         tools.remove("osascript");
         QVERIFY(!FileTools::ApplicationIsRunning(id));
     }
 
     void withinScreen() {
-        QVERIFY(QGuiApplication::primaryScreen());
         const QRect a = QGuiApplication::primaryScreen()->availableGeometry();
         QVERIFY(WinScrn::IsWithinMainScreenTLBR(a.y(), a.x(), a.height(), a.width())); // the edges count as inside
-        QVERIFY(!WinScrn::IsWithinMainScreenTLBR(a.y(), a.x(), a.height(), a.width() + 1));
-        QVERIFY(!WinScrn::IsWithinMainScreenTLBR(a.y(), a.x(), a.height() + 1, a.width()));
-        QVERIFY(!WinScrn::IsWithinMainScreenTLBR(a.y() - 1, a.x(), 10, 10));
-        QVERIFY(!WinScrn::IsWithinMainScreenTLBR(a.y(), a.x() - 1, 10, 10));
+        for (const QRect r : {a.adjusted(0, 0, 1, 0), a.adjusted(0, 0, 0, 1), QRect(a.x(), a.y() - 1, 10, 10), QRect(a.x() - 1, a.y(), 10, 10)})
+            QVERIFY(!WinScrn::IsWithinMainScreenTLBR(r.y(), r.x(), r.height(), r.width()));
     }
 };
 // clang-format on
