@@ -9,12 +9,6 @@
 #include <QFileInfo>
 #include <QtTest>
 
-namespace {
-void row(const char* tag, const QString& a, const QString& b) {
-    QTest::newRow(tag) << a << b;
-}
-} // namespace
-
 class tst_actions : public QObject {
     Q_OBJECT
 private slots:
@@ -22,12 +16,11 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("stem"); // with the extension: stem + ".scpt", or empty
         for (const char* name : {"Mail.scpt", " Mail\t", "Mail.txt"})
-            row(name, name, "Mail");
-        row("empty", "", "");
-        row("full stop", ".", "");
-        row("extension only", ".scpt", "");
-        row("a.b.c", "a.b.c", "a");
-        row("dollar ends the name", "x$y.scpt", "x");
+            QTest::newRow(name) << name << "Mail";
+        // Only the first full stop counts, and a "$" before it ends the name.
+        for (auto [name, stem] :
+             {std::pair{"", ""}, {".", ""}, {".scpt", ""}, {"a.b.c", "a"}, {"x$y.scpt", "x"}})
+            QTest::newRow(*name ? name : "empty") << name << stem;
     }
     void normalise() {
         QFETCH(QString, name);
@@ -39,10 +32,9 @@ private slots:
     void scriptName_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("expected");
-        row("present", "Mail.txt", "Mail.scpt");
-        row("case as on disk", "mail", "Mail.scpt");
-        row("absent", "Notes", "");
-        row("only in another folder", "Old", "");
+        // Found in the scripts folder only, with its case as on disk.
+        for (auto [name, file] : {std::pair{"Mail.txt", "Mail.scpt"}, {"mail", "Mail.scpt"}, {"Old", ""}})
+            QTest::newRow(name) << name << file;
     }
     void scriptName() {
         QFETCH(QString, name);
@@ -56,56 +48,48 @@ private slots:
 
     void shortcut_data() {
         QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("openExit");
+        QTest::addColumn<int>("openExit");
         QTest::addColumn<QString>("url"); // open's one argument; empty when open must not run
-        QTest::addColumn<QString>("message");
+        QTest::addColumn<QStringList>("messages");
         const QString run = "shortcuts://run-shortcut?name=";
-        auto fire = [](const char* name, QString exit, QString url, QString message) {
-            QTest::newRow(name) << QString(name) << exit << url << message;
-        };
-        fire("My Café Day", "0", run + "My%20Caf%C3%A9%20Day", {});
-        fire("Say \"hi\"; rm -rf ~", "0", run + "Say%20%22hi%22%3B%20rm%20-rf%20~", {});
+        QTest::newRow("percent-encoded")
+            << "My Café Day" << 0 << run + "My%20Caf%C3%A9%20Day" << QStringList();
+        QTest::newRow("one argument, never a command line")
+            << "Say \"hi\"; rm -rf ~" << 0 << run + "Say%20%22hi%22%3B%20rm%20-rf%20~" << QStringList();
         for (const char* name : {"mail", "My"}) // listed are "Mail" and "My Day"
-            fire(name, "0", {}, QString("The Shortcut, %1 does not exist on this computer.").arg(name));
-        fire("Mail", "3", run + "Mail", "Error Code: 3");
+            QTest::newRow(name)
+                << name << 0 << QString()
+                << QStringList{QString("The Shortcut, %1 does not exist on this computer.").arg(name)};
+        QTest::newRow("open fails") << "Mail" << 3 << run + "Mail" << QStringList{"Error Code: 3"};
     }
     void shortcut() {
         QFETCH(QString, name);
-        QFETCH(QString, openExit);
+        QFETCH(int, openExit);
         QFETCH(QString, url);
-        QFETCH(QString, message);
         FakeTools tools;
         ScriptedDialogs dialogs;
         tools.setAnswer("shortcuts", "\nMail\nMy Café Day\nSay \"hi\"; rm -rf ~\nMy Day\n");
-        tools.setAnswer("open.exit", openExit);
+        tools.setAnswer("open.exit", QString::number(openExit));
         ZOR::FireSC(name);
-        QStringList calls{"shortcuts\tlist"};
-        if (!url.isEmpty()) calls << "open\t" + url;
-        QCOMPARE(tools.log(), calls);
-        QCOMPARE(dialogs.texts(), message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(tools.log(), QStringList{"shortcuts\tlist"} +
+                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+        QTEST(dialogs.texts(), "messages");
     }
 
-    void engineCheck_data() {
-        QTest::addColumn<QString>("engine");
-        QTest::addColumn<QString>("editorEngine");
-        QTest::addColumn<bool>("runs");
-        QTest::addColumn<int>("checks");
-        QTest::newRow("engine") << QString("true") << QString("true") << true << 1;
-        QTest::newRow("only the editor's engine") << QString("false") << QString("true") << true << 2;
-        QTest::newRow("neither") << QString("false") << QString("false") << false << 2;
-    }
+    // Either Keyboard Maestro engine will do: its own, or the one inside the editor.
     void engineCheck() {
-        QFETCH(QString, engine);
-        QFETCH(QString, editorEngine);
         FakeTools tools;
         ScriptedDialogs dialogs;
-        tools.setAnswer("running:com.stairways.keyboardmaestro.engine", engine);
-        tools.setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editorEngine);
-        QTEST(ZOR::KeyboardMaestroEngineRuns(), "runs");
-        QTEST(int(tools.log().size()), "checks");
-        QVERIFY(tools.log().first().endsWith("\"com.stairways.keyboardmaestro.engine\" is running"));
+        QList<bool> runs;
+        for (auto [engine, editor] : {std::pair{"true", "false"}, {"false", "true"}, {"false", "false"}}) {
+            tools.setAnswer("running:com.stairways.keyboardmaestro.engine", engine);
+            tools.setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editor);
+            runs << ZOR::KeyboardMaestroEngineRuns();
+        }
+        QCOMPARE(runs, (QList<bool>{true, true, false}));
     }
 
+    // Each argument reaches the bundled script whole; without osascript the user is told.
     void bridges_data() {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QStringList>("arguments");
@@ -117,41 +101,17 @@ private slots:
         QFETCH(QStringList, arguments);
         FakeTools tools;
         ScriptedDialogs dialogs;
-        if (arguments.size() == 2)
-            ZOR::FireKM(arguments[0], arguments[1]);
-        else
-            ZOR::FireAS(arguments[0]);
+        const auto fire = [&] {
+            arguments.size() == 2 ? ZOR::FireKM(arguments[0], arguments[1]) : ZOR::FireAS(arguments[0]);
+        };
+        fire();
         const QString resources =
             QFileInfo(QCoreApplication::applicationDirPath()).dir().filePath("Resources");
-        const QString call =
-            QStringList{"osascript", resources + '/' + script, arguments.join('\t')}.join('\t');
-        QTRY_COMPARE(tools.log(), QStringList{call});
-
+        QTRY_COMPARE(tools.log(),
+                     QStringList{"osascript\t" + resources + '/' + script + '\t' + arguments.join('\t')});
         tools.remove("osascript");
-        FirePalette({"P00", "00"});
-        QCOMPARE(dialogs.texts(),
-                 QStringList{"Cannot run FirePalette.scpt: osascript could not be started."});
-    }
-
-    void shortcutKeys_data() {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("sID");
-        row("lower case", "a", "00");
-        row("upper case", "A", "26");
-        row("same letter twice: lower index", "q", "40");
-        row("hidden button", "h", "99");
-        row("no button", "z", "");
-    }
-    void shortcutKeys() {
-        QFETCH(QString, key);
-        ZOR::aBtn = std::make_shared<std::vector<BtnRef>>();
-        for (int i = 0; i < kButtonsPerPalette; ++i)
-            ZOR::aBtn->push_back(
-                std::make_shared<Btn>(Btn{.Shortcut = kNoShortcut, .sID = QString::asprintf("%02d", i)}));
-        for (auto [index, letter] : {std::pair{0, "a"}, {26, "A"}, {73, "q"}, {40, "q"}, {99, "h"}})
-            (*ZOR::aBtn)[index]->Shortcut = letter;
-        (*ZOR::aBtn)[99]->Vis = false;
-        QTEST(ZOR::sID_FromShortcut(key), "sID");
+        fire();
+        QCOMPARE(dialogs.texts(), QStringList{"Cannot run " + script + ": osascript could not be started."});
     }
 };
 
