@@ -2,9 +2,25 @@
 
 #include "util/ZorError.h"
 
+#include <cctype>
 #include <charconv>
 
 namespace JsonText {
+
+namespace {
+// Bytes that end a plain run inside a string: the quote, the backslash and control characters.
+constexpr std::array<bool, 256> kEndsRun = [] {
+    std::array<bool, 256> table{};
+    for (int c = 0; c < 0x20; ++c) table[size_t(c)] = true;
+    table['"'] = table['\\'] = true;
+    return table;
+}();
+
+size_t plainRunEnd(std::string_view text, size_t from) {
+    while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
+    return from;
+}
+} // namespace
 
 Reader::Reader(std::string_view utf8) : text(utf8) {
     if (text.size() >= 3 && text.substr(0, 3) == "\xEF\xBB\xBF") pos = 3; // tolerate a byte-order mark
@@ -108,7 +124,7 @@ void Reader::parseString(std::string& out) {
     ++pos; // opening quote
     for (;;) {
         const size_t start = pos;
-        while (pos < text.size() && text[pos] != '"' && text[pos] != '\\' && uint8_t(text[pos]) >= 0x20) ++pos;
+        pos = plainRunEnd(text, pos);
         out.append(text.substr(start, pos - start));
         if (pos >= text.size()) fail("unterminated string");
         const char c = text[pos++];
@@ -157,8 +173,7 @@ void Reader::parseString(std::string& out) {
 std::string_view Reader::stringView() {
     // Most strings hold no escape: their bytes are used where they stand.
     const size_t start = pos + 1;
-    size_t end = start;
-    while (end < text.size() && text[end] != '"' && text[end] != '\\' && uint8_t(text[end]) >= 0x20) ++end;
+    const size_t end = plainRunEnd(text, start);
     if (end < text.size() && text[end] == '"') {
         pos = end + 1;
         return text.substr(start, end - start);
@@ -170,7 +185,19 @@ std::string_view Reader::stringView() {
 QString Reader::readString() {
     if (peek() != '"') fail("expected a string");
     const std::string_view bytes = stringView();
-    return bytes.empty() ? QString() : QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    if (bytes.empty()) return {};
+    const auto c0 = uint8_t(bytes[0]);
+    if (bytes.size() == 1 && c0 < 0x80) {
+        QString& shared = letters[c0];
+        if (shared.isEmpty()) shared = QString(QChar(c0));
+        return shared;
+    }
+    if (bytes.size() == 2 && isdigit(c0) && isdigit(uint8_t(bytes[1]))) {
+        QString& shared = digitPairs[size_t((c0 - '0') * 10 + (bytes[1] - '0'))];
+        if (shared.isEmpty()) shared = QString::fromLatin1(bytes.data(), 2);
+        return shared;
+    }
+    return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
 }
 
 void Reader::skipNumber() {

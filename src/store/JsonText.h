@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -39,6 +40,10 @@ private:
     bool firstInContainer = false;
     std::string scratch;
     std::string keyScratch;
+    // Most strings of the store are a letter or two digits (shortcuts, button numbers): shared
+    // copies spare ten thousands of small allocations.
+    std::array<QString, 128> letters;
+    std::array<QString, 100> digitPairs;
 };
 
 // Writes UTF-16 text straight into a QString: the caller wants a string, and the values are
