@@ -9,4 +9,6 @@ QString desktop();
 QString documents();
 QString home();
 QString applications();
+// Tests: every folder above lies in `home` (empty: the user's own again).
+void setHomeForTests(const QString& home);
 } // namespace StdFolders

@@ -14,10 +14,12 @@ TempHome::TempHome()
     qputenv("XDG_CONFIG_HOME", (dir.path() + "/.config").toUtf8());
     QDir(dir.path()).mkpath(".local/share");
     QDir(dir.path()).mkpath("Desktop");
+    StdFolders::setHomeForTests(dir.path());
     AppGlobals::appSupportFolder.clear();
 }
 
 TempHome::~TempHome() {
+    StdFolders::setHomeForTests({});
     qputenv("HOME", oldHome);
     qputenv("XDG_DATA_HOME", oldDataHome);
     qputenv("XDG_CONFIG_HOME", oldConfigHome);
