@@ -1,6 +1,7 @@
 #include "common/Program.h"
 
 #include "app/App.h"
+#include "help/ErrorHandling.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
@@ -22,6 +23,7 @@ Program::Program() { resetProgramState(); }
 Program::~Program() { win.reset(); }
 
 winMain& Program::start() {
+    ErrorHandling::Install();
     App::Event_Opening();
     win = std::make_unique<winMain>();
     win->Event_Opening();

@@ -30,7 +30,14 @@ QString TempHome::programFolder() const { return appSupport() + '/' + AppGlobals
 QString TempHome::desktop() const { return StdFolders::desktop(); }
 
 QString TempHome::write(const QString& relativeToHome, const QByteArray& content) const {
-    const QString path = dir.path() + '/' + relativeToHome;
+    return writeFile(dir.path() + '/' + relativeToHome, content);
+}
+
+QString TempHome::writeInProgram(const QString& relativePath, const QByteArray& content) const {
+    return writeFile(programFolder() + '/' + relativePath, content);
+}
+
+QString TempHome::writeFile(const QString& path, const QByteArray& content) {
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile file(path);
     if (file.open(QIODevice::WriteOnly)) file.write(content);

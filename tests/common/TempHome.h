@@ -14,8 +14,11 @@ public:
     QString desktop() const;
     // Writes a file (creating its folders) and gives its path.
     QString write(const QString& relativeToHome, const QByteArray& content) const;
+    // The same, relative to the program folder in application support.
+    QString writeInProgram(const QString& relativePath, const QByteArray& content) const;
 
 private:
+    static QString writeFile(const QString& path, const QByteArray& content);
     QTemporaryDir dir;
     QByteArray oldHome, oldDataHome, oldConfigHome;
 };
