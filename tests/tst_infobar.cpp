@@ -1,7 +1,5 @@
 // The information bar: what it tells about the button under the pointer, and how it fits tips.
 #include "common/Program.h"
-#include "common/ScriptedDialogs.h"
-#include "common/TempHome.h"
 #include "help/HelpLabels.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
@@ -12,34 +10,20 @@
 #include <QTest>
 
 namespace {
-Btn& button(int index) { return *(*ZOR::aBtn)[size_t(index)]; }
 QColor barColour(const winMain& w) { return w.rectBackgroundTip->palette().color(QPalette::Window); }
 const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
 } // namespace
 
-class InfoBarTest : public QObject {
+class InfoBarTest : public QObject, ProgramFixture {
     Q_OBJECT
 
-    std::unique_ptr<TempHome> home;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<Program> program;
-
-    winMain& startWith(int columns) {
-        writeStoreFile(1, 3, columns);
-        return program->start();
-    }
+    winMain& startWith(int columns) { return ProgramFixture::startWith(1, 3, columns); }
 
 private slots:
-    void init() {
-        home = std::make_unique<TempHome>();
-        dialogs = std::make_unique<ScriptedDialogs>();
-        program = std::make_unique<Program>();
-    }
+    void init() { setUpProgram(); }
     void cleanup() {
-        program.reset();
         QVERIFY(dialogs->texts().isEmpty());
-        dialogs.reset();
-        home.reset();
+        tearDownProgram();
     }
 
     void barTellsTheKind_data() {

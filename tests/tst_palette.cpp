@@ -1,9 +1,5 @@
 // The palette window at work: painting, clicks, keys, menus and palette switching.
-#include "common/FakeTools.h"
 #include "common/Program.h"
-#include "common/ScriptedDialogs.h"
-#include "common/TempHome.h"
-#include "help/GeneralMethods.h"
 #include "help/HelpLabels.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
@@ -20,8 +16,6 @@
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
 const QString kEditorEngine = "running:com.stairways.keyboardmaestro.editor.engine";
-
-Btn& button(int index) { return *(*ZOR::aBtn)[size_t(index)]; }
 
 void savePicture(const TempHome& home, const QString& palette, const QString& name, QColor colour) {
     QImage picture(64, 64, QImage::Format_RGB32);
@@ -40,39 +34,18 @@ QStringList launches(const FakeTools& tools) {
 }
 } // namespace
 
-class PaletteTest : public QObject {
+class PaletteTest : public QObject, ProgramFixture {
     Q_OBJECT
 
-    std::unique_ptr<TempHome> home;
-    std::unique_ptr<FakeTools> tools;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<Program> program;
-    QString resources;
+    QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
 
-    winMain& startWith(int palettes, int rows = 10, int columns = 10) {
-        writeStoreFile(palettes, rows, columns);
-        return program->start();
-    }
     void click(int index, Qt::KeyboardModifiers modifiers = {}) {
-        cnBut* canvas = program->window()->cnButs[size_t(index)];
-        QTest::mouseClick(canvas, Qt::LeftButton, modifiers, QPoint(10, 10));
+        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers, QPoint(10, 10));
     }
 
 private slots:
-    void init() {
-        home = std::make_unique<TempHome>();
-        tools = std::make_unique<FakeTools>();
-        dialogs = std::make_unique<ScriptedDialogs>();
-        program = std::make_unique<Program>();
-        resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
-        GeneralMethods::ForgetVersionOS_Major();
-    }
-    void cleanup() {
-        program.reset();
-        dialogs.reset();
-        tools.reset();
-        home.reset();
-    }
+    void init() { setUpProgram(); }
+    void cleanup() { tearDownProgram(); }
 
     void windowFollowsTheGrid_data() {
         QTest::addColumn<int>("rows");
@@ -319,8 +292,8 @@ private slots:
         QVERIFY(dialogs->texts().isEmpty());
 
         // One palette only: every item is disabled, P00 carries its alias.
-        cleanup();
-        init();
+        tearDownProgram();
+        setUpProgram();
         startWith(1);
         MainMenuBar* single = program->window()->findChild<MainMenuBar*>();
         program->window()->Event_MenuBarSelected();

@@ -2,6 +2,7 @@
 
 #include "app/App.h"
 #include "help/ErrorHandling.h"
+#include "help/GeneralMethods.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
@@ -54,3 +55,25 @@ QString writeStoreFile(int palettes, int rows, int columns, QRect window) {
     resetProgramState();
     return folder + "/PreserveState.txt";
 }
+
+void ProgramFixture::setUpProgram() {
+    home = std::make_unique<TempHome>();
+    tools = std::make_unique<FakeTools>();
+    dialogs = std::make_unique<ScriptedDialogs>();
+    program = std::make_unique<Program>();
+    GeneralMethods::ForgetVersionOS_Major();
+}
+
+void ProgramFixture::tearDownProgram() {
+    program.reset();
+    dialogs.reset();
+    tools.reset();
+    home.reset();
+}
+
+winMain& ProgramFixture::startWith(int palettes, int rows, int columns) {
+    writeStoreFile(palettes, rows, columns);
+    return program->start();
+}
+
+Btn& ProgramFixture::button(int index) { return *(*ZOR::aBtn)[size_t(index)]; }

@@ -1,4 +1,9 @@
 #pragma once
+#include "common/FakeTools.h"
+#include "common/ScriptedDialogs.h"
+#include "common/TempHome.h"
+#include "store/Btn.h"
+
 #include <QRect>
 #include <QString>
 #include <memory>
@@ -23,3 +28,19 @@ private:
 // A store of `palettes` default palettes (slot 0 the first palette) written as PreserveState.txt
 // into the program folder under the current home; returns the file's path.
 QString writeStoreFile(int palettes, int rows = 10, int columns = 10, QRect window = {});
+
+// A fresh home, fake Mac tools, scripted dialogs and a program for each test function of a
+// window test: call setUpProgram() in init() and tearDownProgram() in cleanup().
+class ProgramFixture {
+protected:
+    void setUpProgram();
+    void tearDownProgram();
+    // Starts the program on a store of default palettes of that size.
+    winMain& startWith(int palettes, int rows = 10, int columns = 10);
+    static Btn& button(int index); // of the active palette
+
+    std::unique_ptr<TempHome> home;
+    std::unique_ptr<FakeTools> tools;
+    std::unique_ptr<ScriptedDialogs> dialogs;
+    std::unique_ptr<Program> program;
+};
