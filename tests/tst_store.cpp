@@ -98,11 +98,7 @@ private slots:
         b.Info = "first line\nsecond line\r\nthird\ttabbed";
         b.Tip = R"(She said "go" \ then C:\path\)";
         b.SCname = QString::fromUtf8("Grüße ✓ 日本語 🎹");
-        b.AutoMin = 50;
-        b.Clipbrd = 1;
-        b.PaletteGo = "12";
-        b.Vis = false;
-        b.ShortcutShow = true;
+        b.AutoMin = 50, b.Clipbrd = 1, b.PaletteGo = "12", b.Vis = false, b.ShortcutShow = true;
         ZOR::DP[99].s_Particulars = QString::fromUtf8("Zeile 1\nZeile 2 — ✓");
         ZOR::idxCP = 42;
         ZOR::initialWinLeft = 11, ZOR::initialWinTop = 22, ZOR::initialWinWidth = 256, ZOR::initialWinHeight = 222;
@@ -150,12 +146,10 @@ private slots:
                                                "Transitioning to new format of stored JSON data: Clipbrd",
                                                "Transitioning to new format of stored JSON data: KM_Active",
                                                "Transitioning to new format of stored JSON data: Particulars"}));
-        QCOMPARE(ZOR::DP[0].a_Btn->at(0)->KM_Active, true);  // fired nothing else: a macro button
-        QCOMPARE(ZOR::DP[0].a_Btn->at(1)->KM_Active, false); // a Shortcut button
-        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Row, qint64(0));
-        QCOMPARE(ZOR::DP[1].a_Btn->at(7)->Col, qint64(7));
-        QCOMPARE(ZOR::DP[0].s_Particulars, QString());
-        QCOMPARE(ZOR::paletteContentChange, false);
+        // A button that fired nothing else was a macro button; button 1 runs a Shortcut.
+        QVERIFY(ZOR::DP[0].a_Btn->at(0)->KM_Active && !ZOR::DP[0].a_Btn->at(1)->KM_Active);
+        QVERIFY(ZOR::DP[1].a_Btn->at(7)->Row == 0 && ZOR::DP[1].a_Btn->at(7)->Col == 7);
+        QVERIFY(ZOR::DP[0].s_Particulars.isEmpty() && !ZOR::paletteContentChange);
     }
 
     void unreadableDataIsReported_data() {
@@ -199,8 +193,7 @@ private slots:
             QVERIFY(QFileInfo(home.programFolder() + '/' + folder).isDir());
         program.quit();
         const QByteArray saved = readAll(home.programFolder() + "/PreserveState.txt");
-        QVERIFY(!saved.startsWith("\xEF\xBB\xBF"));
-        QVERIFY(!saved.endsWith('\n'));
+        QVERIFY(!saved.startsWith("\xEF\xBB\xBF") && !saved.endsWith('\n'));
         QCOMPARE(ordered_json::parse(saved.toStdString()).size(), size_t(102));
         QCOMPARE(emergencyCopies(home), QStringList{"260508_2314PreserveStateBU.txt"});
     }
@@ -227,11 +220,10 @@ private slots:
         if (newFolderExists) home.writeInProgram("Help_ZOR_Palette.sqlite", "old help");
         Program program;
         program.start();
-        QVERIFY(!QFileInfo::exists(support + "/ZOR_Palette"));
-        QVERIFY(!QFileInfo::exists(home.programFolder() + "/Help_ZOR_Palette.sqlite"));
+        QVERIFY(!QFileInfo::exists(support + "/ZOR_Palette") &&
+                !QFileInfo::exists(home.programFolder() + "/Help_ZOR_Palette.sqlite"));
         if (!newFolderExists) {
-            QCOMPARE(ZOR::DP.size(), size_t(2)); // the old data was loaded from the new name
-            QCOMPARE(ZOR::numRows, qint64(3));
+            QVERIFY(ZOR::DP.size() == 2 && ZOR::numRows == 3); // the old data, loaded from the new name
         } else if (!oldFolderEmpty) {
             const QStringList kept = QDir(home.programFolder()).entryList({"OldZOR_PaletteFolder_*"}, QDir::Dirs);
             QCOMPARE(kept.size(), 1);
