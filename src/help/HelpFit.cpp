@@ -63,3 +63,8 @@ WindowFit::TextHeight HelpFit::systemFontHeight(const QString& text, int pointSi
         return QFontMetrics(font).boundingRect(QRect(0, 0, width, 1000000), Qt::TextWordWrap, text).height();
     };
 }
+
+void HelpFit::SizeHelpWindow(QWidget& window, int width, int height, const WindowFit::TextHeight& heightAt) {
+    const QRect available = AvailableArea();
+    SizeAndPlace(window, width > 0 && height > 0 ? QSize(width, height) : FittedSize(heightAt, available), available);
+}

@@ -30,6 +30,10 @@ QPoint UpperRight(const QRect& available, int windowWidth);
 // Resizes `window` (its minimum and maximum apply) and puts it at the upper right.
 void SizeAndPlace(QWidget& window, QSize size, const QRect& available);
 
+// A help window's sizing: the record's own size when it has one, else the size fitted to its
+// text; then placed at the upper right of the main screen.
+void SizeHelpWindow(QWidget& window, int width, int height, const WindowFit::TextHeight& heightAt);
+
 // With Option held at Done: the window's size and title go to the Desktop file WindowSizeInfo,
 // so that the author of the table can size a help window by hand and copy the numbers.
 void WriteWindowSizeInfo(const QWidget& window);

@@ -57,13 +57,7 @@ QString winHelp::RawTextFromHTML(const QString& htmlText) {
 
 void winHelp::AdjustWindowSize(const QString& text, int width, int height) {
     Guard::run(Where::windowMethod("winHelp", "AdjustWindowSize").directForm(), [&] {
-        const QRect available = HelpFit::AvailableArea();
-        const QSize size =
-            width > 0 && height > 0
-                ? QSize(width, height)
-                : HelpFit::FittedSize(textHeight ? textHeight : WindowFit::helveticaHeight(text, 14),
-                                      available);
-        HelpFit::SizeAndPlace(*this, size, available);
+        HelpFit::SizeHelpWindow(*this, width, height, textHeight ? textHeight : WindowFit::helveticaHeight(text, 14));
     });
 }
 

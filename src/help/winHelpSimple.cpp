@@ -54,13 +54,7 @@ void winHelpSimple::PrepareAndShowWindow(const QString& helpText, const QString&
 
 void winHelpSimple::AdjustWindowSize(int width, int height) {
     Guard::run(Where::windowMethod("winHelpSimple", "AdjustWindowSize"), [&] {
-        const QRect available = HelpFit::AvailableArea();
-        const QSize size =
-            width > 0 && height > 0
-                ? QSize(width, height)
-                : HelpFit::FittedSize(textHeight ? textHeight : HelpFit::systemFontHeight(text, 14),
-                                      available);
-        HelpFit::SizeAndPlace(*this, size, available);
+        HelpFit::SizeHelpWindow(*this, width, height, textHeight ? textHeight : HelpFit::systemFontHeight(text, 14));
     });
 }
 
