@@ -8,8 +8,6 @@
 #include "help/winHelpSimple.h"
 
 #include <QAbstractScrollArea>
-#include <QDir>
-#include <QEnterEvent>
 #include <QtTest>
 
 // Records like ScriptedDialogs, and notes each built window's title, class, place and shown text.
@@ -29,9 +27,7 @@ struct PeekingDialogs : ScriptedDialogs {
     }
 };
 
-using Heights = QList<int>; // text heights at 300, 400, 600, 800, 1000
-
-static WindowFit::TextHeight heightsAt(const Heights& h) {
+static WindowFit::TextHeight heightsAt(const QList<int>& h) { // text heights at 300, 400, 600, 800, 1000
     return [h](int width) { return h.value(QList<int>{300, 400, 600, 800, 1000}.indexOf(width), -100000); };
 }
 
@@ -40,11 +36,15 @@ static QRect placed(QSize size) { // help windows stand at the upper right of th
     return {QPoint(screen.x() + screen.width() - size.width() - 4, screen.top() + 22), size};
 }
 
-static QString desktopText(const TempHome& home, const QString& name) { // the file behind its date stamp
-    const QStringList names = QDir(home.desktop()).entryList({"??????_??????" + name}, QDir::Files);
-    if (names.size() != 1) return QStringLiteral("<%1 files>").arg(names.size());
-    QFile file(QDir(home.desktop()).filePath(names[0]));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+// The files on the Desktop, each as "name: text", the name without its date stamp.
+static QStringList desktopFiles(const TempHome& home) {
+    QStringList files;
+    for (const QFileInfo& info : QDir(home.desktop()).entryInfoList(QDir::Files)) {
+        QFile file(info.filePath());
+        files << info.fileName().remove(QRegularExpression("^\\d{6}_\\d{6}")) + ": " +
+                     (file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : "unreadable");
+    }
+    return files.sort(), files;
 }
 
 static QString hover(labZor* label, bool enter) { // what the label shows afterwards
@@ -78,10 +78,8 @@ class tst_help : public QObject {
     TempHome home; // for whatever a test writes without a home of its own
 
 private slots:
-    void init() { // the compiled table, with any complaint about it kept off the screen
-        ScriptedDialogs quiet;
-        Help::FillDictionaryFromHELP_TEXT();
-    }
+    // The compiled table, any complaint about it recorded by a dialog script that lives for the statement.
+    void init() { (ScriptedDialogs(), Help::FillDictionaryFromHELP_TEXT()); }
 
     void cleaning_data() {
         QTest::addColumn<QString>("table");
@@ -90,6 +88,7 @@ private slots:
         const auto row = [](const char* name, QString table, QString cleaned, QString message = {}) {
             QTest::newRow(name) << table << cleaned << message;
         };
+        row("the compiled table", Help::HELP_TEXT(), Help::HELP_TEXT());
         row("clean", "3\tT\tA\t0\t0<#CR>\n4\t\tB\t0\t0<#CR>", "3\tT\tA\t0\t0<#CR>\n4\t\tB\t0\t0<#CR>");
         row("2 fields: id and content", "7\tSome text<#CR>", "7\t\tSome text\t0\t0<#CR>");
         row("4 fields, the zero side set to 100", "7\tT\tText\t340<#CR>", "7\tT\tText\t340\t100<#CR>");
@@ -100,7 +99,6 @@ private slots:
         row("6 fields", "7\tT\tText\t0\t0\t0<#CR>", "", kSeparators);
         row("a bad second record stops all", "3\tT\tText\t0\t0<#CR>\n4\tonly<#CR>\n5<#CR>", "", kSeparators);
         row("id not digits", "x7\tT\tText\t0\t0<#CR>", "", kDigits);
-        row("width not digits", "7\tT\tText\t4a\t0<#CR>", "", kDigits);
         row("negative height", "7\tT\tText\t300\t-5<#CR>", "", kDigits);
         row("content of digits", "7\tT\t12345\t0\t0<#CR>", "", kContent);
         row("no content, no title", "7\t\t\t0\t0<#CR>", "", kContent);
@@ -112,36 +110,32 @@ private slots:
         TempHome fresh;
         ScriptedDialogs dialogs;
         Help::FillDictionaryFromHELP_TEXT(table);
-        QCOMPARE(Help::cleanedHelpText, cleaned);
-        QCOMPARE(Help::helpDict.isEmpty(), !message.isEmpty()); // a refused table leaves no help at all
-        QCOMPARE(dialogs.texts(), message.isEmpty() ? QStringList() : QStringList{message});
-        // The author of the table sees what was refused, or what was changed; a clean table writes nothing.
-        QCOMPARE(desktopText(fresh, "BadOriginal.txt"), message.isEmpty() ? "<0 files>" : table);
-        const bool changed = message.isEmpty() && cleaned != table;
-        QCOMPARE(desktopText(fresh, "Cleaned.txt"), changed ? cleaned : "<0 files>");
-        QCOMPARE(desktopText(fresh, "Original.txt"), changed ? table : "<0 files>");
-    }
-
-    void compiledTableIsCleanAndComplete() { // and holds only the records that the walk below opens
-        QCOMPARE(Help::cleanedHelpText, Help::HELP_TEXT());
-        QCOMPARE(Help::helpDict.size(), kRecords.size());
+        const bool refused = !message.isEmpty();
+        QCOMPARE(Help::helpDict.isEmpty(), refused); // a refused table leaves no help at all
+        // Its author sees on the Desktop what was refused, or what was changed; a clean table writes nothing.
+        QCOMPARE(QStringList({Help::cleanedHelpText, dialogs.texts().join('|')}) + desktopFiles(fresh),
+                 QStringList({cleaned, message}) +
+                     (refused            ? QStringList{"BadOriginal.txt: " + table}
+                      : cleaned == table ? QStringList()
+                                         : QStringList{"Cleaned.txt: " + cleaned, "Original.txt: " + table}));
     }
 
     void everyRecordOpens_data() {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("title");
+        QTest::addColumn<int>("id"); // the row's name is "id title"
         for (const QString& record : kRecords)
-            QTest::newRow(qPrintable(record)) << record.section(' ', 0, 0).toInt() << record.section(' ', 1);
+            QTest::newRow(qPrintable(record)) << record.section(' ', 0, 0).toInt();
     }
     void everyRecordOpens() {
         QFETCH(int, id);
         PeekingDialogs dialogs;
         Help::ShowHelp(id);
-        QCOMPARE(dialogs.requests.size(), 1); // the window itself, and no failure report
         const auto seen = dialogs.seen.value(0);
-        QTEST(seen.title, "title");
+        // The window itself and no failure report; the compiled table holds only the records walked here.
+        QCOMPARE(QList<qsizetype>({dialogs.requests.size(), Help::helpDict.size()}),
+                 QList<qsizetype>({1, kRecords.size()}));
         // A plain text that happened to hold a tag would be shown as HTML, its line breaks lost.
-        QCOMPARE(seen.className, QString(id == 40 || id == 46 ? "winHelp" : "winHelpSimple"));
+        QCOMPARE(QString::number(id) + ' ' + seen.title + ' ' + seen.className,
+                 QTest::currentDataTag() + QString(id == 40 || id == 46 ? " winHelp" : " winHelpSimple"));
         QVERIFY(!seen.shown.contains('<') && (seen.shown.size() > 80 || id == 14 || id == 19));
         // A record's own size stands; a fitted one stays on the screen.
         const QSize size = kSized.value(id, seen.geometry.size());
@@ -175,62 +169,46 @@ private slots:
     }
     void isHTML() { QTEST(Help::IsHTML(QString::fromUtf8(QTest::currentDataTag())), "html"); }
 
-    void choosingTheWidth_data() {
-        QTest::addColumn<Heights>("heights");
-        QTest::addColumn<QRect>("available");
-        QTest::addColumn<QSize>("size");
-        const QRect large(0, 25, 2560, 1575);
-        QTest::newRow("80 less is no gain") << Heights{180, 100, 90, 80, 70} << large << QSize(340, 396);
-        QTest::newRow("first step pays") << Heights{600, 400, 350, 320, 300} << large << QSize(440, 696);
-        QTest::newRow("2nd and 4th pay") << Heights{900, 850, 700, 650, 500} << large << QSize(1040, 816);
-        QTest::newRow("80% of a small screen")
-            << Heights{6000, 4000, 3000, 2000, 1500} << QRect(0, 0, 1024, 600) << QSize(819, 480);
-    }
+    // A wider step must save 80 pixels of height; a small screen gives 80% of itself.
     void choosingTheWidth() {
-        QFETCH(Heights, heights);
-        QFETCH(QRect, available);
-        QTEST(HelpFit::FittedSize(heightsAt(heights), available), "size");
+        const auto fit = [](const QList<int>& h, QRect available = QRect(0, 25, 2560, 1575)) {
+            return HelpFit::FittedSize(heightsAt(h), available);
+        };
+        QCOMPARE((QList<QSize>{fit({180, 100, 90, 80, 70}), fit({600, 400, 350, 320, 300}),
+                               fit({900, 850, 700, 650, 500}),
+                               fit({6000, 4000, 3000, 2000, 1500}, {0, 0, 1024, 600})}),
+                 (QList<QSize>{{340, 396}, {440, 696}, {1040, 816}, {819, 480}}));
     }
 
-    void explanationWindow_data() { // asked sizes are held within 350 x 250 to 2000 x 1600
-        QTest::addColumn<QSize>("asked");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("as asked") << QSize(500, 270) << QSize(500, 270);
-        QTest::newRow("raised to its minimum") << QSize(100, 100) << QSize(350, 250);
-        QTest::newRow("held at its maximum") << QSize(2500, 1700) << QSize(2000, 1600);
-        QTest::newRow("a zero side: fitted, then raised") << QSize(500, 0) << QSize(350, 250);
-    }
+    // Asked sizes are held within 350 x 250 to 2000 x 1600; a zero side is fitted, then raised.
     void explanationWindow() {
-        QFETCH(QSize, asked);
         PeekingDialogs dialogs;
-        winExplainHTML window;
-        window.textHeight = heightsAt({17, 17, 17, 17, 17}); // one line, whatever the width
-        window.PrepareAndShowWindow("<p>A</p><p> <i>X</i></p>", "Why", asked.width(), asked.height());
-        QCOMPARE(dialogs.seen.value(0).title + ": " + dialogs.seen.value(0).shown, "Why: A\nX");
-        QFETCH(QSize, size);
-        QCOMPARE(dialogs.seen.value(0).geometry, placed(size));
+        QList<QRect> placedAt;
+        for (const QSize asked : {QSize(500, 270), QSize(2500, 1700), QSize(500, 0)}) {
+            winExplainHTML window;
+            window.textHeight = heightsAt({17, 17, 17, 17, 17}); // one line, whatever the width
+            window.PrepareAndShowWindow("<p>A</p><p> <i>X</i></p>", "Why", asked.width(), asked.height());
+            QCOMPARE(dialogs.seen.last().title + ": " + dialogs.seen.last().shown, "Why: A\nX");
+            placedAt << dialogs.seen.last().geometry;
+        }
+        QCOMPARE(placedAt, (QList<QRect>{placed({500, 270}), placed({2000, 1600}), placed({350, 250})}));
     }
 
     // Done with Option held notes the window's size on the Desktop, for whoever sizes the records.
-    void doneWritesSizeInfoWithOption_data() {
-        QTest::addColumn<Qt::KeyboardModifiers>("keys");
-        QTest::addColumn<QString>("written");
-        QTest::newRow("Option") << (Qt::AltModifier | Qt::ShiftModifier)
-                                << "Width: 523   Height: 311  Title: T";
-        QTest::newRow("Shift") << Qt::KeyboardModifiers(Qt::ShiftModifier) << "<0 files>";
-    }
     void doneWritesSizeInfoWithOption() {
-        QFETCH(Qt::KeyboardModifiers, keys);
         ScriptedDialogs dialogs;
-        const auto done = [keys](auto&& window) {
+        const auto done = [](auto&& window, Qt::KeyboardModifiers keys) {
             TempHome fresh;
             window.resize(523, 311);
             window.setWindowTitle("T");
             window.pbDone_Pressed(keys);
-            return window.result() == QDialog::Accepted ? desktopText(fresh, "WindowSizeInfo.txt") : "open";
+            return window.result() == QDialog::Accepted ? desktopFiles(fresh).join('|') : "open";
         };
-        QTEST(done(winHelp()), "written");
-        QTEST(done(winHelpSimple()), "written");
+        const auto option = Qt::AltModifier | Qt::ShiftModifier;
+        const QString written = "WindowSizeInfo.txt: Width: 523   Height: 311  Title: T";
+        QCOMPARE((QStringList{done(winHelp(), option), done(winHelpSimple(), option),
+                              done(winHelp(), Qt::ShiftModifier), done(winHelpSimple(), Qt::ShiftModifier)}),
+                 (QStringList{written, written, "", ""}));
     }
 
     // With the shift rule, only a click with Shift or Option opens help; the information mark always does.
@@ -255,17 +233,16 @@ private slots:
     }
 
     void labelHover() {
-        QWidget window;
-        auto* shortcut = new labZorVisible(&window); // rests empty, and shows its mark under the pointer
-        shortcut->invisibleDefaultText = "*";
-        shortcut->setFont(QFont(shortcut->font().family(), -1, QFont::Bold));
-        shortcut->setEnterColor(QColor(0x941100));
-        shortcut->setExitColor(QColor(0x945200)); // the resting colour shows at once
-        QStringList shown{shortcut->textColor().name(), hover(shortcut, true), hover(shortcut, false)};
-        shortcut->setText("k"); // a letter stays
-        shown << hover(shortcut, true) << hover(shortcut, false);
+        labZorVisible shortcut; // rests empty, and shows its mark under the pointer
+        shortcut.invisibleDefaultText = "*";
+        shortcut.setFont(QFont(shortcut.font().family(), -1, QFont::Bold));
+        shortcut.setEnterColor(QColor(0x941100));
+        shortcut.setExitColor(QColor(0x945200)); // the resting colour shows at once
+        QStringList shown{shortcut.textColor().name(), hover(&shortcut, true), hover(&shortcut, false)};
+        shortcut.setText("k"); // a letter stays
+        shown << hover(&shortcut, true) << hover(&shortcut, false);
         QCOMPARE(shown, (QStringList{"#945200", "* #941100", " #945200", "k #941100", "k #945200"}));
-        QVERIFY(shortcut->font().bold()); // a label designed bold stays so
+        QVERIFY(shortcut.font().bold()); // a label designed bold stays so
     }
 };
 
