@@ -16,39 +16,26 @@
 #include <QScreen>
 #include <QtTest>
 
+#include <array>
 #include <csignal>
 #include <sys/resource.h>
 
-namespace {
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-} // namespace
-
-// Data tables stay one row a line.
+// Tables stay one row a line.
 // clang-format off
+static QByteArray readAll(const QString& path) { QFile f(path); return f.open(QIODevice::ReadOnly) ? f.readAll() : "<missing>"; }
+
 class TestUtil : public QObject {
     Q_OBJECT
 private slots:
     void cleanup() { Clock::reset(); }
 
-    void alphaDateTime_data() {
-        QTest::addColumn<qint64>("mode");
-        QTest::addColumn<QString>("expected");
-        const QStringList forms{"230523_195507", "230523", "230523_19", "230523_1955", "230523_195507", "2305231955",
-                                "2023.05.23", "230523_195507Aa", "05/23/2023 19:55:07", "20230523_195507",
-                                "230523_195507_042000000", "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"};
-        for (int m = 0; m <= 14; ++m) QTest::addRow("mode %d", m) << qint64(m) << forms[m]; // 0 falls back to 4
-    }
     void alphaDateTime() {
-        QFETCH(qint64, mode);
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7, 42)));
-        RtrnDateString::ResetCounter();
-        QTEST(RtrnDateString::rsAlphaDateTime(mode), "expected");
-    }
-
-    void alphaDateTimeEdges() {
+        QStringList forms;
+        for (int m = 0; m <= 14; ++m) { RtrnDateString::ResetCounter(); forms << RtrnDateString::rsAlphaDateTime(m); }
+        QCOMPARE(forms, (QStringList{"230523_195507", "230523", "230523_19", "230523_1955", "230523_195507", "2305231955", // 0 falls back to 4
+                                     "2023.05.23", "230523_195507Aa", "05/23/2023 19:55:07", "20230523_195507", "230523_195507_042000000",
+                                     "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"}));
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(0, 0, 1)));
         QCOMPARE(RtrnDateString::rsAlphaDateTime(13), "230523_0000rs"); // leading zeros kept
         QCOMPARE((RtrnDateString::rsAlphaDateTime(3) + "PreserveStateBU.txt").size(), 30);
@@ -73,9 +60,9 @@ private slots:
         for (const QString n : {"dst/p.png", "dst/1_p.png", "src/2_p.png"}) home.write(n, n.toUtf8());
         // 1_ is taken where the file goes, 2_ where it comes from.
         QCOMPARE(FileTools::MoveRenameIfNecessary(file, home.home() + "/dst"), home.home() + "/dst/3_p.png");
-        QCOMPARE(readAll(home.home() + "/dst/3_p.png"), "moved");
-        QVERIFY(!QFile::exists(file));
-        for (const QString n : {"dst/p.png", "dst/1_p.png", "src/2_p.png"}) QCOMPARE(readAll(home.home() + '/' + n), n.toUtf8());
+        QStringList now;
+        for (const QString n : {"src/p.png", "dst/p.png", "dst/1_p.png", "src/2_p.png", "dst/3_p.png"}) now << readAll(home.home() + '/' + n);
+        QCOMPARE(now, (QStringList{"<missing>", "dst/p.png", "dst/1_p.png", "src/2_p.png", "moved"}));
     }
 
     void hasExtension() {
@@ -97,8 +84,7 @@ private slots:
             QVERIFY(FileTools::StringToFileItem(text, name, home.home() + "/f"));
             QCOMPARE(readAll(target), text.toUtf8()); // no BOM, nothing left of the longer old content
         }
-        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", home.home() + "/f/notes.text/sub"));
-        QCOMPARE(dialogs.beeps(), 1);
+        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", home.home() + "/f/notes.text/sub") && dialogs.beeps() == 1);
         QCOMPARE(dialogs.texts(), QStringList{"Somehow unable to create the PreserveState.txt file. Method: StringToFileItem"});
 
         // A write that runs out of room (a file-size limit binds root too) must keep the old file.
@@ -112,68 +98,45 @@ private slots:
         const bool written = FileTools::StringToFileItem(QString(4096, 'y'), "PreserveState", home.home() + "/f");
         setrlimit(RLIMIT_FSIZE, &before);
         std::signal(SIGXFSZ, oldHandler);
-        QVERIFY(!written);
-        QCOMPARE(readAll(target), "old");
+        QVERIFY(!written && readAll(target) == "old");
         const QString shown = dialogs.texts().join('|');
         QVERIFY2(shown.startsWith("Could not save PreserveState.txt: ") && shown.endsWith(". The file that was there before is unchanged.") && dialogs.texts().size() == 1, qPrintable(shown));
         QCOMPARE(QDir(home.home() + "/f").entryList(QDir::Files), (QStringList{"notes.text", "PreserveState.txt"}));
     }
 
-    void textToFile_data() {
-        QTest::addColumn<QString>("fileName");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<qint64>("mode");
-        QTest::addColumn<QString>("expected"); // below home
-        QTest::newRow("mode 4 prefix") << "Table" << "Desktop" << qint64(4) << "/Schreibtisch/230523_195507Table.txt";
-        QTest::newRow("mode 10 no prefix") << "WindowSizeInfo" << "Desktop" << qint64(10) << "/Schreibtisch/WindowSizeInfo.txt";
-        QTest::newRow("Desktop sub-folder") << "a b:c" << "Desktop/Sub" << qint64(0) << "/Schreibtisch/Sub/a_b_c.txt";
-        QTest::newRow("path names the file") << "" << "x/y/z.txt" << qint64(0) << "/x/y/z.txt";
-        QTest::newRow("path cleaned") << "" << "a//b/.c.txt" << qint64(0) << "/a/b/_c.txt";
-        QTest::newRow("path already below home") << "" << "@home/x/z.txt" << qint64(0) << "/x/z.txt";
-        QTest::newRow("no name, no txt") << "" << "x/y" << qint64(0) << "/Schreibtisch/SavedFile.txt";
-    }
     void textToFile() {
-        QFETCH(QString, fileName);
-        QFETCH(QString, path);
-        QFETCH(qint64, mode);
-        QFETCH(QString, expected);
         TempHome home;
         home.write(".config/user-dirs.dirs", "XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n"); // not simply home + "/Desktop"
         ScriptedDialogs dialogs;
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7)));
+        const struct { QString fileName, path; qint64 mode; QString expected; } rows[] = { // expected below home
+            {"Table", "Desktop", 4, "/Schreibtisch/230523_195507Table.txt"}, {"WindowSizeInfo", "Desktop", 10, "/Schreibtisch/WindowSizeInfo.txt"},
+            {"a b:c", "Desktop/Sub", 0, "/Schreibtisch/Sub/a_b_c.txt"}, {"", "a//b/.c.txt", 0, "/a/b/_c.txt"},
+            {"", home.home() + "/x/z.txt", 0, "/x/z.txt"}, {"", "x/y", 0, "/Schreibtisch/SavedFile.txt"}}; // no name, no .txt
+        for (auto [fileName, path, mode, expected] : rows) {
 #ifdef Q_OS_MACOS
-        expected.replace("/Schreibtisch/", "/Desktop/"); // the Mac's Desktop has one name
+            expected.replace("/Schreibtisch/", "/Desktop/"); // the Mac's Desktop has one name
 #endif
-        QCOMPARE(FileTools::TextToFile("line", fileName, path.replace("@home", home.home()), mode), home.home() + expected);
-        QCOMPARE(readAll(home.home() + expected), "line");
+            QCOMPARE(FileTools::TextToFile("line", fileName, path, mode), home.home() + expected);
+            QCOMPARE(readAll(home.home() + expected), "line");
+        }
     }
 
-    void renameFolder_data() {
-        QTest::addColumn<QString>("parent");
-        QTest::addColumn<QString>("now");
-        QTest::addColumn<QString>("future");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("renamed") << "p" << "old" << "new" << "";
-        QTest::newRow("no parent") << "nothing" << "old" << "new" << "RenameFolder: The parent folder does not exist.";
-        QTest::newRow("no now") << "p" << "gone" << "new" << "RenameFolder: The now folder does not exist.";
-        QTest::newRow("now is a file") << "p" << "file" << "new" << "RenameFolder: The now folder does not exist.";
-        QTest::newRow("faulty") << "p" << "old" << "a/b" << "RenameFolder: The futureName, a/b, is faulty.";
-        QTest::newRow("taken") << "p" << "old" << "taken" << "RenameFolder: The futureName, taken, is already taken.";
-    }
     void renameFolder() {
-        QFETCH(QString, parent);
-        QFETCH(QString, now);
-        QFETCH(QString, future);
-        QFETCH(QString, message);
         TempHome home;
         for (const char* path : {"p/old/data.txt", "p/taken/x", "p/file"}) home.write(path, "data");
-        for (const bool show : {true, false}) {
-            ScriptedDialogs dialogs;
-            QCOMPARE(FileTools::RenameFolder(home.home() + '/' + parent, now, future, show), message.isEmpty());
-            QCOMPARE(dialogs.texts(), show && !message.isEmpty() ? QStringList{message} : QStringList());
-            QCOMPARE(readAll(home.home() + (message.isEmpty() ? "/p/new/data.txt" : "/p/old/data.txt")), "data");
-            if (message.isEmpty()) break;
-        }
+        for (auto [parent, now, future, message] : {std::array<const char*, 4>{"nothing", "old", "new", "RenameFolder: The parent folder does not exist."},
+                                                    {"p", "file", "new", "RenameFolder: The now folder does not exist."},
+                                                    {"p", "old", "a/b", "RenameFolder: The futureName, a/b, is faulty."},
+                                                    {"p", "old", "taken", "RenameFolder: The futureName, taken, is already taken."}})
+            for (const bool show : {true, false}) {
+                ScriptedDialogs dialogs;
+                QVERIFY2(!FileTools::RenameFolder(home.home() + '/' + parent, now, future, show), message);
+                QCOMPARE(dialogs.texts(), show ? QStringList{message} : QStringList());
+            }
+        ScriptedDialogs dialogs; // the failures above left "old" as it was
+        QVERIFY(FileTools::RenameFolder(home.home() + "/p", "old", "new", true) && dialogs.texts().isEmpty());
+        QCOMPARE(readAll(home.home() + "/p/new/data.txt"), "data");
     }
 
     void foldersOfTheProgram() {
@@ -203,41 +166,29 @@ private slots:
         QVERIFY(QFileInfo(home.desktop() + "/x_Data/ButtonPictures").isDir() && !QFileInfo::exists(home.home() + "/nowhere"));
     }
 
-    void removeWordToFit_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("fitsJust"); // maxWidth: this text's width and a little; empty: 1 pixel
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("short") << "abcd" << "" << "abcd";
-        QTest::newRow("fits") << "Open the mail" << "Open the mail" << "Open the mail";
-        QTest::newRow("cut at a word") << "Open the\nmail  program now" << "Open the mail…" << "Open the mail…";
-        QTest::newRow("one word left") << "Supercalifragilistic expialidocious words" << "" << "Supercalifragilistic";
-    }
     void removeWordToFit() {
-        QFETCH(QString, text);
-        QFETCH(QString, fitsJust);
-        const double width = fitsJust.isEmpty() ? 1.0 : StringUtils::MeasureString(fitsJust, "Helvetica", 14) + 0.5;
-        QTEST(StringUtils::RemoveWordToFit(text, "Helvetica", 14, width), "expected");
+        // maxWidth: the width of fitsJust and a little; with no fitsJust, 1 pixel
+        const auto fit = [](const QString& text, const QString& fitsJust = {}) {
+            return StringUtils::RemoveWordToFit(text, "Helvetica", 14, fitsJust.isEmpty() ? 1.0 : StringUtils::MeasureString(fitsJust, "Helvetica", 14) + 0.5);
+        };
+        QCOMPARE(fit("abcd"), "abcd"); // short
+        QCOMPARE(fit("Open the mail", "Open the mail"), "Open the mail");
+        QCOMPARE(fit("Open the\nmail  program now", "Open the mail…"), "Open the mail…"); // cut at a word
+        QCOMPARE(fit("Supercalifragilistic expialidocious words"), "Supercalifragilistic"); // one word left
     }
 
-    void rawTextFromHTML_data() {
-        QTest::addColumn<QString>("html");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("body only") << "<html><head><title>T</title></head><body><b>Hi</b></body></html>" << "Hi";
-        QTest::newRow("paragraphs") << "<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>" << "One two\n\nThree four\nfive";
-        QTest::newRow("white space runs") << "a \t \n  b" << "a \tb";
-    }
     void rawTextFromHTML() {
-        QFETCH(QString, html);
-        QTEST(RtrnString::rsRawTextFromHTML(html), "text");
+        QCOMPARE(RtrnString::rsRawTextFromHTML("<html><head><title>T</title></head><body><b>Hi</b></body></html>"), "Hi");
+        QCOMPARE(RtrnString::rsRawTextFromHTML("<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>"), "One two\n\nThree four\nfive");
+        QCOMPARE(RtrnString::rsRawTextFromHTML("a \t \n  b"), "a \tb"); // white space runs
     }
 
     void applicationIsRunning() {
         FakeTools tools;
-        const QString id = "com.stairways.keyboardmaestro.engine";
-        tools.setAnswer("running:" + id, "true\n"); // as osascript prints it
-        QVERIFY(FileTools::ApplicationIsRunning(id));
+        tools.setAnswer("running:com.example.app", "true\n"); // as osascript prints it
+        QVERIFY(FileTools::ApplicationIsRunning("com.example.app"));
         tools.remove("osascript");
-        QVERIFY(!FileTools::ApplicationIsRunning(id));
+        QVERIFY(!FileTools::ApplicationIsRunning("com.example.app"));
     }
 
     void withinScreen() {
