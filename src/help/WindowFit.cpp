@@ -1,5 +1,7 @@
 #include "help/WindowFit.h"
 
+#include <QPushButton>
+
 #include <QFont>
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -81,4 +83,12 @@ void WindowFit::Anchors::apply(QSize windowSize) const {
         } else
             tie.control->setGeometry(tie.laidOut.translated(dx, dy));
     }
+}
+
+QPushButton* WindowFit::PushButton(QWidget* window, const char* name, const QString& caption,
+                                   const QRect& geometry) {
+    auto* button = new QPushButton(caption, window);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setGeometry(geometry);
+    return button;
 }

@@ -5,6 +5,7 @@
 #include <QString>
 #include <functional>
 
+class QPushButton;
 class QWidget;
 
 // Sizing shared by the message windows: they pick the width at which window and text come
@@ -44,5 +45,8 @@ private:
     QSize design;
     QList<Tie> ties;
 };
+
+// A push button of a window, named and placed as designed.
+QPushButton* PushButton(QWidget* window, const char* name, const QString& caption, const QRect& geometry);
 
 } // namespace WindowFit

@@ -2,6 +2,7 @@
 
 #include "help/MessageCanvas.h"
 #include "help/StaticURL.h"
+#include "help/WindowFit.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
 
@@ -67,9 +68,7 @@ winAboutBox::winAboutBox(QWidget* parent)
     Icon64->setGeometry(128, 8, 64, 64);
     Icon64->onPaint = [this](QPainter& g) { Icon64_Paint(g); };
 
-    pbDone = new QPushButton(QStringLiteral("Done"), this);
-    pbDone->setObjectName(QStringLiteral("pbDone"));
-    pbDone->setGeometry(270, 8, 40, 17);
+    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {270, 8, 40, 17});
     pbDone->setFont(smallFont(pbDone->font()));
     pbDone->setDefault(true);
     connect(pbDone, &QPushButton::clicked, this, [this] { pbDone_Pressed(); });

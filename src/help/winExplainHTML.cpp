@@ -1,6 +1,7 @@
 #include "help/winExplainHTML.h"
 
 #include "help/HelpFit.h"
+#include "help/WindowFit.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
 #include "util/RtrnString.h"
@@ -30,9 +31,7 @@ winExplainHTML::winExplainHTML(QWidget* parent) : QDialog(parent) {
     HV_Explain->setFont(QFont(QStringLiteral("Helvetica"), 14));
     HV_Explain->setStyleSheet(QStringLiteral("QTextBrowser { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = new QPushButton(QStringLiteral("Done"), this);
-    pbDone->setObjectName(QStringLiteral("pbDone"));
-    pbDone->setGeometry(250, 210, 80, 20);
+    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {250, 210, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(HV_Explain);

@@ -1,6 +1,7 @@
 #include "help/winHelp.h"
 
 #include "help/HelpFit.h"
+#include "help/WindowFit.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
 #include "util/RtrnString.h"
@@ -26,9 +27,7 @@ winHelp::winHelp(QWidget* parent) : QDialog(parent) {
     // Fixed colours: help reads the same in the dark appearance.
     HV_Help->setStyleSheet(QStringLiteral("QTextBrowser { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = new QPushButton(QStringLiteral("Done"), this);
-    pbDone->setObjectName(QStringLiteral("pbDone"));
-    pbDone->setGeometry(314, 406, 80, 20);
+    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(HV_Help);
@@ -57,7 +56,8 @@ QString winHelp::RawTextFromHTML(const QString& htmlText) {
 
 void winHelp::AdjustWindowSize(const QString& text, int width, int height) {
     Guard::run(Where::windowMethod("winHelp", "AdjustWindowSize").directForm(), [&] {
-        HelpFit::SizeHelpWindow(*this, width, height, textHeight ? textHeight : WindowFit::helveticaHeight(text, 14));
+        HelpFit::SizeHelpWindow(*this, width, height,
+                                textHeight ? textHeight : WindowFit::helveticaHeight(text, 14));
     });
 }
 

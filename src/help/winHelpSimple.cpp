@@ -1,6 +1,7 @@
 #include "help/winHelpSimple.h"
 
 #include "help/HelpFit.h"
+#include "help/WindowFit.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
 
@@ -29,9 +30,7 @@ winHelpSimple::winHelpSimple(QWidget* parent) : QDialog(parent) {
     taHelp->setFont(font);
     taHelp->setStyleSheet(QStringLiteral("QPlainTextEdit { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = new QPushButton(QStringLiteral("Done"), this);
-    pbDone->setObjectName(QStringLiteral("pbDone"));
-    pbDone->setGeometry(314, 406, 80, 20);
+    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(taHelp);
@@ -54,7 +53,8 @@ void winHelpSimple::PrepareAndShowWindow(const QString& helpText, const QString&
 
 void winHelpSimple::AdjustWindowSize(int width, int height) {
     Guard::run(Where::windowMethod("winHelpSimple", "AdjustWindowSize"), [&] {
-        HelpFit::SizeHelpWindow(*this, width, height, textHeight ? textHeight : HelpFit::systemFontHeight(text, 14));
+        HelpFit::SizeHelpWindow(*this, width, height,
+                                textHeight ? textHeight : HelpFit::systemFontHeight(text, 14));
     });
 }
 

@@ -1,6 +1,7 @@
 #include "help/winOKCancel.h"
 
 #include "help/MessageCanvas.h"
+#include "help/WindowFit.h"
 #include "util/AppGlobals.h"
 #include "util/Guard.h"
 
@@ -20,14 +21,10 @@ winOKCancel::winOKCancel(QWidget* parent)
     QFont buttonFont = font();
     buttonFont.setPointSize(12);
 
-    pbOK = new QPushButton(QStringLiteral("OK"), this);
-    pbOK->setObjectName(QStringLiteral("pbOK"));
-    pbOK->setGeometry(311, 210, 69, 20);
+    pbOK = WindowFit::PushButton(this, "pbOK", QStringLiteral("OK"), {311, 210, 69, 20});
     pbOK->setFont(buttonFont);
 
-    pbCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    pbCancel->setObjectName(QStringLiteral("pbCancel"));
-    pbCancel->setGeometry(230, 210, 69, 20);
+    pbCancel = WindowFit::PushButton(this, "pbCancel", QStringLiteral("Cancel"), {230, 210, 69, 20});
     pbCancel->setFont(buttonFont);
 
     // Only the caller's choice may make a button the default, never the focus.

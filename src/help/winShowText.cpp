@@ -1,5 +1,6 @@
 #include "help/winShowText.h"
 
+#include "help/WindowFit.h"
 #include "util/AppGlobals.h"
 #include "util/Guard.h"
 
@@ -21,9 +22,7 @@ winShowText::winShowText(QWidget* parent) : QDialog(parent) {
     taShow->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     taShow->setStyleSheet(QStringLiteral("QPlainTextEdit { color: #000000; background: #FFFFFF; }"));
 
-    pbOK = new QPushButton(QStringLiteral("OK"), this);
-    pbOK->setObjectName(QStringLiteral("pbOK"));
-    pbOK->setGeometry(300, 210, 80, 20);
+    pbOK = WindowFit::PushButton(this, "pbOK", QStringLiteral("OK"), {300, 210, 80, 20});
     pbOK->setDefault(true);
 
     anchors.toAllSides(taShow);

@@ -1,6 +1,7 @@
 #include "help/winTimed.h"
 
 #include "help/MessageCanvas.h"
+#include "help/WindowFit.h"
 #include "util/AppGlobals.h"
 #include "util/Guard.h"
 
@@ -32,9 +33,7 @@ winTimed::winTimed(QWidget* parent)
     setMinimumSize(200, 125);
     setMaximumSize(1000, 800);
 
-    pbDone = new QPushButton(QStringLiteral("Done"), this);
-    pbDone->setObjectName(QStringLiteral("pbDone"));
-    pbDone->setGeometry(311, 210, 69, 20);
+    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {311, 210, 69, 20});
     QFont buttonFont = pbDone->font();
     buttonFont.setPointSize(12);
     pbDone->setFont(buttonFont);
