@@ -13,7 +13,8 @@ if [ "$(uname)" = Darwin ]; then
 fi
 
 packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3
-          xvfb xauth xdotool x11-utils imagemagick fonts-dejavu-core)
+          xvfb xauth xdotool x11-utils imagemagick fonts-dejavu-core
+          clang libc++-dev libc++abi-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

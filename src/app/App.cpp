@@ -1,5 +1,10 @@
 #include "app/App.h"
 
+#include "app/BackupMenus.h"
+#include "assets/AssetMenus.h"
+#include "design/DesignMenus.h"
+#include "manage/ManageMenus.h"
+
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
@@ -63,6 +68,13 @@ void App::Event_Opening() {
     });
 }
 
+void App::InstallMenus(winMain& window) {
+    DesignMenus::Install(window);
+    ManageMenus::Install(window);
+    AssetMenus::Install(window);
+    BackupMenus::Install(window);
+}
+
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
@@ -70,6 +82,7 @@ int App::Main(int argc, char* argv[]) {
     ErrorHandling::Install();
     app.Event_Opening();
     winMain window;
+    InstallMenus(window);
     window.Event_Opening();
     window.show();
     return app.exec();

@@ -1,6 +1,8 @@
 #pragma once
 #include <QApplication>
 
+class winMain;
+
 // The application object: the start-up order around the palette store. Its fields for modal
 // windows and folders are in AppGlobals, where every layer can reach them.
 class App : public QApplication {
@@ -10,6 +12,8 @@ public:
 
     static void Event_Opening();
     static void Event_Closing() {}
+    // The windows behind the menus take over their items of the palette window.
+    static void InstallMenus(winMain& window);
 
     // Process entry: the order from start to the first palette on screen, then the event loop.
     static int Main(int argc, char* argv[]);

@@ -393,10 +393,7 @@ void winMain::AddMenuHandlers() {
     MainMenuBar* bar = mainMenuBar;
     connect(bar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
     connect(bar->FileQuit, &QAction::triggered, this, &QWidget::close);
-    const auto handle = [this](QAction* item, auto&& action) {
-        connect(item, &QAction::triggered, this,
-                [item, action] { Guard::run(menuHandler(item->objectName()), action); });
-    };
+    const auto handle = [this](QAction* item, std::function<void()> action) { SetMenuHandler(item, std::move(action)); };
     for (int k = 0; k < 10; ++k)
         handle(bar->miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); });
     handle(bar->miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); });
@@ -406,6 +403,12 @@ void winMain::AddMenuHandlers() {
     for (QAction* later : {bar->miSwitchPalette, bar->miConstruct, bar->miButPic, bar->miManageAS, bar->miNewPalette,
                            bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteData, bar->miPreserveStateBU})
         connect(later, &QAction::triggered, this, [this, later] { NotAvailableYet(later->text()); });
+}
+
+void winMain::SetMenuHandler(QAction* item, std::function<void()> action) {
+    disconnect(item, &QAction::triggered, this, nullptr);
+    connect(item, &QAction::triggered, this,
+            [item, action = std::move(action)] { Guard::run(menuHandler(item->objectName()), action); });
 }
 
 void winMain::NotAvailableYet(const QString& what) {

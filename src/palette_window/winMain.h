@@ -6,8 +6,10 @@
 #include <QMainWindow>
 #include <QPixmap>
 #include <array>
+#include <functional>
 
 class MainMenuBar;
+class QAction;
 class cnBut;
 class labZor;
 class labZorVisible;
@@ -48,6 +50,9 @@ public:
     bool Event_KeyDown(const QString& key);
     void Event_MenuBarSelected();
     void AddMenuHandlers();
+    // The windows of the higher layers (design, management, assets, backup) take over their
+    // menu items here at start-up; until then an item answers that it is not available yet.
+    void SetMenuHandler(QAction* item, std::function<void()> action);
 
     QList<int> hasPicture;
     const QPixmap BlankPic; // never assigned: stands for no picture

@@ -2,8 +2,11 @@
 
 #include "util/ZorError.h"
 
+#include <QByteArrayView>
+
 #include <cctype>
 #include <charconv>
+#include <limits>
 
 namespace JsonText {
 
@@ -228,9 +231,14 @@ qint64 Reader::readInteger() {
     qint64 value = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc() && end == number.data() + number.size()) return value;
-    double real = 0;
-    const auto [rend, rerror] = std::from_chars(number.data(), number.data() + number.size(), real);
-    if (rerror != std::errc() || rend != number.data() + number.size()) fail("number out of range");
+    // Not std::from_chars: the Mac's standard library has no floating-point form of it.
+    bool ok = false;
+    const double real = QByteArrayView(number.data(), qsizetype(number.size())).toDouble(&ok);
+    if (!ok) fail("number out of range");
+    // Beyond the integer range a whole number keeps to its end of that range.
+    constexpr double kTwoTo63 = 9223372036854775808.0;
+    if (real >= kTwoTo63) return std::numeric_limits<qint64>::max();
+    if (real < -kTwoTo63) return std::numeric_limits<qint64>::min();
     return qint64(real);
 }
 

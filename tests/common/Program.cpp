@@ -27,6 +27,7 @@ winMain& Program::start() {
     ErrorHandling::Install();
     App::Event_Opening();
     win = std::make_unique<winMain>();
+    App::InstallMenus(*win);
     win->Event_Opening();
     win->show();
     return *win;

@@ -5,8 +5,7 @@ start_display
 start_program
 [ -d "$E2E_DATA/ButtonPictures" ] || fail "ButtonPictures was not created"
 [ -d "$E2E_DATA/Apple_Scripts" ] || fail "Apple_Scripts was not created"
-xdotool windowfocus --sync "$E2E_WIN"
-xdotool key ctrl+q
+send_keys ctrl+q
 wait_for_exit
 file="$E2E_DATA/PreserveState.txt"
 [ -f "$file" ] || fail "PreserveState.txt was not written"

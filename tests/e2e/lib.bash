@@ -10,32 +10,60 @@ unset QT_QPA_PLATFORM
 
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
-start_display() {
-  for n in $(seq 90 140); do
-    [ -e "/tmp/.X11-unix/X$n" ] || [ -e "/tmp/.X$n-lock" ] && continue
-    Xvfb ":$n" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
-    E2E_XVFB=$!
-    export DISPLAY=":$n"
-    for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && return 0; sleep 0.1; done
+# Waits up to `seconds` for a command to succeed, polling; a busy machine or a sanitizer build
+# is slow, so the limits are generous and nothing waits a fixed time.
+wait_until() {
+  local seconds=$1; shift
+  local deadline=$((SECONDS + seconds))
+  until "$@" 2>/dev/null; do
+    [ $SECONDS -lt $deadline ] || return 1
+    sleep 0.05
   done
-  fail "no X server could be started"
+}
+
+# A private X server. It picks its own free display number and tells it through a pipe, so two
+# tests started at once never share a server; the answer then comes from this very process.
+start_display() {
+  local fdfile="$E2E_HOME/display"
+  # An odd screen height of its own lets the test know its server when it answers.
+  E2E_SCREEN="1280x$((1000 + RANDOM % 200))"
+  Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN}x24" -nolisten tcp 3>"$fdfile" >/dev/null 2>&1 &
+  E2E_XVFB=$!
+  wait_until 30 grep -q '[0-9]' "$fdfile" || fail "no X server could be started"
+  export DISPLAY=":$(tr -dc 0-9 <"$fdfile")"
+  wait_until 30 xdpyinfo >/dev/null || fail "the X server on $DISPLAY does not answer"
+  [[ "$(xdpyinfo)" =~ dimensions:\ *$E2E_SCREEN\ pixels ]] || fail "the server on $DISPLAY is not the one this test started"
+}
+
+program_window() {
+  kill -0 "$E2E_PID" || fail "the program ended at start: $(cat "$E2E_HOME/program.log")"
+  E2E_WIN=$(xdotool search --pid "$E2E_PID" --onlyvisible 2>/dev/null | head -n1 || true)
+  [ -n "$E2E_WIN" ]
 }
 
 start_program() {
   "$E2E_BIN" >"$E2E_HOME/program.log" 2>&1 &
   E2E_PID=$!
-  for _ in $(seq 100); do
-    E2E_WIN=$(xdotool search --pid "$E2E_PID" --onlyvisible 2>/dev/null | head -n1 || true)
-    [ -n "$E2E_WIN" ] && return 0
-    sleep 0.1
-  done
-  fail "the palette window did not appear"
+  wait_until 60 program_window || fail "the palette window did not appear: $(cat "$E2E_HOME/program.log")"
 }
 
-# Waits for the program to end by itself, within 10 seconds.
+has_focus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ]; }
+
+# Keys go only to a window that holds the focus; otherwise they would fall on nothing.
+focus_window() {
+  local win=${1:-$E2E_WIN}
+  wait_until 30 xdotool windowfocus --sync "$win" || true
+  wait_until 30 has_focus "$win" || fail "window $win did not take the focus"
+}
+
+send_keys() { focus_window; xdotool key "$@"; }
+
+title_is() { [ "$(xdotool getwindowname "$E2E_WIN" 2>/dev/null)" = "$1" ]; }
+
+# Waits for the program to end by itself.
 wait_for_exit() {
-  for _ in $(seq 100); do kill -0 "$E2E_PID" 2>/dev/null || { wait "$E2E_PID" || true; return 0; }; sleep 0.1; done
-  fail "the program did not quit"
+  wait_until 60 eval '! kill -0 "$E2E_PID"' || fail "the program did not quit: $(cat "$E2E_HOME/program.log")"
+  wait "$E2E_PID" || true
 }
 
 cleanup() {

@@ -7,17 +7,17 @@ echo true > "$E2E_TOOLS/answers/running:com.stairways.keyboardmaestro.engine"
 write_store 2 'button(0, 7)["KM_Active"] = True'
 start_display
 start_program
-xdotool windowfocus --sync "$E2E_WIN"
+focus_window
 click_button 7 10
-xdotool type --delay 50 b
-xdotool key ctrl+1
-sleep 0.5
-title=$(xdotool getwindowname "$E2E_WIN")
-[ "$title" = "ZOR P01" ] || fail "Ctrl+1 did not switch to P01 (title: $title)"
-xdotool key ctrl+q
+log="$E2E_TOOLS/tools.log"
+wait_until 30 grep -q 'P00.07' "$log" || fail "the click on button 07 fired nothing"
+send_keys b
+wait_until 30 grep -q 'P00.01' "$log" || fail "the key b fired nothing"
+send_keys ctrl+1
+wait_until 30 title_is "ZOR P01" || fail "Ctrl+1 did not switch to P01 (title: $(xdotool getwindowname "$E2E_WIN"))"
+send_keys ctrl+q
 wait_for_exit
 resources="$(cd "$(dirname "$E2E_BIN")/../Resources" && pwd)"
-log="$E2E_TOOLS/tools.log"
 grep -qxF "$(printf 'osascript\t%s/FirePalette.scpt\tP00\t07' "$resources")" "$log" || fail "the click did not fire P00 07: $(cat "$log")"
 grep -qxF "$(printf 'osascript\t%s/FirePalette.scpt\tP00\t01' "$resources")" "$log" || fail "the key b did not fire P00 01: $(cat "$log")"
 python3 - "$E2E_DATA/PreserveState.txt" <<'PY' || fail "the saved store is not on P01"
