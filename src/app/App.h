@@ -11,6 +11,8 @@ public:
     App(int& argc, char** argv);
 
     static void Event_Opening();
+    // The program's own light colours, whatever the system's appearance.
+    static QPalette FixedPalette();
     static void Event_Closing() {}
     // The windows behind the menus take over their items of the palette window.
     static void InstallMenus(winMain& window);
