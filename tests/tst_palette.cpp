@@ -254,7 +254,7 @@ private slots:
     void paletteMenuFollowsTheStore() {
         startWith(12);
         winMain& w = *program->window();
-        MainMenuBar* bar = w.findChild<MainMenuBar*>();
+        MainMenuBar* bar = w.mainMenuBar;
         QVERIFY(bar);
         const QString freedText = bar->miPalette[1]->text();
         QVERIFY(freedText.startsWith("P01     "));
@@ -289,7 +289,7 @@ private slots:
         tearDownProgram();
         setUpProgram();
         startWith(1);
-        MainMenuBar* single = program->window()->findChild<MainMenuBar*>();
+        MainMenuBar* single = program->window()->mainMenuBar;
         program->window()->Event_MenuBarSelected();
         QCOMPARE(enabled(*single), QString("0000000000"));
         QCOMPARE(single->miPalette[0]->text(), QString("P00     Original"));

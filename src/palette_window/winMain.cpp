@@ -94,8 +94,14 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     connect(tiMinimize, &QTimer::timeout, this, &winMain::tiMinimize_Action);
     labSeeNum->installEventFilter(this);
 
+#ifdef Q_OS_MACOS
+    // The application's bar, owned by no window: it stays in place while a modal window is in
+    // front, and its Edit menu serves that window's text fields.
+    mainMenuBar = new MainMenuBar(nullptr);
+#else
     mainMenuBar = new MainMenuBar(this);
     setMenuBar(mainMenuBar);
+#endif
     // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
     addAction(mainMenuBar->FileQuit);
     AddMenuHandlers();
@@ -105,6 +111,9 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
 
 winMain::~winMain() {
     if (ZOR::View() == this) ZOR::RegisterView(nullptr);
+#ifdef Q_OS_MACOS
+    delete mainMenuBar;
+#endif
 }
 
 void winMain::Event_Opening() {
