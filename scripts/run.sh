@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds ZOR_Palette and starts it. Without a display (a Linux server)
 # it starts it under Xvfb, takes a screenshot into the build folder and says where it is.
+# It builds the program alone, in a release folder of its own: the tests' build stays untouched.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 "$ROOT/scripts/install-deps.sh"
-BUILD_TYPE=RelWithDebInfo build
+BUILD="$ROOT/build/release"
+(cd "$ROOT" && cmake --preset release >/dev/null)
+cmake --build "$BUILD" --target ZOR_Palette -j "$JOBS"
 
 if [ "$(uname)" = Darwin ]; then
   open "$BUILD/ZOR_Palette.app"

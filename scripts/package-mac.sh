@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# On a Mac: makes a self-contained, ad-hoc signed ZOR_Palette.app and puts it in a disk image,
+# build/release/ZOR_Palette-<version>.dmg. Steps: a release build of the program, cmake --install
+# into a staging folder, the two scripts compiled with osacompile, Qt's frameworks brought into
+# the bundle by macdeployqt, ad-hoc signing, then CPack's DragNDrop generator on the staged app.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+if [ "$(uname)" != Darwin ]; then
+  echo "package-mac.sh runs on a Mac: it needs osacompile, macdeployqt, codesign and hdiutil." >&2
+  exit 1
+fi
+"$ROOT/scripts/install-deps.sh"
+BUILD="$ROOT/build/release"
+STAGE="$BUILD/stage"
+APP="$STAGE/ZOR_Palette.app"
+
+(cd "$ROOT" && cmake --preset release >/dev/null)
+cmake --build "$BUILD" --target ZOR_Palette -j "$JOBS"
+rm -rf "$STAGE"
+cmake --install "$BUILD" --prefix "$STAGE"
+
+# FirePalette speaks Keyboard Maestro's terms: it compiles only where Keyboard Maestro is
+# installed. Elsewhere its source stays in the bundle and osascript compiles it when it runs.
+resources="$APP/Contents/Resources"
+osacompile -o "$resources/FireAppleScript.scpt" "$ROOT/resources/FireAppleScript.applescript"
+if [ -n "$(mdfind "kMDItemCFBundleIdentifier == 'com.stairways.keyboardmaestro.engine'" 2>/dev/null)" ] ||
+   [ -d "/Applications/Keyboard Maestro.app" ]; then
+  osacompile -o "$resources/FirePalette.scpt" "$ROOT/resources/FirePalette.applescript"
+else
+  echo "Keyboard Maestro is not installed here: FirePalette.scpt stays as source text." >&2
+fi
+
+macdeployqt="$(command -v macdeployqt || echo "$(brew --prefix qt)/bin/macdeployqt")"
+"$macdeployqt" "$APP" -always-overwrite
+# Signing seals the bundle: nothing may change inside it afterwards.
+codesign --force --deep --sign - "$APP"
+codesign --verify --deep --strict "$APP"
+
+# CPack packs the staged, signed app as it stands instead of installing afresh.
+(cd "$BUILD" && cpack -G DragNDrop -D "CPACK_INSTALL_CMAKE_PROJECTS=" -D "CPACK_INSTALLED_DIRECTORIES=$STAGE;.")
+echo "Disk image: $(ls "$BUILD"/ZOR_Palette-*.dmg)"
