@@ -4,6 +4,7 @@
 Arguments: the configured Info.plist, the folder of the icon, the program's version, Qt's version.
 """
 import plistlib
+import re
 import struct
 import sys
 
@@ -18,7 +19,7 @@ def expect(condition, message):
 
 with open(plist_path, "rb") as f:
     raw = f.read()
-expect(b"${" not in raw and b"@" not in raw, "a variable was left unconfigured")
+expect(not re.search(rb"\$\{\w+\}|@\w+@", raw), "a variable was left unconfigured")
 info = plistlib.loads(raw)
 
 expect(info.get("CFBundleExecutable") == "ZOR_Palette", f"CFBundleExecutable is {info.get('CFBundleExecutable')!r}")
@@ -34,8 +35,14 @@ expect("Keyboard Maestro Engine" in usage and usage.endswith("."), f"Apple event
 # The oldest macOS each Qt runs on, as Qt's documentation gives it.
 qt = tuple(int(n) for n in qt_version.split(".")[:2])
 oldest = "10.14" if qt < (6, 5) else "11.0" if qt < (6, 8) else "12.0" if qt < (6, 10) else "13.0" if qt < (6, 12) else "14.4"
+
+
+def release(text):  # "12" and "12.0" are the same release
+    return (tuple(int(n) for n in text.split(".")) + (0, 0))[:3]
+
+
 minimum = info.get("LSMinimumSystemVersion", "")
-expect(tuple(map(int, minimum.split("."))) >= tuple(map(int, oldest.split("."))) if minimum else False,
+expect(re.fullmatch(r"\d+(\.\d+){0,2}", minimum) and release(minimum) >= release(oldest),
        f"LSMinimumSystemVersion {minimum!r} is below macOS {oldest}, the oldest Qt {qt_version} runs on")
 
 # The icon: an .icns whose blocks are PNG pictures of the size their type says.
