@@ -66,7 +66,8 @@ private slots:
         QVERIFY2(pixels.size() > 20, "no text was painted");
         int darkest = 255;
         for (const QColor& pixel : pixels) {
-            QVERIFY2(pixel.lightness() <= background.lightness(), qPrintable(pixel.name() + " is lighter than the ground"));
+            QVERIFY2(pixel.lightness() <= background.lightness(),
+                     qPrintable(pixel.name() + " is lighter than the ground"));
             darkest = std::min(darkest, pixel.lightness());
         }
         QVERIFY2(darkest < 60, qPrintable(QString("the darkest pixel has lightness %1").arg(darkest)));

@@ -50,16 +50,26 @@ QPalette App::FixedPalette() {
     // Every role of every group is set, so that nothing of the system's palette shows through:
     // in the dark appearance it would give light text on the pale colours the windows paint.
     const std::pair<QPalette::ColorRole, QColor> roles[] = {
-        {QPalette::Window, QColor(0xEC, 0xEC, 0xEC)},          {QPalette::WindowText, QColor(0x00, 0x00, 0x00)},
-        {QPalette::Base, QColor(0xFF, 0xFF, 0xFF)},            {QPalette::AlternateBase, QColor(0xF5, 0xF5, 0xF5)},
-        {QPalette::Text, QColor(0x00, 0x00, 0x00)},            {QPalette::PlaceholderText, QColor(0x80, 0x80, 0x80)},
-        {QPalette::Button, QColor(0xEC, 0xEC, 0xEC)},          {QPalette::ButtonText, QColor(0x00, 0x00, 0x00)},
-        {QPalette::BrightText, QColor(0xFF, 0xFF, 0xFF)},      {QPalette::Light, QColor(0xFF, 0xFF, 0xFF)},
-        {QPalette::Midlight, QColor(0xCA, 0xCA, 0xCA)},        {QPalette::Mid, QColor(0xB8, 0xB8, 0xB8)},
-        {QPalette::Dark, QColor(0x9F, 0x9F, 0x9F)},            {QPalette::Shadow, QColor(0x76, 0x76, 0x76)},
-        {QPalette::Highlight, QColor(0xB3, 0xD7, 0xFF)},       {QPalette::HighlightedText, QColor(0x00, 0x00, 0x00)},
-        {QPalette::Link, QColor(0x00, 0x68, 0xDA)},            {QPalette::LinkVisited, QColor(0x80, 0x00, 0x80)},
-        {QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xDC)},     {QPalette::ToolTipText, QColor(0x00, 0x00, 0x00)},
+        {QPalette::Window, QColor(0xEC, 0xEC, 0xEC)},
+        {QPalette::WindowText, QColor(0x00, 0x00, 0x00)},
+        {QPalette::Base, QColor(0xFF, 0xFF, 0xFF)},
+        {QPalette::AlternateBase, QColor(0xF5, 0xF5, 0xF5)},
+        {QPalette::Text, QColor(0x00, 0x00, 0x00)},
+        {QPalette::PlaceholderText, QColor(0x80, 0x80, 0x80)},
+        {QPalette::Button, QColor(0xEC, 0xEC, 0xEC)},
+        {QPalette::ButtonText, QColor(0x00, 0x00, 0x00)},
+        {QPalette::BrightText, QColor(0xFF, 0xFF, 0xFF)},
+        {QPalette::Light, QColor(0xFF, 0xFF, 0xFF)},
+        {QPalette::Midlight, QColor(0xCA, 0xCA, 0xCA)},
+        {QPalette::Mid, QColor(0xB8, 0xB8, 0xB8)},
+        {QPalette::Dark, QColor(0x9F, 0x9F, 0x9F)},
+        {QPalette::Shadow, QColor(0x76, 0x76, 0x76)},
+        {QPalette::Highlight, QColor(0xB3, 0xD7, 0xFF)},
+        {QPalette::HighlightedText, QColor(0x00, 0x00, 0x00)},
+        {QPalette::Link, QColor(0x00, 0x68, 0xDA)},
+        {QPalette::LinkVisited, QColor(0x80, 0x00, 0x80)},
+        {QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xDC)},
+        {QPalette::ToolTipText, QColor(0x00, 0x00, 0x00)},
     };
     QPalette colours;
     for (const auto& [role, colour] : roles) colours.setColor(role, colour);
