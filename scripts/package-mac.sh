@@ -37,5 +37,6 @@ codesign --force --deep --sign - "$APP"
 codesign --verify --deep --strict "$APP"
 
 # CPack packs the staged, signed app as it stands instead of installing afresh.
+rm -f "$BUILD"/ZOR_Palette-*.dmg
 (cd "$BUILD" && cpack -G DragNDrop -D "CPACK_INSTALL_CMAKE_PROJECTS=" -D "CPACK_INSTALLED_DIRECTORIES=$STAGE;.")
 echo "Disk image: $(ls "$BUILD"/ZOR_Palette-*.dmg)"
