@@ -5,6 +5,7 @@
 #include "help/MessageCanvas.h"
 #include "manage/ccPalettePreview.h"
 #include "manage/winChangeAlias.h"
+#include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
 #include "manage/winSwitchPalette.h"
 #include "palette_window/MainMenuBar.h"
@@ -59,6 +60,19 @@ private slots:
         for (const auto& r : dialogs->requests)
             if (r.kind == Dialogs::Kind::Window) titles << r.title;
         QCOMPARE(titles, QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
+    }
+
+    void helpButtonsShowTheirRecords() {
+        startWith(2);
+        winSwitchPalette s;
+        winNewPalette n;
+        winChangeAlias c;
+        winDeletePalette d;
+        for (QDialog* w : std::initializer_list<QDialog*>{&s, &n, &c, &d})
+            QTest::mouseClick(w->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0), Qt::LeftButton);
+        QStringList titles;
+        for (const auto& r : dialogs->requests) titles << r.title;
+        QCOMPARE(titles, QStringList({"Switch to Another Palette", "New Palette", "Rename Palette", "Delete Palette"}));
     }
 
     // Keys go to the list, which has the focus when the window opens and would take digits as a search.
