@@ -29,7 +29,10 @@ QString stampedFolder(const QDir& removed, const QString& name) {
 
 QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
     return Guard::run(where("MovePalettePicturesAside"), [&]() -> QString {
-        if (paletteName.isEmpty()) return {};
+        // A name from a hand-edited file must not lead out of the pictures folder.
+        if (paletteName.isEmpty() || paletteName.contains('/') || paletteName.contains('\\') || paletteName == "." ||
+            paletteName == "..")
+            return {};
         QDir pictures(AppGlobals::folderPathButFolder + '/' + paletteName);
         if (!pictures.exists()) return {};
         // Hidden files count: anything the user or Finder left there is kept.
