@@ -18,7 +18,8 @@ QPushButton* HelpButton::Make(QWidget* window, const char* name, int helpID, con
         " background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #FFFFFF, stop:1 #E4E4E4); }"
         "QPushButton:pressed { background: #C8C8C8; }"));
     QObject::connect(button, &QPushButton::clicked, button, [helpID, owner, control = QString(name)] {
-        Guard::run(Guard::Where::controlEvent(owner, control, "Pressed"), [helpID] { Help::ShowHelp(helpID); });
+        const auto where = Guard::Where::controlEvent(owner, control, "Pressed");
+        Guard::run(where, [helpID] { Help::ShowHelp(helpID); });
     });
     return button;
 }

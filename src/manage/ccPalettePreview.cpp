@@ -13,7 +13,8 @@ namespace {
 QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
 } // namespace
 
-ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName) : QWidget(parent), owner(ownerName) {
+ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
+    : QWidget(parent), owner(ownerName) {
     setObjectName("ccPalettePreview");
     constexpr int side = 64, step = 76;
     resize(2 * step + side, step + side);

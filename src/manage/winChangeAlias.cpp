@@ -20,6 +20,10 @@ Guard::Where controlEvent(const char* control, const char* event) {
 constexpr int kAliasLength = 23;
 constexpr int kTitleLength = 25;
 
+QString renameRule(const QString& text, int length) {
+    return AliasRules::CutTo(AliasRules::Cleaned(text, AliasRules::kRenameRemoved), length);
+}
+
 QLabel* caption(QWidget* parent, const char* name, const QString& text, int top) {
     auto* l = new QLabel(text, parent);
     l->setObjectName(name);
@@ -97,18 +101,17 @@ bool winChangeAlias::eventFilter(QObject* watched, QEvent* event) {
 
 void winChangeAlias::tfWinTitle_FocusLost() {
     Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
-        const QString title =
-            AliasRules::CutTo(AliasRules::Cleaned(tfWinTitle->text(), AliasRules::kRenameRemoved), kTitleLength);
+        const QString title = renameRule(tfWinTitle->text(), kTitleLength);
         if (title != tfWinTitle->text()) tfWinTitle->setText(title);
     });
 }
 
 void winChangeAlias::pbMakeChange_Pressed() {
     Guard::run(controlEvent("pbMakeChange", "Pressed"), [this] {
-        // The field may never have lost the focus: its rule runs once more (it changes a clean title no further).
+        // The field may never have lost the focus. Its rule leaves a clean title as it is.
         tfWinTitle_FocusLost();
         const QString title = tfWinTitle->text();
-        QString alias = AliasRules::CutTo(AliasRules::Cleaned(tfAlias->text(), AliasRules::kRenameRemoved), kAliasLength);
+        QString alias = renameRule(tfAlias->text(), kAliasLength);
         PaletteView* view = ZOR::View();
         const bool sameAlias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
         if (sameAlias) {

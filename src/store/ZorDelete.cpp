@@ -21,8 +21,10 @@ bool exists(const QString& path) { return QFileInfo(path).exists() || QFileInfo(
 QString stampedFolder(const QDir& removed, const QString& name) {
     const QString stamp = RtrnDateString::rsAlphaDateTime(4);
     QString candidate = stamp + name;
-    for (int n = 2; exists(removed.filePath(candidate)); ++n) candidate = stamp + '_' + QString::number(n) + name;
-    if (!removed.mkdir(candidate)) throw IOException("Could not create the folder " + removed.filePath(candidate) + '.');
+    for (int n = 2; exists(removed.filePath(candidate)); ++n)
+        candidate = stamp + '_' + QString::number(n) + name;
+    if (!removed.mkdir(candidate))
+        throw IOException("Could not create the folder " + removed.filePath(candidate) + '.');
     return removed.filePath(candidate);
 }
 } // namespace
@@ -30,20 +32,23 @@ QString stampedFolder(const QDir& removed, const QString& name) {
 QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
     return Guard::run(where("MovePalettePicturesAside"), [&]() -> QString {
         // A name from a hand-edited file must not lead out of the pictures folder.
-        if (paletteName.isEmpty() || paletteName.contains('/') || paletteName.contains('\\') || paletteName == "." ||
-            paletteName == "..")
-            return {};
+        const bool plainName = !paletteName.isEmpty() && !paletteName.contains('/') &&
+                               !paletteName.contains('\\') && paletteName != "." && paletteName != "..";
+        if (!plainName) return {};
         QDir pictures(AppGlobals::folderPathButFolder + '/' + paletteName);
         if (!pictures.exists()) return {};
         // Hidden files count: anything the user or Finder left there is kept.
         if (pictures.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
-            if (!QDir().rmdir(pictures.path())) throw IOException("Could not remove the empty folder " + pictures.path() + '.');
+            if (!QDir().rmdir(pictures.path()))
+                throw IOException("Could not remove the empty folder " + pictures.path() + '.');
             return {};
         }
         const QString removedPath = FileTools::CreateFolderOnDesktop(kRemovedFolder);
-        if (removedPath.isEmpty()) throw IOException("Could not create the folder " + kRemovedFolder + " on the Desktop.");
+        if (removedPath.isEmpty())
+            throw IOException("Could not create the folder " + kRemovedFolder + " on the Desktop.");
         const QDir removed(removedPath);
-        const QString into = exists(removed.filePath(paletteName)) ? stampedFolder(removed, paletteName) : removedPath;
+        const QString into =
+            exists(removed.filePath(paletteName)) ? stampedFolder(removed, paletteName) : removedPath;
         const QString target = QDir(into).filePath(paletteName);
         if (!QDir().rename(pictures.path(), target))
             throw IOException("The pictures of " + paletteName + " could not be moved to " + into + '.');
