@@ -61,6 +61,14 @@ void CreateNewPalette(const QString& alias);
 void ChangeToPalette(qint64 index);
 qint64 IndexFromAlias(const QString& alias);
 bool IsPaletteExistant(qint64 index);
+inline constexpr qint64 kMaxPalettes = 100; // P00 to P99
+bool RoomForNewPalette(); // a slot of P00 to P99 is free, or another can still be added
+// The palette's picture folder goes whole to RemovedZOR_PaletteButtonPictures on the Desktop
+// (an empty one is removed). Gives the folder it went into, empty when there was nothing to move.
+QString MovePalettePicturesAside(const QString& paletteName);
+// Moves the active palette's pictures aside, frees its slot and activates P00. P00 itself is
+// never deleted: the program falls back to it. False when nothing was deleted.
+bool DeleteActivePalette();
 
 // the window that follows the store
 void RegisterView(PaletteView* view);

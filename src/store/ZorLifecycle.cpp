@@ -3,6 +3,8 @@
 #include "util/Dialogs.h"
 #include "util/Guard.h"
 
+#include <algorithm>
+
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 } // namespace
@@ -70,4 +72,10 @@ bool ZOR::IsPaletteExistant(qint64 index) {
         if (index < 0 || index > 99 || index >= qint64(DP.size())) return false;
         return DP[size_t(index)].s_Alias != kNoShortcut;
     });
+}
+
+bool ZOR::RoomForNewPalette() {
+    const auto inRange = DP.begin() + std::min<qint64>(qint64(DP.size()), kMaxPalettes);
+    return qint64(DP.size()) < kMaxPalettes ||
+           std::any_of(DP.begin(), inRange, [](const PaletteDict& p) { return p.s_Alias == kNoShortcut; });
 }

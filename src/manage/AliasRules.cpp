@@ -1,0 +1,34 @@
+#include "manage/AliasRules.h"
+
+#include "store/ZOR.h"
+#include "util/StringUtils.h"
+
+#include <algorithm>
+
+QString AliasRules::Cleaned(const QString& text, const QString& removed) {
+    QString out = StringUtils::Remove(text.trimmed(), removed);
+    out = StringUtils::ReplaceDoubledCharWithSingle(out, " ").replace("  ", " ");
+    if (out.isEmpty()) out = StringUtils::Random(2, "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    const QString first = out.left(1);
+    if (!StringUtils::IsLowercase(first) && !StringUtils::IsUppercase(first)) out.prepend('A');
+    return out;
+}
+
+QString AliasRules::CutTo(const QString& text, int length) {
+    if (text.size() <= length) return text;
+    if (length > 0 && text[length - 1].isHighSurrogate()) --length;
+    return text.left(length);
+}
+
+bool AliasRules::IsInUse(const QString& alias) {
+    return std::any_of(ZOR::DP.begin(), ZOR::DP.end(), [&](const PaletteDict& p) {
+        return p.s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
+    });
+}
+
+QString AliasRules::MadeUnique(const QString& alias) {
+    // The suffix is added to the text as it stands: a third try for Work is Work0102.
+    QString out = alias;
+    for (int n = 1; IsInUse(out); ++n) out += QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+    return out;
+}

@@ -1,0 +1,143 @@
+#include "manage/winChangeAlias.h"
+
+#include "help/WindowFit.h"
+#include "manage/AliasRules.h"
+#include "manage/HelpButton.h"
+#include "manage/ccPalettePreview.h"
+#include "store/ZOR.h"
+#include "util/Guard.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+const QString kWindow = QStringLiteral("winChangeAlias");
+Guard::Where controlEvent(const char* control, const char* event) {
+    return Guard::Where::controlEvent(kWindow, control, event);
+}
+constexpr int kAliasLength = 23;
+constexpr int kTitleLength = 25;
+
+QString renameRule(const QString& text, int length) {
+    return AliasRules::CutTo(AliasRules::Cleaned(text, AliasRules::kRenameRemoved), length);
+}
+
+QLabel* caption(QWidget* parent, const char* name, const QString& text, int top) {
+    auto* l = new QLabel(text, parent);
+    l->setObjectName(name);
+    l->setGeometry(20, top, 110, 24);
+    l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    l->setStyleSheet("color: #919191;");
+    return l;
+}
+} // namespace
+
+winChangeAlias::winChangeAlias(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
+    setObjectName(kWindow);
+    setWindowTitle("Change Name/Alias");
+    setModal(true);
+    setFixedSize(500, 400);
+
+    preview = new ccPalettePreview(this, kWindow);
+    preview->move(20, 20);
+
+    labInfo = new QLabel("The Name/Alias is the human friendly name for a palette. This can be changed here if "
+                         "desired. The name cannot be too long and it has to be unique.",
+                         this);
+    labInfo->setObjectName("labInfo");
+    labInfo->setGeometry(260, 44, 220, 116);
+    labInfo->setWordWrap(true);
+    labInfo->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    labNmID = caption(this, "labNmID", "Name/ID", 200);
+    labNameID = new QLabel(this);
+    labNameID->setObjectName("labNameID");
+    labNameID->setGeometry(140, 200, 300, 24);
+    QFont bold = labNameID->font();
+    bold.setBold(true);
+    labNameID->setFont(bold);
+
+    labNmAls = caption(this, "labNmAls", "Name/Alias", 240);
+    tfAlias = new QLineEdit(this);
+    tfAlias->setObjectName("tfAlias");
+    tfAlias->setGeometry(140, 240, 300, 24);
+    tfAlias->setMaxLength(30);
+
+    labWinTit = caption(this, "labWinTit", "Window Title", 280);
+    tfWinTitle = new QLineEdit(this);
+    tfWinTitle->setObjectName("tfWinTitle");
+    tfWinTitle->setGeometry(140, 280, 300, 24);
+    tfWinTitle->setMaxLength(30);
+    tfWinTitle->setFrame(false);
+    tfWinTitle->installEventFilter(this);
+
+    pbHelpChgAlias = HelpButton::Make(this, "pbHelpChgAlias", 64, kWindow);
+    pbCancel = WindowFit::PushButton(this, "pbCancel", "Cancel", {260, 350, 90, 28});
+    pbMakeChange = WindowFit::PushButton(this, "pbMakeChange", "Accept Change", {360, 350, 120, 28});
+    pbMakeChange->setDefault(true);
+
+    connect(pbMakeChange, &QPushButton::clicked, this, &winChangeAlias::pbMakeChange_Pressed);
+    connect(pbCancel, &QPushButton::clicked, this, &winChangeAlias::pbCancel_Pressed);
+
+    Event_Opening();
+}
+
+void winChangeAlias::Event_Opening() {
+    Guard::run(Guard::Where::windowEvent(kWindow, "Opening"), [this] {
+        preview->Load(ZOR::paleName);
+        labNameID->setText(ZOR::paleName);
+        tfAlias->setText(ZOR::paleAlias);
+        tfWinTitle->setText(ZOR::paleWinTitle);
+    });
+}
+
+bool winChangeAlias::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == tfWinTitle && event->type() == QEvent::FocusOut) tfWinTitle_FocusLost();
+    return QDialog::eventFilter(watched, event);
+}
+
+void winChangeAlias::tfWinTitle_FocusLost() {
+    Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
+        const QString title = renameRule(tfWinTitle->text(), kTitleLength);
+        if (title != tfWinTitle->text()) tfWinTitle->setText(title);
+    });
+}
+
+void winChangeAlias::pbMakeChange_Pressed() {
+    Guard::run(controlEvent("pbMakeChange", "Pressed"), [this] {
+        // The field may never have lost the focus. Its rule leaves a clean title as it is.
+        tfWinTitle_FocusLost();
+        const QString title = tfWinTitle->text();
+        QString alias = renameRule(tfAlias->text(), kAliasLength);
+        PaletteView* view = ZOR::View();
+        const bool sameAlias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
+        if (sameAlias) {
+            if (title.compare(ZOR::paleWinTitle, Qt::CaseInsensitive) != 0) {
+                ZOR::paleWinTitle = title;
+                ZOR::paletteContentChange = true;
+                ZOR::SavePaletteToDP();
+                if (view) view->SetPaletteTitle(title);
+            }
+            accept();
+            return;
+        }
+        // The cut is not repeated: a suffix may carry the alias past 23 characters.
+        alias = AliasRules::MadeUnique(alias);
+        ZOR::paleAlias = alias;
+        ZOR::paleWinTitle = title;
+        if (view) {
+            view->SetRestingTexts(alias, ZOR::paleName);
+            view->SetPaletteTitle(title);
+        }
+        ZOR::paletteContentChange = true;
+        ZOR::SavePaletteToDP();
+        accept();
+    });
+}
+
+void winChangeAlias::pbCancel_Pressed() {
+    Guard::run(controlEvent("pbCancel", "Pressed"), [this] { reject(); });
+}

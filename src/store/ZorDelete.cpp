@@ -1,0 +1,79 @@
+#include "store/ZOR.h"
+
+#include "util/AppGlobals.h"
+#include "util/FileTools.h"
+#include "util/Guard.h"
+#include "util/RtrnDateString.h"
+#include "util/ZorError.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+
+const QString kRemovedFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
+
+bool exists(const QString& path) { return QFileInfo(path).exists() || QFileInfo(path).isSymLink(); }
+
+// A folder for a name that already lies there: the stamp, then the name. Two deletes of one name
+// within a second get a counter as well, so that nothing is ever moved onto an earlier folder.
+QString stampedFolder(const QDir& removed, const QString& name) {
+    const QString stamp = RtrnDateString::rsAlphaDateTime(4);
+    QString candidate = stamp + name;
+    for (int n = 2; exists(removed.filePath(candidate)); ++n)
+        candidate = stamp + '_' + QString::number(n) + name;
+    if (!removed.mkdir(candidate))
+        throw IOException("Could not create the folder " + removed.filePath(candidate) + '.');
+    return removed.filePath(candidate);
+}
+} // namespace
+
+QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
+    return Guard::run(where("MovePalettePicturesAside"), [&]() -> QString {
+        // A name from a hand-edited file must not lead out of the pictures folder.
+        const bool plainName = !paletteName.isEmpty() && !paletteName.contains('/') &&
+                               !paletteName.contains('\\') && paletteName != "." && paletteName != "..";
+        if (!plainName) return {};
+        QDir pictures(AppGlobals::folderPathButFolder + '/' + paletteName);
+        if (!pictures.exists()) return {};
+        // Hidden files count: anything the user or Finder left there is kept.
+        if (pictures.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
+            if (!QDir().rmdir(pictures.path()))
+                throw IOException("Could not remove the empty folder " + pictures.path() + '.');
+            return {};
+        }
+        const QString removedPath = FileTools::CreateFolderOnDesktop(kRemovedFolder);
+        if (removedPath.isEmpty())
+            throw IOException("Could not create the folder " + kRemovedFolder + " on the Desktop.");
+        const QDir removed(removedPath);
+        const QString into =
+            exists(removed.filePath(paletteName)) ? stampedFolder(removed, paletteName) : removedPath;
+        const QString target = QDir(into).filePath(paletteName);
+        if (!QDir().rename(pictures.path(), target))
+            throw IOException("The pictures of " + paletteName + " could not be moved to " + into + '.');
+        return into;
+    });
+}
+
+bool ZOR::DeleteActivePalette() {
+    return Guard::run(where("DeleteActivePalette"), [] {
+        if (idxCP <= 0 || idxCP >= qint64(DP.size())) return false;
+        // The pictures go first: should they stay where they are, the palette stays as well.
+        const QString pictures = AppGlobals::folderPathButFolder + '/' + paleName;
+        MovePalettePicturesAside(paleName);
+        if (QFileInfo(pictures).isDir()) return false;
+        BreakBtnLinkToDP();
+        DefaultValuesPalette(idxCP);
+        DP[size_t(idxCP)].s_Alias = kNoShortcut;
+        ActivatePalette(0);
+        if (PaletteView* view = View()) {
+            view->EraseAllPictures();
+            view->RedrawGrid();
+            view->SetPaletteTitle(paleWinTitle);
+            view->SetRestingTexts(paleAlias, paleName);
+        }
+        paletteActiveChange = true;
+        return true;
+    });
+}

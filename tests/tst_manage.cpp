@@ -1,0 +1,394 @@
+// The palette management windows: switching by list and by two typed digits, new palettes,
+// renaming with the alias rules, and deleting with the pictures kept on the Desktop.
+#include "common/Program.h"
+#include "help/HelpLabels.h"
+#include "help/MessageCanvas.h"
+#include "manage/ccPalettePreview.h"
+#include "manage/winChangeAlias.h"
+#include "manage/winDeletePalette.h"
+#include "manage/winNewPalette.h"
+#include "manage/winSwitchPalette.h"
+#include "palette_window/MainMenuBar.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+#include "util/Clock.h"
+
+#include <QBuffer>
+#include <QDirIterator>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace {
+const QString kNoSuch = "The palette requested, P%1, does not exist";
+const QString kActive = "You have asked  to change to the currently active palette. There is nothing to do.";
+
+void freeSlots(const QList<int>& indexes) {
+    for (int k : indexes)
+        ZOR::DP[size_t(k)].s_Alias = kNoShortcut;
+}
+
+void pressRow(QTreeWidget& list, int row) {
+    const QPoint at = list.visualItemRect(list.topLevelItem(row)).center();
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, at);
+}
+
+QByteArray png(QColor colour, const QString& mark = {}) {
+    QImage picture(80, 80, QImage::Format_RGB32);
+    picture.fill(colour);
+    picture.setText("mark", mark); // makes the bytes of every file its own
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    picture.save(&buffer, "PNG");
+    return bytes;
+}
+
+// Every file below `folder`, hidden ones too, by its path inside it.
+QMap<QString, QByteArray> filesBelow(const QString& folder) {
+    QMap<QString, QByteArray> out;
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
+        QFile f(it.next());
+        f.open(QIODevice::ReadOnly);
+        out.insert(QDir(folder).relativeFilePath(f.fileName()), f.readAll());
+    }
+    return out;
+}
+} // namespace
+
+class ManageTest : public QObject, ProgramFixture {
+    Q_OBJECT
+
+    QString pictures(const QString& palette) const {
+        return home->programFolder() + "/ButtonPictures/" + palette;
+    }
+    QString removed() const { return home->desktop() + "/RemovedZOR_PaletteButtonPictures"; }
+
+    // Pictures, a Finder file, a folder and an odd name.
+    void fillPictures(const QString& palette, const QString& mark) {
+        for (const QString& name : QStringList{"00 mail.png", "12.png", "old/07.png"})
+            home->writeInProgram("ButtonPictures/" + palette + '/' + name, png(Qt::blue, mark + name));
+        for (const QString& name : QStringList{".DS_Store", "notes émoji 😀.txt"})
+            home->writeInProgram("ButtonPictures/" + palette + '/' + name, (mark + name).toUtf8());
+    }
+
+    bool pressDelete() {
+        winDeletePalette w;
+        w.show();
+        QTest::mouseClick(w.pbDelete, Qt::LeftButton);
+        return w.result() == QDialog::Accepted && !w.isVisible();
+    }
+
+private slots:
+    void init() { setUpProgram(); }
+    void cleanup() {
+        Clock::reset();
+        tearDownProgram();
+    }
+
+    // The menu items open the four windows; each window's help button shows its own record.
+    void menuItemsAndHelpButtons() {
+        winMain& w = startWith(2);
+        MainMenuBar& bar = *w.mainMenuBar;
+        for (QAction* item :
+             {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
+            item->trigger();
+        winSwitchPalette s;
+        winNewPalette n;
+        winChangeAlias c;
+        winDeletePalette d;
+        for (QDialog* window : std::initializer_list<QDialog*>{&s, &n, &c, &d})
+            QTest::mouseClick(window->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0),
+                              Qt::LeftButton);
+        QStringList titles; // the four windows, then the four help records
+        for (const auto& r : dialogs->requests) titles << r.title;
+        QCOMPARE(titles, QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette",
+                                      "Switch to Another Palette", "New Palette", "Rename Palette",
+                                      "Delete Palette"}));
+    }
+
+    // Keys go to the list, which has the focus when the window opens and would take digits as a search.
+    void typedDigits_data() {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<int>("active");
+        QTest::addColumn<bool>("closed");
+        QTest::addColumn<QString>("pending");
+        QTest::addColumn<QStringList>("messages");
+        QTest::newRow("1 and 2 switch to P12") << "12" << 12 << true << "" << QStringList();
+        QTest::newRow("a non-digit clears the first") << "1x2" << 0 << false << "2" << QStringList();
+        QTest::newRow("a free slot") << "03" << 0 << false << "" << QStringList{kNoSuch.arg("03")};
+        QTest::newRow("a slot never made") << "99" << 0 << false << "" << QStringList{kNoSuch.arg("99")};
+        QTest::newRow("the active palette's own number") << "00" << 0 << true << "" << QStringList{kActive};
+    }
+    void typedDigits() {
+        QFETCH(QString, keys);
+        QFETCH(QString, pending);
+        winMain& main = startWith(13);
+        freeSlots({3});
+        winSwitchPalette w;
+        w.show();
+        QTest::keyClicks(w.lbPalette, keys);
+        QTEST(int(ZOR::idxCP), "active");
+        QTEST(!w.isVisible(), "closed");
+        QCOMPARE(QStringList({w.firstTyped, w.labType->text()}), QStringList({pending, pending}));
+        QTEST(dialogs->texts(), "messages");
+        QCOMPARE(main.windowTitle() + main.labSeeNum->text(), ZOR::paleWinTitle + ZOR::paleName);
+    }
+
+    void aPauseOverTwoSecondsStartsOver() {
+        startWith(13);
+        winSwitchPalette w;
+        w.show();
+        QTest::keyClick(w.pbCancel, Qt::Key_1);
+        QVERIFY(w.labType->text() == "1" && w.tiBothDigits->isActive() && w.tiBothDigits->isSingleShot());
+        QCOMPARE(w.tiBothDigits->interval(), 2000);
+        w.tiBothDigits->setInterval(1); // restarts it: the two seconds run out at once
+        QTRY_VERIFY(w.firstTyped.isEmpty() && w.labType->text().isEmpty());
+        QTest::keyClick(&w, Qt::Key_2);
+        QVERIFY(w.labType->text() == "2" && ZOR::idxCP == 0 && w.isVisible());
+    }
+
+    void rowsChooseAndOKSwitches() {
+        startWith(4);
+        freeSlots({1});
+        ZOR::DP[2].s_WinTitle = "Writing";
+        winSwitchPalette w;
+        w.show();
+        QStringList seen{w.labCurrentAlias->text(), w.windowTitle()};
+        for (int i = 0; i < w.lbPalette->topLevelItemCount(); ++i)
+            seen << w.lbPalette->topLevelItem(i)->text(0);
+        QCOMPARE(seen, QStringList({"Original", "ZOR Palette", "P00", "P02", "P03"}));
+        QVERIFY(!w.pbOK->isEnabled());
+        pressRow(*w.lbPalette, 1);
+        QCOMPARE(QStringList({w.labChoiceName->text(), w.labChoiceAlias->text(), w.labChoiceTitle->text()}),
+                 QStringList({"P02", ZOR::DP[2].s_Alias, "Writing"}));
+        QVERIFY(w.pbOK->isEnabled());
+        pressRow(*w.lbPalette, 0);
+        QVERIFY(!w.pbOK->isEnabled());
+        QCOMPARE(dialogs->texts(), QStringList{"This is the already chosen palette."});
+        pressRow(*w.lbPalette, 2);
+        QTest::mouseClick(w.pbOK, Qt::LeftButton);
+        QVERIFY(ZOR::idxCP == 3 && !w.isVisible());
+    }
+
+    // A new palette takes the alias, or the active palette P00 is renamed; other palettes hold `inUse`.
+    void aliasRules_data() {
+        QTest::addColumn<bool>("rename");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QStringList>("inUse");
+        QTest::addColumn<QString>("pattern");
+        const QString thirty = "Thirty characters long alias";
+        QTest::newRow("a digit first") << false << "3 Jobs" << QStringList() << "A3 Jobs";
+        QTest::newRow("blanks run together") << false << "  My   Work " << QStringList() << "My Work";
+        QTest::newRow("nothing but removed") << false << "(..)" << QStringList() << "[A-Z]{2}";
+        QTest::newRow("empty") << false << "" << QStringList() << "[A-Z]{2}";
+        QTest::newRow("case is no difference") << false << "WORK" << QStringList{"work"} << "WORK01";
+        QTest::newRow("third try") << false << "Work" << QStringList{"work", "WORK01"} << "Work0102";
+        QTest::newRow("new keeps & and *") << false << "Work&Play*" << QStringList() << "Work&Play\\*";
+        QTest::newRow("rename drops & and *") << true << "Work&Play*" << QStringList() << "WorkPlay";
+        QTest::newRow("rename cuts to 23, then makes unique")
+            << true << thirty << QStringList{thirty.left(23)} << thirty.left(23) + "01";
+        QTest::newRow("an emoji is not split")
+            << true << QString(22, 'x') + "\U0001F600z" << QStringList() << QString(22, 'x');
+    }
+    void aliasRules() {
+        QFETCH(bool, rename);
+        QFETCH(QString, typed);
+        QFETCH(QStringList, inUse);
+        QFETCH(QString, pattern);
+        winMain& main = startWith(1 + int(inUse.size()));
+        for (int k = 0; k < inUse.size(); ++k)
+            ZOR::DP[size_t(k + 1)].s_Alias = inUse[k];
+        winNewPalette made;
+        winChangeAlias renamed;
+        (rename ? renamed.tfAlias : made.tfAlias)->setText(typed);
+        QTest::mouseClick(rename ? renamed.pbMakeChange : made.pbOK, Qt::LeftButton);
+        const QString alias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias;
+        QVERIFY2(QRegularExpression("^" + pattern + "$").match(alias).hasMatch(), qPrintable(alias));
+        QCOMPARE(QStringList({ZOR::paleAlias, main.labTip->text()}), QStringList({alias, alias}));
+        QCOMPARE(dialogs->texts(), QStringList());
+    }
+
+    void newPalettesTakeTheLowestFreeSlot() {
+        winMain& main = startWith(6);
+        freeSlots({1, 3});
+        ZOR::ChangeToPalette(2);
+        ZOR::numRows = 4; // changed in the design window, so far only in the working set
+        ZOR::paletteContentChange = true;
+        QStringList made;
+        for (const QString& alias : QStringList{"Mail", "Web", "Music"}) {
+            winNewPalette w;
+            w.tfAlias->setText(alias);
+            QTest::mouseClick(w.pbOK, Qt::LeftButton);
+            QVERIFY(w.result() == QDialog::Accepted && ZOR::aBtn == ZOR::DP[size_t(ZOR::idxCP)].a_Btn);
+            made << ZOR::paleName + ' ' + main.windowTitle() + ' ' + main.labTip->text();
+        }
+        QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "P06 ZOR P06 Music"}));
+        QVERIFY(ZOR::DP.size() == 7 && ZOR::DP[2].i_NumRows == 4 && ZOR::paletteContentChange);
+    }
+
+    void noPaletteBeyondP99() {
+        startWith(100);
+        winNewPalette w;
+        w.show();
+        QTest::mouseClick(w.pbOK, Qt::LeftButton);
+        QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
+        QVERIFY(ZOR::DP.size() == 100 && ZOR::idxCP == 0 && w.isVisible());
+        freeSlots({57});
+        QTest::mouseClick(w.pbOK, Qt::LeftButton);
+        QVERIFY(ZOR::paleName == "P57" && ZOR::DP.size() == 100);
+    }
+
+    void renameTitles_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QStringList>("saved"); // alias, title
+        QTest::addColumn<bool>("changed");
+        QTest::newRow("nothing changed") << "Original"
+                                         << "ZOR Palette" << QStringList{"Original", "ZOR Palette"} << false;
+        QTest::newRow("only the case of the alias")
+            << "ORIGINAL"
+            << "ZOR Palette" << QStringList{"Original", "ZOR Palette"} << false;
+        QTest::newRow("only the title, cleaned")
+            << "Original"
+            << " 1st & (best)* " << QStringList{"Original", "A1st best"} << true;
+        QTest::newRow("a title cut to 25")
+            << "Mine" << QString(30, 'T') << QStringList{"Mine", QString(25, 'T')} << true;
+    }
+    void renameTitles() {
+        QFETCH(QString, alias);
+        QFETCH(QString, title);
+        QFETCH(QStringList, saved);
+        winMain& main = startWith(2);
+        winChangeAlias w;
+        QCOMPARE(QStringList({w.labNameID->text(), w.tfAlias->text(), w.tfWinTitle->text()}),
+                 QStringList({"P00", "Original", "ZOR Palette"}));
+        w.tfAlias->setText(alias);
+        w.tfWinTitle->setText(title); // never left: the rule runs at Accept Change
+        QTest::mouseClick(w.pbMakeChange, Qt::LeftButton);
+        QCOMPARE(w.result(), int(QDialog::Accepted));
+        QCOMPARE(QStringList({ZOR::DP[0].s_Alias, ZOR::DP[0].s_WinTitle}), saved);
+        QCOMPARE(main.windowTitle(), saved[1]);
+        QTEST(ZOR::paletteContentChange, "changed");
+    }
+
+    // Of the files below, only 00 and 12 give pictures; the cells fade away from the first.
+    void previewShowsTheFirstPicturesFading() {
+        startWith(1);
+        for (const QString& name :
+             QStringList{"00 first.png", "05a.png", "12b.png", ".12hidden.png", "1x.png", "01dir/a.png"})
+            home->writeInProgram("ButtonPictures/P00/" + name, png(Qt::red));
+        home->writeInProgram("ButtonPictures/P00/02 broken.png", "not a picture");
+        winChangeAlias w;
+        QList<bool> shown;
+        for (const QPixmap& picture : w.preview->myPict)
+            shown << !picture.isNull();
+        QCOMPARE(shown, QList<bool>({true, false, false, false, false, true}));
+        QCOMPARE(w.preview->cnBut[0]->grab().toImage().pixelColor(63, 63),
+                 QColor(Qt::red)); // cut by the cell
+        const int faded = w.preview->cnBut[5]->grab().toImage().pixelColor(10, 10).red();
+        QVERIFY(qAbs(faded - (255 * 10 + w.palette().color(QPalette::Window).red() * 90) / 100) <= 2);
+    }
+
+    void deleteKeepsEveryPictureAndFreesTheSlot() {
+        winMain& main = startWith(4);
+        ZOR::ChangeToPalette(3);
+        const QString alias = ZOR::paleAlias;
+        fillPictures("P03", "first ");
+        const auto before = filesBelow(pictures("P03"));
+        {
+            winDeletePalette w;
+            QCOMPARE(QStringList({w.labNameID->text(), w.labNameAlias->text(), w.labWindowTitle->text()}),
+                     QStringList({"P03", alias, "ZOR P03"}));
+            QVERIFY(!w.preview->myPict[0].isNull());
+        }
+        dialogs->queueOK(true);
+        QVERIFY(pressDelete());
+        QCOMPARE(dialogs->requests.first().kind, Dialogs::Kind::OKCancel);
+        QCOMPARE(dialogs->requests.first().title + ' ' + dialogs->texts().join(""),
+                 "OK or Cancel " + winDeletePalette::kConfirm);
+        QCOMPARE(filesBelow(removed() + "/P03"), before);
+        QVERIFY(!QDir(pictures("P03")).exists());
+        QVERIFY(ZOR::DP.size() == 4 && ZOR::DP[3].s_Alias == kNoShortcut && ZOR::DP[3].s_Name == "P03");
+        QVERIFY(!ZOR::IsPaletteExistant(3) && ZOR::idxCP == 0 && ZOR::aBtn == ZOR::DP[0].a_Btn);
+        QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
+                 QStringList({"ZOR Palette", "Original", "P00"}));
+        main.Event_MenuBarSelected();
+        QAction* item = main.mainMenuBar->miPalette[3];
+        QVERIFY(!item->isEnabled());
+        QCOMPARE(item->text(), "P03     " + alias);
+
+        // The next new palette is P03 again; its pictures, deleted in turn, go beside the first.
+        winNewPalette made;
+        QTest::mouseClick(made.pbOK, Qt::LeftButton);
+        QCOMPARE(ZOR::paleName, QString("P03"));
+        fillPictures("P03", "second ");
+        const auto later = filesBelow(pictures("P03"));
+        Clock::set(QDateTime(QDate(2026, 11, 23), QTime(9, 8, 7)));
+        dialogs->queueOK(true);
+        QVERIFY(pressDelete());
+        QCOMPARE(filesBelow(removed() + "/P03"), before);
+        QCOMPARE(filesBelow(removed() + "/261123_090807P03/P03"), later);
+        QCOMPARE(QDir(removed()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList({"261123_090807P03", "P03"}));
+    }
+
+    void deleteRefusesCancelsAndTidies_data() {
+        QTest::addColumn<int>("active");
+        QTest::addColumn<QString>("folder"); // files, finder (a Finder file alone), empty, none
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<QStringList>("messages");
+        const QStringList asked{winDeletePalette::kConfirm};
+        QTest::newRow("P00 is refused before the question")
+            << 0 << "files" << false << QStringList{winDeletePalette::kKeepP00};
+        QTest::newRow("Cancel at the question") << 1 << "files" << false << asked;
+        QTest::newRow("a Finder file alone is kept") << 1 << "finder" << true << asked;
+        QTest::newRow("an empty folder is removed") << 1 << "empty" << true << asked;
+        QTest::newRow("no folder at all") << 1 << "none" << true << asked;
+    }
+    void deleteRefusesCancelsAndTidies() {
+        QFETCH(int, active);
+        QFETCH(QString, folder);
+        QFETCH(bool, answer);
+        startWith(2);
+        ZOR::ChangeToPalette(active);
+        const QString name = ZOR::paleName, alias = ZOR::paleAlias;
+        if (folder == "files") fillPictures(name, "");
+        if (folder == "finder") home->writeInProgram("ButtonPictures/" + name + "/.DS_Store", "Finder");
+        if (folder == "empty") QDir().mkpath(pictures(name));
+        const auto before = filesBelow(pictures(name));
+        dialogs->queueOK(answer);
+        dialogs->clear();
+        QCOMPARE(pressDelete(), answer);
+        QTEST(dialogs->texts(), "messages");
+        QCOMPARE(ZOR::idxCP, answer ? 0 : active);
+        QCOMPARE(ZOR::DP[size_t(active)].s_Alias, answer ? kNoShortcut : alias);
+        QCOMPARE(QDir(pictures(name)).exists(), folder != "none" && !answer);
+        const bool aside = answer && folder == "finder";
+        QCOMPARE(filesBelow(aside ? removed() + '/' + name : pictures(name)), before);
+        QCOMPARE(QDir(removed()).exists(), aside);
+    }
+
+    // An older or hand-edited file may have freed P00: it still starts there, and a new palette takes it.
+    void aFreeP00StillStarts() {
+        QFile file(writeStoreFile(3));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const QByteArray text = file.readAll().replace("\"Original\"", "\"\\u2400\"");
+        file.resize(0);
+        file.write(text);
+        file.close();
+        winMain& main = program->start();
+        QVERIFY(ZOR::idxCP == 0 && ZOR::DP[0].s_Alias == kNoShortcut && main.windowTitle() == "ZOR Palette");
+        QCOMPARE(dialogs->texts(), QStringList());
+        winNewPalette w;
+        w.tfAlias->setText("Home");
+        QTest::mouseClick(w.pbOK, Qt::LeftButton);
+        QCOMPARE(ZOR::paleName + ' ' + ZOR::DP[0].s_Alias, QString("P00 Home"));
+    }
+};
+
+QTEST_MAIN(ManageTest)
+#include "tst_manage.moc"
