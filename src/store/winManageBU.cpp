@@ -74,6 +74,9 @@ const QString kExplainRestoreText = QStringLiteral(
     "button. Later, at your leisure, you can delete this copy that is on your Desktop because it is no "
     "longer needed.\n");
 
+// The long texts a little smaller than the system's 13, so that they fit the window on every platform's font.
+constexpr int kLongText = 12;
+
 QLabel* label(QWidget* parent, const char* name, const QString& text, int pixels, bool bold = false) {
     auto* lab = new QLabel(text, parent);
     lab->setObjectName(QString::fromLatin1(name));
@@ -120,11 +123,11 @@ winManageBU::winManageBU(QWidget* parent) : QDialog(parent) {
     labPreserveStatePath = label(
         this, "labPreserveStatePath",
         QStringLiteral("~/Library/Application Support/net.lunvale.ZOR-Palette/PreserveState.txt"), 13);
-    labPreserveState = label(this, "labPreserveState", kPreserveStateText, 13);
+    labPreserveState = label(this, "labPreserveState", kPreserveStateText, kLongText);
     labBackUp = label(this, "labBackUp", QStringLiteral("Backup"), 18, true);
     labRestore = label(this, "labRestore", QStringLiteral("Restore"), 18, true);
-    labExplainBU = label(this, "labExplainBU", kExplainBUText, 13);
-    labExplainRestore = label(this, "labExplainRestore", kExplainRestoreText, 13);
+    labExplainBU = label(this, "labExplainBU", kExplainBUText, kLongText);
+    labExplainRestore = label(this, "labExplainRestore", kExplainRestoreText, kLongText);
 
     rectTwoHalf = new QFrame(this);
     rectTwoHalf->setObjectName(QStringLiteral("rectTwoHalf"));
