@@ -169,7 +169,19 @@ private slots:
         QVERIFY(ZOR::QuitSavePaletteChanges);
     }
 
+    void restoreReplacesTheDataFileAndQuitsWithoutWriting_data() {
+        QTest::addColumn<QStringList>("before");
+        QTest::addColumn<QString>("keptAs");
+        QTest::newRow("the stamp of now") << QStringList() << "230508_2314PreserveStateBU.txt";
+        // A quit a moment ago holds the stamp of this minute: the data file is kept under the next one.
+        QTest::newRow("a copy of this minute")
+            << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"}
+            << "230508_2316PreserveStateBU.txt";
+    }
     void restoreReplacesTheDataFileAndQuitsWithoutWriting() {
+        QFETCH(QStringList, before);
+        QFETCH(QString, keptAs);
+        for (const QString& name : before) writeFile(emergency() + '/' + name, "earlier");
         const QString backups = home->desktop() + "/EmergencyPreserveStateBU";
         const QString chosen = backups + "/230101_0900PreserveStateBU.txt";
         const QByteArray backup = writeBackup(chosen);
@@ -184,8 +196,8 @@ private slots:
         QVERIFY(!window.isVisible());
         QCOMPARE(readAll(dataFile()), backup);
         QCOMPARE(namesIn(backups), QStringList{"PreserveState230508_231407.txt"});
-        QCOMPARE(namesIn(emergency()), QStringList{"230508_2314PreserveStateBU.txt"});
-        QCOMPARE(readAll(emergency() + "/230508_2314PreserveStateBU.txt"), former);
+        QCOMPARE(namesIn(emergency()), QStringList(before) << keptAs);
+        QCOMPARE(readAll(emergency() + '/' + keptAs), former);
         QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText),
                  QStringList{"A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
                              "PreserveState.txt file.\nThe application is quitting. Restart to access the "
@@ -208,8 +220,7 @@ private slots:
                "The PreserveState.txt in use before is still in its place, unchanged.";
         QTest::newRow("the data file cannot be kept") << true
             << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not "
-               "be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged. If a "
-               "backup of this minute is already in that folder, try again in a minute.";
+               "be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
     }
     void failedRestoreKeepsTheDataFileAndTheProgram() {
         QFETCH(bool, lockEmergency);

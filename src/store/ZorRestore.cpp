@@ -8,6 +8,7 @@
 #include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
 #include "util/StdFolders.h"
+#include "util/Clock.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,9 +39,19 @@ QString emergencyPath(const QString& name) {
 QString setAsideDataFile() {
     const QString before = emergencyPath(ZOR::BackupFileName());
     const bool wasTaken = QFileInfo::exists(before);
-    if (!ZOR::PreserveStateBackUp(false, false)) return {};
-    if (!wasTaken && QFileInfo::exists(before)) return before;
-    return emergencyPath(ZOR::BackupFileName());
+    if (ZOR::PreserveStateBackUp(false, false)) {
+        if (!wasTaken && QFileInfo::exists(before)) return before;
+        return emergencyPath(ZOR::BackupFileName());
+    }
+    // A quit a moment ago took the stamp of this minute. The next free minute keeps the data file
+    // apart from that copy, under a name that can be restored and that sorts after it.
+    if (!wasTaken || !QFileInfo::exists(ZOR::DataFilePath())) return {};
+    const QDateTime now = Clock::now();
+    for (int minutes = 1; minutes <= 60; ++minutes) {
+        const QString name = emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
+        if (!QFileInfo::exists(name)) return QFile::rename(ZOR::DataFilePath(), name) ? name : QString();
+    }
+    return {};
 }
 
 // A plain PreserveState.txt beside the backup steps aside, then the backup takes the data file's place.
@@ -81,8 +92,7 @@ bool ZOR::PreserveStateRestore() {
             if (keptAt.isEmpty()) {
                 Dialogs::message("The backup " + name +
                                  " was not restored: the PreserveState.txt in use could not be kept in the folder "
-                                 "EmergencyPreserveStateBU first, so it stays in its place, unchanged. If a backup "
-                                 "of this minute is already in that folder, try again in a minute.");
+                                 "EmergencyPreserveStateBU first, so it stays in its place, unchanged.");
                 return false;
             }
         }
