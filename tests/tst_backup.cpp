@@ -114,8 +114,9 @@ private slots:
         QCOMPARE(made.size(), 30);
         QCOMPARE(namesIn(home->desktop()), QStringList{made});
         QCOMPARE(readAll(home->desktop() + '/' + made), onDisk);
-        const QString text = "The application will quit. It can be restarted whenever you wish. A backup of the "
-                             "PreserveState.txt file has been created on the desktop.";
+        const QString text =
+            "The application will quit. It can be restarted whenever you wish. A backup of the "
+            "PreserveState.txt file has been created on the desktop.";
         QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText), QStringList({text, text}));
         QVERIFY(!window.isVisible());
         QVERIFY(readAll(dataFile()).contains("\"CurrentPalette\":1"));
@@ -129,7 +130,8 @@ private slots:
         program->start();
         QVERIFY(ZOR::PreserveStateBackUp(true, true));
         QVERIFY(!ZOR::PreserveStateBackUp(true, true));
-        QCOMPARE(namesIn(home->desktop()), QStringList({"230508_2314PreserveStateBU.txt", "PreserveState.txt"}));
+        QCOMPARE(namesIn(home->desktop()),
+                 QStringList({"230508_2314PreserveStateBU.txt", "PreserveState.txt"}));
         Clock::set(QDateTime(QDate(2023, 5, 8), QTime(23, 15)));
         QVERIFY(ZOR::PreserveStateBackUp(true, true));
         QCOMPARE(namesIn(home->desktop()),
@@ -144,12 +146,14 @@ private slots:
         QTest::newRow("29 characters") << "230508_2314PreserveStatBU.txt"
                                        << start + "It should have a name like 230508_2314PreserveStateBU.txt";
         QTest::newRow("31 April") << "230431_2314PreserveStateBU.txt"
-                                  << start + "It should start with a valid date stamp in the form YYMMDD_HHSS";
+                                  << start +
+                                         "It should start with a valid date stamp in the form YYMMDD_HHSS";
         QTest::newRow(".text") << "230508_2314PreserveStateB.text"
                                << start + "It should have the extension .txt";
-        QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt"
-                                         << start + "It should have the basic name PreserveStateBU";
-        QTest::newRow("cancelled") << "" << "";
+        QTest::newRow("PreserveStateBK")
+            << "230508_2314PreserveStateBK.txt" << start + "It should have the basic name PreserveStateBU";
+        QTest::newRow("cancelled") << ""
+                                   << "";
     }
     void restoreRefusesOtherFiles() {
         QFETCH(QString, name);
@@ -162,7 +166,8 @@ private slots:
         QVERIFY(!ZOR::PreserveStateRestore());
         QCOMPARE(dialogs->requests[0].title, QString("Choose Restoring File"));
         QCOMPARE(dialogs->requests[0].detail, home->desktop());
-        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(dialogs->texts(Dialogs::Kind::Message),
+                 message.isEmpty() ? QStringList() : QStringList{message});
         QCOMPARE(readAll(dataFile()), before);
         QVERIFY(chosen.isEmpty() || QFileInfo::exists(chosen));
         QVERIFY(namesIn(emergency()).isEmpty());
@@ -181,7 +186,8 @@ private slots:
     void restoreReplacesTheDataFileAndQuitsWithoutWriting() {
         QFETCH(QStringList, before);
         QFETCH(QString, keptAs);
-        for (const QString& name : before) writeFile(emergency() + '/' + name, "earlier");
+        for (const QString& name : before)
+            writeFile(emergency() + '/' + name, "earlier");
         const QString backups = home->desktop() + "/EmergencyPreserveStateBU";
         const QString chosen = backups + "/230101_0900PreserveStateBU.txt";
         const QByteArray backup = writeBackup(chosen);
@@ -215,11 +221,15 @@ private slots:
     void failedRestoreKeepsTheDataFileAndTheProgram_data() {
         QTest::addColumn<bool>("lockEmergency");
         QTest::addColumn<QString>("message");
-        QTest::newRow("the backup cannot be moved") << false
-            << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not restored. "
+        QTest::newRow("the backup cannot be moved")
+            << false
+            << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not "
+               "restored. "
                "The PreserveState.txt in use before is still in its place, unchanged.";
-        QTest::newRow("the data file cannot be kept") << true
-            << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not "
+        QTest::newRow("the data file cannot be kept")
+            << true
+            << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use "
+               "could not "
                "be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
     }
     void failedRestoreKeepsTheDataFileAndTheProgram() {
@@ -294,7 +304,8 @@ private slots:
         const QString rows[] = {
             "Rows\tCols\tTitle\tP_Name\tAlias",
             "2\t3\tTools\tP00\tMy Tools",
-            "sID\tRow\tCol\tVis\tShortcutShow\tShortcut\tASFile\tSCname\tKM_Active\tPaletteGo\tClipbrd\tAutoMin\tTip\tInfo",
+            "sID\tRow\tCol\tVis\tShortcutShow\tShortcut\tASFile\tSCname\tKM_"
+            "Active\tPaletteGo\tClipbrd\tAutoMin\tTip\tInfo",
             "00\t0\t0\tTrue\tFalse\ta\t\t\tFalse\t\t0\t0\t\t",
             "01\t0\t1\tTrue\tFalse\tb\t\t\tFalse\t\t0\t0\t\tfirst line<r>second line",
             "02\t0\t2\tTrue\tFalse\tc\t\t\tFalse\t\t0\t0\t\tone\rtwo",

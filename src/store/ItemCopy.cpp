@@ -18,8 +18,11 @@ void ItemCopy::CopyInto(const QString& item, const QString& folder) {
             CopyInto(dir.filePath(name), target);
         return;
     }
-    if (QFileInfo(target).isDir()) throw IOException("A folder named " + source.fileName() + " is in the way in " + folder + '.');
-    if (QFileInfo::exists(target) && !QFile::remove(target)) throw IOException("Could not replace " + target + '.');
+    if (QFileInfo(target).isDir())
+        throw IOException("A folder named " + source.fileName() + " is in the way in " + folder + '.');
+    if (QFileInfo::exists(target) && !QFile::remove(target))
+        throw IOException("Could not replace " + target + '.');
     QFile file(item);
-    if (!file.copy(target)) throw IOException("Could not copy " + source.fileName() + ": " + file.errorString());
+    if (!file.copy(target))
+        throw IOException("Could not copy " + source.fileName() + ": " + file.errorString());
 }

@@ -12,31 +12,40 @@
 #include <QFileInfo>
 
 namespace {
-Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+Guard::Where where(const char* method) {
+    return Guard::Where::module("ZOR", method);
+}
 
-QString yesNo(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
+QString yesNo(bool value) {
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
 
 // A line of the export without its first column.
-QString withoutFirstColumn(const QString& line) { return line.mid(line.indexOf('\t') + 1); }
+QString withoutFirstColumn(const QString& line) {
+    return line.mid(line.indexOf('\t') + 1);
+}
 } // namespace
 
 QString ZOR::LineTabFieldName() {
-    return QStringLiteral("ID\tsID\tRow\tCol\tVis\tShortcutShow\tShortcut\tASFile\tSCname\tKM_Active\tPaletteGo\t"
-                          "Clipbrd\tAutoMin\tTip\tInfo");
+    return QStringLiteral(
+        "ID\tsID\tRow\tCol\tVis\tShortcutShow\tShortcut\tASFile\tSCname\tKM_Active\tPaletteGo\t"
+        "Clipbrd\tAutoMin\tTip\tInfo");
 }
 
 QString ZOR::LineTabProperties(const Btn& b) {
-    return QStringList{QString::number(b.ID), b.sID, QString::number(b.Row), QString::number(b.Col), yesNo(b.Vis),
-                       yesNo(b.ShortcutShow), b.Shortcut, b.ASfile, b.SCname, yesNo(b.KM_Active), b.PaletteGo,
-                       QString::number(b.Clipbrd), QString::number(b.AutoMin), b.Tip,
-                       QString(b.Info).replace('\n', "<r>")}
-        .join('\t');
+    QStringList values{QString::number(b.ID), b.sID, QString::number(b.Row), QString::number(b.Col)};
+    values << yesNo(b.Vis) << yesNo(b.ShortcutShow) << b.Shortcut << b.ASfile << b.SCname
+           << yesNo(b.KM_Active);
+    values << b.PaletteGo << QString::number(b.Clipbrd) << QString::number(b.AutoMin) << b.Tip;
+    values << QString(b.Info).replace('\n', "<r>");
+    return values.join('\t');
 }
 
 QString ZOR::PaletteInfoToString() {
     return Guard::run(where("PaletteInfoToString"), []() -> QString {
         QString text = "Rows\tCols\tTitle\tP_Name\tAlias\n";
-        text += QStringList{QString::number(numRows), QString::number(numColumns), paleWinTitle, paleName, paleAlias}
+        text += QStringList{QString::number(numRows), QString::number(numColumns), paleWinTitle, paleName,
+                            paleAlias}
                     .join('\t') +
                 '\n';
         text += withoutFirstColumn(LineTabFieldName()) + '\n';
@@ -55,11 +64,12 @@ void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
     Guard::run(where("ButtonPicturesIntoFolder"), [&] {
         const QDir source(AppGlobals::appSupportFolder + "/ButtonPictures/" + paleName);
         if (paleName.isEmpty() || !source.exists()) return;
-        const QStringList items =
-            source.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+        const QStringList items = source.entryList(
+            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         if (items.isEmpty()) return;
         QDir().mkpath(destination);
-        for (const QString& item : items) ItemCopy::CopyInto(source.filePath(item), destination);
+        for (const QString& item : items)
+            ItemCopy::CopyInto(source.filePath(item), destination);
     });
 }
 
@@ -73,7 +83,8 @@ bool ZOR::PaletteDataToDesktop() {
     const QString name = PaletteDataFolderName();
     const QString pictures = FileTools::CreateFolderKnownStart("Desktop", name + "/ButtonPictures");
     if (pictures.isEmpty()) return false;
-    if (!FileTools::StringToFileItem(PaletteInfoToString(), "TextData", QFileInfo(pictures).path())) return false;
+    if (!FileTools::StringToFileItem(PaletteInfoToString(), "TextData", QFileInfo(pictures).path()))
+        return false;
     ButtonPicturesIntoFolder(pictures);
     GeneralMethods::ShowExplanationHTML(
         "<p>A folder</p><p> <i>" + name.toHtmlEscaped() + "</i></p>" +

@@ -2,13 +2,13 @@
 
 #include "help/GeneralMethods.h"
 #include "util/AppGlobals.h"
+#include "util/Clock.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
 #include "util/Guard.h"
 #include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
 #include "util/StdFolders.h"
-#include "util/Clock.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,7 +19,8 @@ const QString kNotAppropriate = QStringLiteral("You did not select an appropriat
 
 // Why a chosen file is no backup; empty when it is one. The tests run in this order.
 QString refusal(const QString& name) {
-    if (name.size() != 30) return kNotAppropriate + "It should have a name like 230508_2314PreserveStateBU.txt";
+    if (name.size() != 30)
+        return kNotAppropriate + "It should have a name like 230508_2314PreserveStateBU.txt";
     if (!RtrnBoolean::rbValidYYMMDD_HHSS(name.left(11)))
         return kNotAppropriate + "It should start with a valid date stamp in the form YYMMDD_HHSS";
     if (name.right(4).compare(".txt", Qt::CaseInsensitive) != 0)
@@ -48,7 +49,8 @@ QString setAsideDataFile() {
     if (!wasTaken || !QFileInfo::exists(ZOR::DataFilePath())) return {};
     const QDateTime now = Clock::now();
     for (int minutes = 1; minutes <= 60; ++minutes) {
-        const QString name = emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
+        const QString name =
+            emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
         if (!QFileInfo::exists(name)) return QFile::rename(ZOR::DataFilePath(), name) ? name : QString();
     }
     return {};
@@ -58,7 +60,8 @@ QString setAsideDataFile() {
 bool moveIntoPlace(const QFileInfo& chosen) {
     const QString beside = chosen.dir().filePath("PreserveState.txt");
     if (QFileInfo::exists(beside) &&
-        !QFile::rename(beside, chosen.dir().filePath("PreserveState" + RtrnDateString::rsAlphaDateTime(4) + ".txt")))
+        !QFile::rename(beside,
+                       chosen.dir().filePath("PreserveState" + RtrnDateString::rsAlphaDateTime(4) + ".txt")))
         return false;
     return QFile::rename(chosen.filePath(), ZOR::DataFilePath());
 }
@@ -70,15 +73,17 @@ void tellNotRestored(const QString& name, const QString& keptAt) {
         return;
     }
     // The quit then writes the palettes in memory to a new data file; the former one stays where it went.
-    Dialogs::message(start + "The PreserveState.txt in use before could not be put back either. It is kept in "
-                             "the folder EmergencyPreserveStateBU as " +
+    Dialogs::message(start +
+                     "The PreserveState.txt in use before could not be put back either. It is kept in "
+                     "the folder EmergencyPreserveStateBU as " +
                      QFileInfo(keptAt).fileName() + ", and your palettes will be saved anew when you quit.");
 }
 } // namespace
 
 bool ZOR::PreserveStateRestore() {
     return Guard::run(Guard::Where::module("ZOR", "PreserveStateRestore"), [] {
-        const QString path = FileTools::FolderItemSelect("Choose Restoring File", "TextThing", StdFolders::desktop());
+        const QString path =
+            FileTools::FolderItemSelect("Choose Restoring File", "TextThing", StdFolders::desktop());
         if (path.isEmpty()) return false;
         const QFileInfo chosen(path);
         const QString name = chosen.fileName();
@@ -90,9 +95,10 @@ bool ZOR::PreserveStateRestore() {
         if (QFileInfo::exists(DataFilePath())) {
             keptAt = setAsideDataFile();
             if (keptAt.isEmpty()) {
-                Dialogs::message("The backup " + name +
-                                 " was not restored: the PreserveState.txt in use could not be kept in the folder "
-                                 "EmergencyPreserveStateBU first, so it stays in its place, unchanged.");
+                Dialogs::message(
+                    "The backup " + name +
+                    " was not restored: the PreserveState.txt in use could not be kept in the folder "
+                    "EmergencyPreserveStateBU first, so it stays in its place, unchanged.");
                 return false;
             }
         }
@@ -102,10 +108,11 @@ bool ZOR::PreserveStateRestore() {
         }
         // From here on the restored file is the data file: no quit may write over it.
         QuitSavePaletteChanges = false;
-        GeneralMethods::ShowText("A backup, " + name + ", was used to restore the active PreserveState.txt file.\n" +
-                                     "The application is quitting. Restart to access the PreserveState.txt file "
-                                     "that was restored.",
-                                 "Backup Data Restored");
+        GeneralMethods::ShowText(
+            "A backup, " + name + ", was used to restore the active PreserveState.txt file.\n" +
+                "The application is quitting. Restart to access the PreserveState.txt file "
+                "that was restored.",
+            "Backup Data Restored");
         return true;
     });
 }

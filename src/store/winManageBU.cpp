@@ -1,8 +1,8 @@
 #include "store/winManageBU.h"
 
+#include "help/GeneralMethods.h"
 #include "store/ItemCopy.h"
 #include "store/ZOR.h"
-#include "help/GeneralMethods.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
 #include "util/Fonts.h"
@@ -26,9 +26,9 @@ Guard::Where pressed(const char* control) {
     return Guard::Where::controlEvent(kWindow, QString::fromLatin1(control), QStringLiteral("Pressed"));
 }
 
-const QString kMakingText = QStringLiteral(
-    "The application will quit. It can be restarted whenever you wish. A backup of the PreserveState.txt file "
-    "has been created on the desktop.");
+const QString kMakingText = QStringLiteral("The application will quit. It can be restarted whenever you "
+                                           "wish. A backup of the PreserveState.txt file "
+                                           "has been created on the desktop.");
 
 const QString kPreserveStateText = QStringLiteral(
     "There is a file called PreserveState.txt and it is a JSON file that saves information about "
@@ -120,9 +120,9 @@ winManageBU::winManageBU(QWidget* parent) : QDialog(parent) {
 
     labPath = label(this, "labPath", QStringLiteral("Path:"), 13);
     labPath->setWordWrap(false);
-    labPreserveStatePath = label(
-        this, "labPreserveStatePath",
-        QStringLiteral("~/Library/Application Support/net.lunvale.ZOR-Palette/PreserveState.txt"), 13);
+    labPreserveStatePath =
+        label(this, "labPreserveStatePath",
+              QStringLiteral("~/Library/Application Support/net.lunvale.ZOR-Palette/PreserveState.txt"), 13);
     labPreserveState = label(this, "labPreserveState", kPreserveStateText, kLongText);
     labBackUp = label(this, "labBackUp", QStringLiteral("Backup"), 18, true);
     labRestore = label(this, "labRestore", QStringLiteral("Restore"), 18, true);
@@ -214,7 +214,8 @@ void winManageBU::pbRestoreBU_Pressed() {
 
 bool winManageBU::ShowModal() {
     winManageBU window;
-    const Dialogs::Answer answer = Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
+    const Dialogs::Answer answer =
+        Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
     return answer.button == kQuitProgram;
 }
 
