@@ -72,11 +72,10 @@ void tellNotRestored(const QString& name, const QString& keptAt) {
         Dialogs::message(start + "The PreserveState.txt in use before is still in its place, unchanged.");
         return;
     }
-    // The quit then writes the palettes in memory to a new data file; the former one stays where it went.
     Dialogs::message(start +
                      "The PreserveState.txt in use before could not be put back either. It is kept in "
                      "the folder EmergencyPreserveStateBU as " +
-                     QFileInfo(keptAt).fileName() + ", and your palettes will be saved anew when you quit.");
+                     QFileInfo(keptAt).fileName() + ": restore that file to have it in use again.");
 }
 } // namespace
 
