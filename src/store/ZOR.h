@@ -84,5 +84,17 @@ QString DataFilePath();
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
+QString BackupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
+bool PreserveStateRestore(); // true when a chosen backup took the data file's place
+// Offers the backup window when the data file could not be read at start (defined with the window).
+void OfferBackupWindowAtStart(const QString& message);
+
+// export of the active palette
+QString LineTabFieldName();
+QString LineTabProperties(const Btn& button);
+QString PaletteInfoToString();
+void ButtonPicturesIntoFolder(const QString& destination);
+QString PaletteDataFolderName();
+bool PaletteDataToDesktop(); // true when it ran to its end
 
 } // namespace ZOR

@@ -59,3 +59,5 @@ void ZOR::RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold) {
         }
     });
 }
+
+QString ZOR::BackupFileName() { return stampedBackupName(); }
