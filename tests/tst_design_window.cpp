@@ -221,6 +221,7 @@ private slots:
         click(*w, 30);
         QCOMPARE(dialogs->beeps(), 2);
         QCOMPARE(ZOR::idxCurrentBtn, -1);
+        for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC}) QVERIFY(!icon->pixmap().isNull());
     }
 
     void shrinkingKeepsButtonsUntilTheNextOpening() {
