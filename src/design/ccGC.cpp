@@ -84,12 +84,14 @@ void ccGC::cnvGC_Paint(QPainter& g) {
     g.drawRoundedRect(box, 5, 5);
 
     if (look == Look::Selected) {
-        g.setFont(GridFont(22));
+        static const QFont large = GridFont(22);
+        g.setFont(large);
         g.setPen(kGhost);
         g.drawText(QPointF(16, 35), butID);
         return;
     }
-    g.setFont(GridFont(14));
+    static const QFont small = GridFont(14); // looked up once: a refresh paints 100 cells
+    g.setFont(small);
     if (look == Look::Outside) {
         g.setPen(kGhost);
         g.drawText(QPointF(5, 16), "KM");
