@@ -77,7 +77,8 @@ int main(int argc, char** argv) {
             design->repaint();
         }));
         // Let the first exposure of the new window settle, so that it is not charged to the refresh.
-        for (int settle = 0; settle < 3; ++settle) QApplication::processEvents();
+        for (int settle = 0; settle < 3; ++settle)
+            QApplication::processEvents();
         refreshes.push_back(timeMs([&] {
             design->RefreshAllCells();
             // The next paint of the marked cells, made at once rather than left to the event

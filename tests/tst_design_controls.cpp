@@ -105,12 +105,18 @@ private slots:
         QTest::addColumn<QColor>("frame");
         QTest::addColumn<QColor>("kind"); // a colour the upper left mark is drawn in
         QTest::addColumn<bool>("tipMark");
-        QTest::newRow("used, no action shows KM") << 0 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0xCFCFCF) << false;
-        QTest::newRow("used, hidden button") << 1 << QColor(0xCDFFF2) << QColor(0x7F7F7F) << QColor(0xFF0000) << true;
-        QTest::newRow("used, shortcut") << 2 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x008080) << true;
-        QTest::newRow("used, palette switch") << 10 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x8000FF) << true;
-        QTest::newRow("outside the used columns") << 4 << QColor(0xFFFFFF) << QColor(0xCFCFCF) << QColor(0xE6E6E6) << false;
-        QTest::newRow("selected, also when hidden") << 11 << QColor(0x6666FF) << QColor(0xCCCCCC) << QColor() << false;
+        QTest::newRow("used, no action shows KM")
+            << 0 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0xCFCFCF) << false;
+        QTest::newRow("used, hidden button")
+            << 1 << QColor(0xCDFFF2) << QColor(0x7F7F7F) << QColor(0xFF0000) << true;
+        QTest::newRow("used, shortcut")
+            << 2 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x008080) << true;
+        QTest::newRow("used, palette switch")
+            << 10 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x8000FF) << true;
+        QTest::newRow("outside the used columns")
+            << 4 << QColor(0xFFFFFF) << QColor(0xCFCFCF) << QColor(0xE6E6E6) << false;
+        QTest::newRow("selected, also when hidden")
+            << 11 << QColor(0x6666FF) << QColor(0xCCCCCC) << QColor() << false;
     }
     void cellLooks() {
         QFETCH(int, index);

@@ -28,7 +28,8 @@
 namespace {
 std::vector<Btn> snapshot() {
     std::vector<Btn> copy;
-    for (const BtnRef& b : *ZOR::aBtn) copy.push_back(*b);
+    for (const BtnRef& b : *ZOR::aBtn)
+        copy.push_back(*b);
     return copy;
 }
 
@@ -68,13 +69,25 @@ private slots:
 
     void editOfEachKind_data() {
         QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("begun");   // state once the kind is begun
-        QTest::addColumn<QString>("undone");  // after taking it away again
+        QTest::addColumn<QString>("begun");  // state once the kind is begun
+        QTest::addColumn<QString>("undone"); // after taking it away again
         QTest::addColumn<QString>("label");
-        QTest::newRow("Keyboard Maestro") << "KM" << "1000 110 0" << "1111 110 0" << "Keyboard Maestro";
-        QTest::newRow("AppleScript") << "AS" << "0100 110 0" << "1111 011 0" << "AppleScript";
-        QTest::newRow("Shortcut") << "SC" << "0010 110 0" << "1111 011 0" << "Shortcut";
-        QTest::newRow("palette switch") << "PS" << "0001 110 0" << "1111 011 0" << "Palette Switcher";
+        QTest::newRow("Keyboard Maestro") << "KM"
+                                          << "1000 110 0"
+                                          << "1111 110 0"
+                                          << "Keyboard Maestro";
+        QTest::newRow("AppleScript") << "AS"
+                                     << "0100 110 0"
+                                     << "1111 011 0"
+                                     << "AppleScript";
+        QTest::newRow("Shortcut") << "SC"
+                                  << "0010 110 0"
+                                  << "1111 011 0"
+                                  << "Shortcut";
+        QTest::newRow("palette switch") << "PS"
+                                        << "0001 110 0"
+                                        << "1111 011 0"
+                                        << "Palette Switcher";
     }
     void editOfEachKind() {
         QFETCH(QString, kind);
@@ -87,13 +100,17 @@ private slots:
         QLineEdit* field = kind == "AS" ? w->tfAS : kind == "SC" ? w->tfSC : w->tfPaletteGo;
         const QString text = kind == "AS" ? "Mail" : kind == "SC" ? "Day" : "1";
         const auto begin = [&] {
-            if (kind == "KM") QTest::mouseClick(w->cbKM, Qt::LeftButton);
-            else QTest::keyClicks(field, text);
+            if (kind == "KM")
+                QTest::mouseClick(w->cbKM, Qt::LeftButton);
+            else
+                QTest::keyClicks(field, text);
         };
         begin();
         QTEST(state(*w), "begun");
-        if (kind == "KM") QTest::mouseClick(w->cbKM, Qt::LeftButton);
-        else field->clear();
+        if (kind == "KM")
+            QTest::mouseClick(w->cbKM, Qt::LeftButton);
+        else
+            field->clear();
         QTEST(state(*w), "undone");
         begin();
         if (kind != "KM") leave(field);
@@ -113,16 +130,37 @@ private slots:
     void fieldFilters_data() {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("kept");   // after focus loss
+        QTest::addColumn<QString>("kept"); // after focus loss
         QTest::addColumn<QString>("tip");
         QTest::addColumn<bool>("warning");
-        QTest::newRow("script name") << "tfAS" << "9 my-script.b2" << "myscriptb2" << "Run AS myscriptb2" << true;
-        QTest::newRow("script that exists") << "tfAS" << "mail" << "Mail" << "Run AS Mail" << false;
-        QTest::newRow("only digits") << "tfAS" << "123" << "" << "" << false;
-        QTest::newRow("shortcut without blanks") << "tfSC" << "My Shortcut" << "MyShortcut" << "Run Shortcut MyShortcut" << false;
-        QTest::newRow("unknown shortcut") << "tfSC" << "Gone" << "Gone" << "Run Shortcut Gone" << true;
-        QTest::newRow("one digit palette") << "tfPaletteGo" << "7" << "07" << "Change palette to 07" << true;
-        QTest::newRow("existing palette") << "tfPaletteGo" << "1" << "01" << "Change palette to 01" << false;
+        QTest::newRow("script name") << "tfAS"
+                                     << "9 my-script.b2"
+                                     << "myscriptb2"
+                                     << "Run AS myscriptb2" << true;
+        QTest::newRow("script that exists") << "tfAS"
+                                            << "mail"
+                                            << "Mail"
+                                            << "Run AS Mail" << false;
+        QTest::newRow("only digits") << "tfAS"
+                                     << "123"
+                                     << ""
+                                     << "" << false;
+        QTest::newRow("shortcut without blanks") << "tfSC"
+                                                 << "My Shortcut"
+                                                 << "MyShortcut"
+                                                 << "Run Shortcut MyShortcut" << false;
+        QTest::newRow("unknown shortcut") << "tfSC"
+                                          << "Gone"
+                                          << "Gone"
+                                          << "Run Shortcut Gone" << true;
+        QTest::newRow("one digit palette") << "tfPaletteGo"
+                                           << "7"
+                                           << "07"
+                                           << "Change palette to 07" << true;
+        QTest::newRow("existing palette") << "tfPaletteGo"
+                                          << "1"
+                                          << "01"
+                                          << "Change palette to 01" << false;
     }
     void fieldFilters() {
         QFETCH(QString, field);
@@ -137,7 +175,7 @@ private slots:
         leave(edit);
         QTEST(edit->text(), "kept");
         QTEST(w->tfTip->text(), "tip");
-        QWidget* warning = field == "tfAS" ? static_cast<QWidget*>(w->labZorAS_NotExist)
+        QWidget* warning = field == "tfAS"   ? static_cast<QWidget*>(w->labZorAS_NotExist)
                            : field == "tfSC" ? static_cast<QWidget*>(w->labZorSC_NotExist)
                                              : static_cast<QWidget*>(w->labZorPaletteNum_NotExist);
         QTEST(!warning->isHidden(), "warning");
@@ -155,13 +193,14 @@ private slots:
 
     void shortcutLetterMovesBetweenButtons() {
         startWith(1);
-        for (const BtnRef& b : *ZOR::aBtn) b->Shortcut = kNoShortcut;
+        for (const BtnRef& b : *ZOR::aBtn)
+            b->Shortcut = kNoShortcut;
         button(3).Shortcut = "k";
         button(20).Shortcut = "K";
         auto w = open();
         click(*w, 12);
         arrows(w->ccShortcutUpDown->udChangeVal, false, 1, true); // h
-        arrows(w->ccShortcutUpDown->udChangeVal, false, 3);        // k
+        arrows(w->ccShortcutUpDown->udChangeVal, false, 3);       // k
         QCOMPARE(w->labShortcut->text(), "k");
         QCOMPARE(button(12).Shortcut, kNoShortcut); // only OK stores it
         QTest::mouseClick(w->pbOK, Qt::LeftButton);
@@ -221,7 +260,8 @@ private slots:
         click(*w, 30);
         QCOMPARE(dialogs->beeps(), 2);
         QCOMPARE(ZOR::idxCurrentBtn, -1);
-        for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC}) QVERIFY(!icon->pixmap().isNull());
+        for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC})
+            QVERIFY(!icon->pixmap().isNull());
     }
 
     void shrinkingKeepsButtonsUntilTheNextOpening() {
@@ -260,7 +300,8 @@ private slots:
         QVERIFY(!w->pbAssignNoShortcut->isEnabled() && w->pbAssignShortcuts->isEnabled());
         QTest::mouseClick(w->pbAssignShortcuts, Qt::LeftButton);
         QString letters;
-        for (int i = 0; i < 100; ++i) letters += button(i).Shortcut;
+        for (int i = 0; i < 100; ++i)
+            letters += button(i).Shortcut;
         QCOMPARE(letters, ZOR::aAlphabetShortcut.join("") + QString(48, kNoShortcut[0]));
         QCOMPARE(w->ShortcutStatus(), 2);
         QVERIFY(!w->pbAssignShortcuts->isEnabled() && w->pbAssignNoShortcut->isEnabled());
@@ -268,7 +309,8 @@ private slots:
 
     void allVisibleFlips() {
         startWith(1);
-        for (const BtnRef& b : *ZOR::aBtn) b->ShortcutShow = true;
+        for (const BtnRef& b : *ZOR::aBtn)
+            b->ShortcutShow = true;
         auto w = open();
         QCOMPARE(w->pbAllVisibleOnButton->text(), "All Invisible on Button");
         QTest::mouseClick(w->pbAllVisibleOnButton, Qt::LeftButton);
@@ -280,11 +322,16 @@ private slots:
     void windowTitleRule_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("title");
-        QTest::newRow("begins with a digit") << "1 Work" << "A1 Work";
-        QTest::newRow("only removed characters") << "(.)" << "P00";
-        QTest::newRow("blank") << "   " << "P00";
-        QTest::newRow("marks and blanks") << "  My, (big)   palette " << "My big palette";
-        QTest::newRow("cut at 35") << "1234567890123456789012345678901234567" << "A1234567890123456789012345678901234";
+        QTest::newRow("begins with a digit") << "1 Work"
+                                             << "A1 Work";
+        QTest::newRow("only removed characters") << "(.)"
+                                                 << "P00";
+        QTest::newRow("blank") << "   "
+                               << "P00";
+        QTest::newRow("marks and blanks") << "  My, (big)   palette "
+                                          << "My big palette";
+        QTest::newRow("cut at 35") << "1234567890123456789012345678901234567"
+                                   << "A1234567890123456789012345678901234";
     }
     void windowTitleRule() {
         QFETCH(QString, title);
@@ -304,11 +351,13 @@ private slots:
     void invisibleButtonsWithPictures_data() {
         QTest::addColumn<QList<int>>("hidden");
         QTest::addColumn<QString>("text");
-        QTest::newRow("one") << QList<int>{5}
-                             << "The following button has a picture assigned to it but is currently set as invisible: 5";
-        QTest::newRow("several") << QList<int>{5, 12}
-                                 << "The following buttons have pictures assigned to them but are currently set as "
-                                    "invisible: 5, 12";
+        QTest::newRow("one")
+            << QList<int>{5}
+            << "The following button has a picture assigned to it but is currently set as invisible: 5";
+        QTest::newRow("several")
+            << QList<int>{5, 12}
+            << "The following buttons have pictures assigned to them but are currently set as "
+               "invisible: 5, 12";
         QTest::newRow("none") << QList<int>{7} << "";
     }
     void invisibleButtonsWithPictures() {
@@ -320,12 +369,14 @@ private slots:
         for (const char* name : {"05 five.png", "12 twelve.png", "40 forty.png"})
             picture.save(home->programFolder() + "/ButtonPictures/P00/" + name);
         startWith(1);
-        for (int i : hidden) button(i).Vis = false;
+        for (int i : hidden)
+            button(i).Vis = false;
         if (!text.isEmpty()) dialogs->queueOK(true);
         auto w = open();
         QCOMPARE(dialogs->texts(Dialogs::Kind::MesDlg), text.isEmpty() ? QStringList() : QStringList{text});
         QVERIFY(dialogs->unexpected.isEmpty());
-        if (!text.isEmpty()) QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
+        if (!text.isEmpty())
+            QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
     }
 
     void doneRedrawsThePaletteWindow() {

@@ -14,9 +14,12 @@ namespace ConstructParts {
 inline Guard::Where controlEvent(const char* control, const char* event) {
     return Guard::Where::controlEvent("winConstruct", control, event);
 }
-inline Guard::Where windowMethod(const char* method) { return Guard::Where::windowMethod("winConstruct", method); }
+inline Guard::Where windowMethod(const char* method) {
+    return Guard::Where::windowMethod("winConstruct", method);
+}
 
-template <class T, class... Args> T* make(QWidget* parent, const char* name, const QRect& place, Args&&... args) {
+template <class T, class... Args>
+T* make(QWidget* parent, const char* name, const QRect& place, Args&&... args) {
     auto* control = new T(std::forward<Args>(args)..., parent);
     control->setObjectName(name);
     control->setGeometry(place);
@@ -29,7 +32,9 @@ inline void setTextColour(QWidget* w, const QColor& colour) {
     w->setPalette(p);
 }
 
-inline QColor textColour(const QWidget* w) { return w->palette().color(QPalette::WindowText); }
+inline QColor textColour(const QWidget* w) {
+    return w->palette().color(QPalette::WindowText);
+}
 
 // A help label that changes colour under the pointer.
 inline labZor* helpLabel(QWidget* parent, const char* name, const QString& text, int id, QColor rest,
@@ -49,8 +54,8 @@ inline labInfo* infoLabel(QWidget* parent, const char* name, int id, const QRect
     return label;
 }
 
-inline QLabel* plainLabel(QWidget* parent, const char* name, const QString& text, const QRect& place, double size,
-                          bool bold = false) {
+inline QLabel* plainLabel(QWidget* parent, const char* name, const QString& text, const QRect& place,
+                          double size, bool bold = false) {
     auto* label = make<QLabel>(parent, name, place);
     label->setText(text);
     QFont font = Fonts::Sized("System", size);

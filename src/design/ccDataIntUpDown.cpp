@@ -38,7 +38,9 @@ ccDataIntUpDown::ccDataIntUpDown(QWidget* parent) : QWidget(parent) {
     connect(udChangeVal, &UpDownArrows::DownPressed, this, &ccDataIntUpDown::udChangeVal_DownPressed);
 }
 
-void ccDataIntUpDown::ShowValue() { labValue->setText(QString::number(theValue)); }
+void ccDataIntUpDown::ShowValue() {
+    labValue->setText(QString::number(theValue));
+}
 
 void ccDataIntUpDown::udChangeVal_UpPressed(bool shift) {
     Guard::run(arrowEvent("UpPressed"), [&] { Step(shift ? jumpShift : jump); });

@@ -40,7 +40,9 @@ void ccDataStrUpDown::SetValueColor(const QColor& colour) {
     labValue->setPalette(p);
 }
 
-QColor ccDataStrUpDown::ValueColor() const { return labValue->palette().color(QPalette::WindowText); }
+QColor ccDataStrUpDown::ValueColor() const {
+    return labValue->palette().color(QPalette::WindowText);
+}
 
 void ccDataStrUpDown::udChangeVal_UpPressed(bool shift) {
     Guard::run(arrowEvent("UpPressed"), [&] { Step(-(shift ? jumpShift : jump)); });
@@ -53,7 +55,8 @@ void ccDataStrUpDown::udChangeVal_DownPressed(bool shift) {
 void ccDataStrUpDown::Step(int delta) {
     SetValueColor(Qt::black);
     const int old = theValueIndex;
-    theValueIndex = delta < 0 ? std::max(theValueIndex + delta, minIndex) : std::min(theValueIndex + delta, maxIndex);
+    theValueIndex =
+        delta < 0 ? std::max(theValueIndex + delta, minIndex) : std::min(theValueIndex + delta, maxIndex);
     if (theValueIndex >= 0 && theValueIndex < aStrChoices.size()) theValue = aStrChoices[theValueIndex];
     labValue->setText(theValue);
     if (theValueIndex != old) emit ValueChanged();

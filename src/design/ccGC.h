@@ -14,7 +14,7 @@ public:
     enum class Look { Used, Outside, Selected };
     Look CurrentLook() const;
 
-    QString butID; // "00" .. "99"
+    QString butID;    // "00" .. "99"
     int tipInfo = 0;  // kept for the data's sake; nothing reads it
     int shortcut = 0; // the same
 

@@ -43,8 +43,9 @@ winConstruct::~winConstruct() {
 
 void winConstruct::BuildFrame() {
     pbHelpGridCon = make<QPushButton>(this, "pbHelpGridCon", QRect(1060, 12, 24, 24), "?");
-    pbHelpGridCon->setStyleSheet("QPushButton { border: 1px solid #B5B5B5; border-radius: 12px; background: #FFFFFF;"
-                                 " font-weight: bold; color: #3A3A3A; } QPushButton:pressed { background: #DDDDDD; }");
+    pbHelpGridCon->setStyleSheet(
+        "QPushButton { border: 1px solid #B5B5B5; border-radius: 12px; background: #FFFFFF;"
+        " font-weight: bold; color: #3A3A3A; } QPushButton:pressed { background: #DDDDDD; }");
     pbHelpGridCon->setFocusPolicy(Qt::NoFocus);
     connect(pbHelpGridCon, &QPushButton::clicked, this, &winConstruct::pbHelpGridCon_Pressed);
     pbDone = make<QPushButton>(this, "pbDone", QRect(985, 728, 95, 30), "Done");
@@ -53,9 +54,10 @@ void winConstruct::BuildFrame() {
     // An etched frame round the button half: a light, a dark and a grey line side by side.
     const auto etched = [this](const char* name, const QRect& place, bool across) {
         auto* line = make<QWidget>(this, name, place);
-        line->setStyleSheet(QString("background: qlineargradient(%1, stop:0 #FFFFFF, stop:0.33 #FFFFFF, "
-                                    "stop:0.34 #333333, stop:0.66 #333333, stop:0.67 #CFCFCF, stop:1 #CFCFCF);")
-                                .arg(across ? "x1:0, y1:0, x2:0, y2:1" : "x1:0, y1:0, x2:1, y2:0"));
+        line->setStyleSheet(
+            QString("background: qlineargradient(%1, stop:0 #FFFFFF, stop:0.33 #FFFFFF, "
+                    "stop:0.34 #333333, stop:0.66 #333333, stop:0.67 #CFCFCF, stop:1 #CFCFCF);")
+                .arg(across ? "x1:0, y1:0, x2:0, y2:1" : "x1:0, y1:0, x2:1, y2:0"));
         line->setAttribute(Qt::WA_StyledBackground);
         return line;
     };
@@ -67,7 +69,8 @@ void winConstruct::BuildFrame() {
 void winConstruct::Event_Opening() {
     Guard::run(Guard::Where::windowEvent("winConstruct", "Opening"), [this] {
         bool allShown = true;
-        for (const BtnRef& b : *ZOR::aBtn) allShown = allShown && b->ShortcutShow;
+        for (const BtnRef& b : *ZOR::aBtn)
+            allShown = allShown && b->ShortcutShow;
         const int status = ShortcutStatus();
         if (status == 0) pbAssignNoShortcut->setEnabled(false);
         if (status == 2) pbAssignShortcuts->setEnabled(false);
@@ -98,10 +101,11 @@ void winConstruct::Event_Opening() {
         if (!hidden.isEmpty()) {
             const QString message =
                 hidden.size() > 1
-                    ? "The following buttons have pictures assigned to them but are currently set as invisible: "
+                    ? "The following buttons have pictures assigned to them but are currently set as "
+                      "invisible: "
                     : "The following button has a picture assigned to it but is currently set as invisible: ";
-            GeneralMethods::MesDlg(message + hidden.join(", "), "This is legal but make sure this is your intent.",
-                                   "OK", false, "");
+            GeneralMethods::MesDlg(message + hidden.join(", "),
+                                   "This is legal but make sure this is your intent.", "OK", false, "");
         }
 
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
@@ -128,11 +132,16 @@ void winConstruct::Event_Opening() {
 
 bool winConstruct::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && opened) {
-        if (watched == tfWinTitle) tfWinTitle_FocusLost();
-        else if (watched == taParticulars) taParticulars_FocusLost();
-        else if (watched == tfAS) tfAS_FocusLost();
-        else if (watched == tfSC) tfSC_FocusLost();
-        else if (watched == tfPaletteGo) tfPaletteGo_FocusLost();
+        if (watched == tfWinTitle)
+            tfWinTitle_FocusLost();
+        else if (watched == taParticulars)
+            taParticulars_FocusLost();
+        else if (watched == tfAS)
+            tfAS_FocusLost();
+        else if (watched == tfSC)
+            tfSC_FocusLost();
+        else if (watched == tfPaletteGo)
+            tfPaletteGo_FocusLost();
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -165,5 +174,6 @@ void winConstruct::RefreshCell(int index) {
 }
 
 void winConstruct::RefreshAllCells() {
-    for (ccGC* cell : accGC) cell->update();
+    for (ccGC* cell : accGC)
+        cell->update();
 }

@@ -2,8 +2,8 @@
 // scratch copy of the button until OK; a click on another cell or Cancel drops them.
 #include "actions/Launchers.h"
 #include "design/ConstructParts.h"
-#include "design/ccDataStrUpDown.h"
 #include "design/UpDownArrows.h"
+#include "design/ccDataStrUpDown.h"
 #include "design/winConstruct.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
@@ -19,12 +19,15 @@
 using namespace ConstructParts;
 
 namespace {
-const QColor kLetterShown(0xDC, 0x6E, 0x00), kLetterLoadedHidden(0xA9, 0xA9, 0xA9), kLetterHidden(0x79, 0x79, 0x79);
+const QColor kLetterShown(0xDC, 0x6E, 0x00), kLetterLoadedHidden(0xA9, 0xA9, 0xA9),
+    kLetterHidden(0x79, 0x79, 0x79);
 const QColor kDarkLabel(0x42, 0x42, 0x42), kGreyLabel(0x91, 0x91, 0x91), kWarning(0xFF, 0x26, 0x00);
 constexpr int kAutoMinSeconds[] = {0, 2, 10, 50};
 constexpr int kTipCut = 80, kInfoCut = 2000;
 
-QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
+QString twoDigits(int n) {
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
 
 QLabel* kindIcon(QWidget* parent, const char* name, const QString& picture, int top) {
     auto* icon = make<QLabel>(parent, name, QRect(612, top, 24, 24));
@@ -42,7 +45,9 @@ void keepOnly(QLineEdit* field, const QString& kept) {
     field->setCursorPosition(std::clamp(cursor, 0, int(kept.size())));
 }
 
-QString withoutBlanks(QString text) { return text.remove(' '); }
+QString withoutBlanks(QString text) {
+    return text.remove(' ');
+}
 } // namespace
 
 void winConstruct::BuildButtonHalf() {
@@ -89,19 +94,21 @@ void winConstruct::BuildButtonHalf() {
                                 QRect(644, 552, 110, 20));
     tfSC = make<QLineEdit>(this, "tfSC", QRect(760, 549, 250, 24));
     tfSC->setMaxLength(32);
-    tfSC->setToolTip(
-        "Shortcuts is an app on the computer and there are many individual shortcuts can be invoked by name.");
+    tfSC->setToolTip("Shortcuts is an app on the computer and there are many individual shortcuts can be "
+                     "invoked by name.");
     labZorSC_NotExist = helpLabel(this, "labZorSC_NotExist", "Does not exist currently", 37, kWarning,
                                   QRect(762, 574, 250, 16), 11);
 
-    labZorPaletteSwitch = helpLabel(this, "labZorPaletteSwitch", "Palette Switch", 35, QColor(0x94, 0x37, 0xFF),
-                                    QRect(644, 598, 110, 20));
+    labZorPaletteSwitch = helpLabel(this, "labZorPaletteSwitch", "Palette Switch", 35,
+                                    QColor(0x94, 0x37, 0xFF), QRect(644, 598, 110, 20));
     tfPaletteGo = make<QLineEdit>(this, "tfPaletteGo", QRect(760, 595, 40, 24));
     tfPaletteGo->setMaxLength(2);
-    tfPaletteGo->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9 ]{0,2}"), tfPaletteGo));
+    tfPaletteGo->setValidator(
+        new QRegularExpressionValidator(QRegularExpression("[0-9 ]{0,2}"), tfPaletteGo));
     tfPaletteGo->setToolTip("A button can be assigned the task of switching to another palette");
-    labZorPaletteNum_NotExist = helpLabel(this, "labZorPaletteNum_NotExist", "This palette does not exist currently",
-                                          38, kWarning, QRect(810, 599, 260, 16), 11);
+    labZorPaletteNum_NotExist =
+        helpLabel(this, "labZorPaletteNum_NotExist", "This palette does not exist currently", 38, kWarning,
+                  QRect(810, 599, 260, 16), 11);
 
     labAutoMin = helpLabel(this, "labAutoMin", "Auto Minimize", 0, kGreyLabel, QRect(612, 640, 140, 20));
     pumAutoMin = make<QComboBox>(this, "pumAutoMin", QRect(760, 636, 150, 26));
@@ -113,14 +120,16 @@ void winConstruct::BuildButtonHalf() {
 
     pbCancel = make<QPushButton>(this, "pbCancel", QRect(880, 676, 90, 30), "Cancel");
     pbOK = make<QPushButton>(this, "pbOK", QRect(980, 676, 90, 30), "OK");
-    for (QPushButton* b : findChildren<QPushButton*>()) b->setAutoDefault(false); // Return never closes the window
+    for (QPushButton* b : findChildren<QPushButton*>())
+        b->setAutoDefault(false); // Return never closes the window
 
     connect(tfAS, &QLineEdit::textChanged, this, &winConstruct::tfAS_TextChanged);
     connect(tfSC, &QLineEdit::textChanged, this, &winConstruct::tfSC_TextChanged);
     connect(tfPaletteGo, &QLineEdit::textChanged, this, &winConstruct::tfPaletteGo_TextChanged);
     connect(cbKM, &QCheckBox::toggled, this, &winConstruct::cbKM_ValueChanged);
     connect(cbVisOnBtn, &QCheckBox::toggled, this, &winConstruct::cbVisOnBtn_ValueChanged);
-    connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this, &winConstruct::ccShortcutUpDown_ValueChanged);
+    connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this,
+            &winConstruct::ccShortcutUpDown_ValueChanged);
     connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::FieldChanged);
     connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::FieldChanged);
     connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::FieldChanged);
@@ -128,7 +137,8 @@ void winConstruct::BuildButtonHalf() {
     connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
     connect(pbOK, &QPushButton::clicked, this, &winConstruct::pbOK_Pressed);
     connect(pbCancel, &QPushButton::clicked, this, &winConstruct::pbCancel_Pressed);
-    for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo}) field->installEventFilter(this);
+    for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo})
+        field->installEventFilter(this);
 }
 
 void winConstruct::ccShortcutUpDown_Open_Instance() {
@@ -148,7 +158,9 @@ void winConstruct::OKOn(bool on) {
     pbDone->setEnabled(!on);
 }
 
-void winConstruct::SetShortcutColour(const QColor& colour) { setTextColour(labShortcut, colour); }
+void winConstruct::SetShortcutColour(const QColor& colour) {
+    setTextColour(labShortcut, colour);
+}
 
 void winConstruct::GridClicked(int index) {
     Guard::run(windowMethod("GridClicked"), [&] {
@@ -212,12 +224,15 @@ void winConstruct::EditButton(int index) {
 void winConstruct::BlankOutEditButton() {
     Guard::run(windowMethod("BlankOutEditButton"), [this] {
         cbVisibleBtn->setChecked(true);
-        for (QCheckBox* box : {cbVisOnBtn, cbUseClip, cbKM}) box->setChecked(false);
-        for (QLineEdit* field : {tfAS, tfSC, tfPaletteGo, tfTip}) field->clear();
+        for (QCheckBox* box : {cbVisOnBtn, cbUseClip, cbKM})
+            box->setChecked(false);
+        for (QLineEdit* field : {tfAS, tfSC, tfPaletteGo, tfTip})
+            field->clear();
         taInfo->clear();
         pumAutoMin->setCurrentIndex(-1);
-        for (QWidget* w : std::initializer_list<QWidget*>{cbVisibleBtn, cbVisOnBtn, cbUseClip, cbKM, tfAS, tfSC,
-                                                          tfPaletteGo, tfTip, taInfo, pumAutoMin, ccShortcutUpDown})
+        for (QWidget* w :
+             std::initializer_list<QWidget*>{cbVisibleBtn, cbVisOnBtn, cbUseClip, cbKM, tfAS, tfSC,
+                                             tfPaletteGo, tfTip, taInfo, pumAutoMin, ccShortcutUpDown})
             w->setEnabled(false);
         for (QWidget* w : std::initializer_list<QWidget*>{labShortcut, labZorAS_NotExist, labZorSC_NotExist,
                                                           labZorPaletteNum_NotExist})
@@ -236,10 +251,12 @@ void winConstruct::BlankOutEditButton() {
 void winConstruct::InputEnabling() {
     Guard::run(windowMethod("InputEnabling"), [this] {
         const bool km = cbKM->isChecked();
-        const bool as = !tfAS->text().isEmpty(), sc = !tfSC->text().isEmpty(), ps = !tfPaletteGo->text().isEmpty();
+        const bool as = !tfAS->text().isEmpty(), sc = !tfSC->text().isEmpty(),
+                   ps = !tfPaletteGo->text().isEmpty();
         const QSignalBlocker quiet(cbKM); // unchecking here is the rule's own doing, not the user's
         if (km) {
-            for (QWidget* w : {tfAS, tfSC, tfPaletteGo}) w->setEnabled(false);
+            for (QWidget* w : {tfAS, tfSC, tfPaletteGo})
+                w->setEnabled(false);
             cbKM->setEnabled(true);
         }
         const auto only = [this](QLineEdit* kept) {
@@ -252,7 +269,8 @@ void winConstruct::InputEnabling() {
         if (sc) only(tfSC);
         if (ps) only(tfPaletteGo);
         if (!km && !as && !sc && !ps) {
-            for (QWidget* w : std::initializer_list<QWidget*>{cbKM, tfAS, tfSC, tfPaletteGo}) w->setEnabled(true);
+            for (QWidget* w : std::initializer_list<QWidget*>{cbKM, tfAS, tfSC, tfPaletteGo})
+                w->setEnabled(true);
             OKOn(false);
         } else {
             OKOn(true);
@@ -261,17 +279,22 @@ void winConstruct::InputEnabling() {
 }
 
 void winConstruct::ButtonSpecificationLabel() {
-    if (!tfAS->text().isEmpty()) labButtSpec->setText("AppleScript");
-    else if (!tfSC->text().isEmpty()) labButtSpec->setText("Shortcut");
-    else if (!tfPaletteGo->text().isEmpty()) labButtSpec->setText("Palette Switcher");
-    else labButtSpec->setText("Keyboard Maestro");
+    if (!tfAS->text().isEmpty())
+        labButtSpec->setText("AppleScript");
+    else if (!tfSC->text().isEmpty())
+        labButtSpec->setText("Shortcut");
+    else if (!tfPaletteGo->text().isEmpty())
+        labButtSpec->setText("Palette Switcher");
+    else
+        labButtSpec->setText("Keyboard Maestro");
 }
 
 QString winConstruct::AS_HasCorrectCharacters(const QString& text) {
     const auto asciiLetter = [](QChar c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
     const QString trimmed = text.trimmed();
     qsizetype start = 0;
-    while (start < trimmed.size() && !asciiLetter(trimmed[start])) ++start;
+    while (start < trimmed.size() && !asciiLetter(trimmed[start]))
+        ++start;
     QString name;
     for (qsizetype i = start; i < trimmed.size(); ++i) {
         const QChar c = trimmed[i];

@@ -19,7 +19,8 @@ const QColor kGreyLabel(0x91, 0x91, 0x91), kDarkLabel(0x42, 0x42, 0x42);
 constexpr int kTitleCut = 35, kParticularsCut = 3000;
 
 QString withoutTitleMarks(QString text) {
-    for (QChar c : kTitleRemoved) text.remove(c);
+    for (QChar c : kTitleRemoved)
+        text.remove(c);
     return text;
 }
 
@@ -49,9 +50,11 @@ void winConstruct::BuildPaletteHalf() {
     for (QWidget* w : {rectInvisible, static_cast<QWidget*>(labInvisible)})
         w->setToolTip("Buttons of this color are not visible on palette");
 
-    labKeybrdShort = helpLabel(this, "labKeybrdShort", "Keyboard Shortcuts", 16, kGreyLabel, QRect(215, 50, 180, 20));
+    labKeybrdShort =
+        helpLabel(this, "labKeybrdShort", "Keyboard Shortcuts", 16, kGreyLabel, QRect(215, 50, 180, 20));
     labAllShortcut = infoLabel(this, "labAllShortcut", 15, QRect(400, 49, 20, 22));
-    pbAssignShortcuts = make<QPushButton>(this, "pbAssignShortcuts", QRect(210, 74, 210, 28), "Assign All A Shortcut");
+    pbAssignShortcuts =
+        make<QPushButton>(this, "pbAssignShortcuts", QRect(210, 74, 210, 28), "Assign All A Shortcut");
     pbAssignNoShortcut =
         make<QPushButton>(this, "pbAssignNoShortcut", QRect(210, 106, 210, 28), "Assign All No Shortcut");
     pbAllVisibleOnButton =
@@ -67,19 +70,25 @@ void winConstruct::BuildPaletteHalf() {
     labWinTitle = helpLabel(this, "labWinTitle", "Window Title", 20, kDarkLabel, QRect(460, 66, 150, 20));
     tfWinTitle = make<QLineEdit>(this, "tfWinTitle", QRect(560, 64, 300, 24));
     tfWinTitle->setMaxLength(37);
-    labPalePart = helpLabel(this, "labPalePart", "Palette Particulars", 12, kDarkLabel, QRect(460, 96, 200, 20));
+    labPalePart =
+        helpLabel(this, "labPalePart", "Palette Particulars", 12, kDarkLabel, QRect(460, 96, 200, 20));
     taParticulars = make<QPlainTextEdit>(this, "taParticulars", QRect(460, 118, 620, 66));
     connect(tfWinTitle, &QLineEdit::textChanged, this, &winConstruct::tfWinTitle_TextChanged);
     connect(taParticulars, &QPlainTextEdit::textChanged, this, [this] {
         // The field holds at most 3100 characters; the cut to 3000 comes when it is left.
-        if (taParticulars->toPlainText().size() > 3100) taParticulars->setPlainText(taParticulars->toPlainText().left(3100));
+        if (taParticulars->toPlainText().size() > 3100)
+            taParticulars->setPlainText(taParticulars->toPlainText().left(3100));
     });
     tfWinTitle->installEventFilter(this);
     taParticulars->installEventFilter(this);
 }
 
-void winConstruct::ccRowUpDown_Open_Instance() { openCount(ccRowUpDown, ZOR::numRows, "Rows"); }
-void winConstruct::ccColUpDown_Open_Instance() { openCount(ccColUpDown, ZOR::numColumns, "Columns"); }
+void winConstruct::ccRowUpDown_Open_Instance() {
+    openCount(ccRowUpDown, ZOR::numRows, "Rows");
+}
+void winConstruct::ccColUpDown_Open_Instance() {
+    openCount(ccColUpDown, ZOR::numColumns, "Columns");
+}
 
 void winConstruct::ccRowUpDown_ValueChanged() {
     Guard::run(controlEvent("ccRowUpDown", "ValueChanged"), [this] {
@@ -120,7 +129,8 @@ void winConstruct::DefaultOutsideUsedGrid() {
 
 void winConstruct::AssignShortcut() {
     Guard::run(windowMethod("AssignShortcut"), [this] {
-        for (const BtnRef& b : *ZOR::aBtn) b->Shortcut = kNoShortcut;
+        for (const BtnRef& b : *ZOR::aBtn)
+            b->Shortcut = kNoShortcut;
         int next = 0;
         for (size_t i = 0; i < ZOR::aBtn->size() && next < ZOR::aAlphabetShortcut.size(); ++i)
             if (qint64(i % 10) < ZOR::numColumns && qint64(i / 10) < ZOR::numRows)
@@ -131,7 +141,8 @@ void winConstruct::AssignShortcut() {
 
 void winConstruct::AssignNoShortcut() {
     Guard::run(windowMethod("AssignNoShortcut"), [this] {
-        for (const BtnRef& b : *ZOR::aBtn) b->Shortcut = kNoShortcut;
+        for (const BtnRef& b : *ZOR::aBtn)
+            b->Shortcut = kNoShortcut;
         RefreshAllCells();
     });
 }
@@ -170,11 +181,13 @@ void winConstruct::pbAssignNoShortcut_Pressed() {
 
 void winConstruct::pbAllVisibleOnButton_Pressed() {
     Guard::run(controlEvent("pbAllVisibleOnButton", "Pressed"), [this] {
-        for (const BtnRef& b : *ZOR::aBtn) b->ShortcutShow = !visibleOnButton;
+        for (const BtnRef& b : *ZOR::aBtn)
+            b->ShortcutShow = !visibleOnButton;
         visibleOnButton = !visibleOnButton;
         pbAllVisibleOnButton->setText(visibleOnButton ? "All Invisible on Button" : "All Visible on Button");
-        pbAllVisibleOnButton->setToolTip(visibleOnButton ? "If button has a shortcut, make invisible on button."
-                                                         : "If button has a shortcut, make visible on button.");
+        pbAllVisibleOnButton->setToolTip(visibleOnButton
+                                             ? "If button has a shortcut, make invisible on button."
+                                             : "If button has a shortcut, make visible on button.");
         ZOR::paletteContentChange = true;
         RefreshAllCells();
     });
@@ -205,7 +218,8 @@ void winConstruct::tfWinTitle_TextChanged() {
 QString winConstruct::CleanWindowTitle(const QString& text, const QString& paletteName) {
     QString title = withoutTitleMarks(text.trimmed());
     title = StringUtils::ReplaceDoubledCharWithSingle(title, " ");
-    while (title.contains("  ")) title.replace("  ", " ");
+    while (title.contains("  "))
+        title.replace("  ", " ");
     if (title.isEmpty()) title = paletteName;
     const QString first = title.left(1);
     if (!StringUtils::IsLowercase(first) && !StringUtils::IsUppercase(first)) title.prepend('A');
