@@ -415,6 +415,21 @@ private slots:
         QTEST(w->tfSC->isHidden(), "hidden");
     }
 
+    void okLeavesTheFieldBeingTypedIn() {
+        startWith(2);
+        auto w = open();
+        click(*w, 5);
+        w->show();
+        QApplication::setActiveWindow(w.get());
+        w->pbOK->setFocusPolicy(Qt::TabFocus); // as on the Mac, a click leaves the focus where it is
+        w->tfPaletteGo->setFocus();
+        QVERIFY(QTest::qWaitFor([&] { return QApplication::focusWidget() == w->tfPaletteGo; }));
+        QTest::keyClicks(w->tfPaletteGo, "1");
+        QTest::mouseClick(w->pbOK, Qt::LeftButton);
+        QCOMPARE(QStringList({button(5).PaletteGo, button(5).Tip}),
+                 QStringList({"01", "Change palette to 01"}));
+    }
+
     void editDeleteRemovesOnlyTheSelection() {
         winMain& palette = startWith(1);
         auto w = open();

@@ -131,19 +131,21 @@ void winConstruct::Event_Opening() {
 }
 
 bool winConstruct::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && opened) {
-        if (watched == tfWinTitle)
-            tfWinTitle_FocusLost();
-        else if (watched == taParticulars)
-            taParticulars_FocusLost();
-        else if (watched == tfAS)
-            tfAS_FocusLost();
-        else if (watched == tfSC)
-            tfSC_FocusLost();
-        else if (watched == tfPaletteGo)
-            tfPaletteGo_FocusLost();
-    }
+    if (event->type() == QEvent::FocusOut && opened) FieldLeft(watched);
     return QDialog::eventFilter(watched, event);
+}
+
+void winConstruct::FieldLeft(QObject* field) {
+    if (field == tfWinTitle)
+        tfWinTitle_FocusLost();
+    else if (field == taParticulars)
+        taParticulars_FocusLost();
+    else if (field == tfAS)
+        tfAS_FocusLost();
+    else if (field == tfSC)
+        tfSC_FocusLost();
+    else if (field == tfPaletteGo)
+        tfPaletteGo_FocusLost();
 }
 
 void winConstruct::keyPressEvent(QKeyEvent* event) {
@@ -158,6 +160,7 @@ void winConstruct::pbHelpGridCon_Pressed() {
 
 void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
+        FieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
         if (PaletteView* view = ZOR::View()) {
             view->EraseAllPictures();

@@ -143,5 +143,7 @@ private:
     void OKOn(bool on); // OK on and Done off, or the reverse
     void SetShortcutColour(const QColor& colour);
     void EndEdit(); // what OK and Cancel share once the button is dealt with
+    // A press on a button takes no focus on the Mac: the field being typed in is left first.
+    void FieldLeft(QObject* field);
     bool opened = false;
 };

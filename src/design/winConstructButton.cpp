@@ -407,6 +407,7 @@ void winConstruct::FieldChanged() {
 
 void winConstruct::pbOK_Pressed() {
     Guard::run(controlEvent("pbOK", "Pressed"), [this] {
+        FieldLeft(focusWidget());
         if (ZOR::idxCurrentBtn < 0 || size_t(ZOR::idxCurrentBtn) >= ZOR::aBtn->size()) return;
         Btn& b = *(*ZOR::aBtn)[size_t(ZOR::idxCurrentBtn)];
         editingGridButton = false;
