@@ -6,6 +6,7 @@
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
+#include "help/Help.h"
 #include "help/HelpLabels.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
@@ -399,6 +400,44 @@ private slots:
         QCOMPARE(dialogs->requests.size(), 1);
         QCOMPARE(dialogs->requests[0].kind, Dialogs::Kind::Window);
         QCOMPARE(dialogs->requests[0].title, "Grid Construct: ZOR Palette (P00)");
+    }
+
+    void helpLabelsOpenTheirRecords() {
+        startWith(1);
+        auto w = open();
+        const std::pair<const char*, int> doors[] = {{"pbHelpGridCon", 10},
+                                                     {"labPalePart", 12},
+                                                     {"labNmAls", 13},
+                                                     {"labAllShortcut", 15},
+                                                     {"labKeybrdShort", 16},
+                                                     {"labPalette", 17},
+                                                     {"labWinTitle", 20},
+                                                     {"mabButton", 22},
+                                                     {"labKB_ShortcutInfo", 24},
+                                                     {"labTip", 26},
+                                                     {"labInformation", 28},
+                                                     {"labAppleScript", 30},
+                                                     {"labKM", 31},
+                                                     {"labMacShortcuts", 32},
+                                                     {"labZorAS_NotExist", 34},
+                                                     {"labZorPaletteSwitch", 35},
+                                                     {"labButtonVis", 36},
+                                                     {"labZorSC_NotExist", 37},
+                                                     {"labZorPaletteNum_NotExist", 38},
+                                                     {"labAutoMin", 0}};
+        QStringList shown, expected;
+        for (const auto& [name, id] : doors) {
+            auto* door = w->findChild<QWidget*>(name);
+            QVERIFY2(door, name);
+            QTest::mouseClick(door, Qt::LeftButton);
+            shown << QString(name) + ' ' +
+                         (dialogs->requests.isEmpty() ? QString() : dialogs->requests.last().title);
+            expected << QString(name) + ' ' + Help::helpDict.value(id).section('\t', 0, 0).trimmed();
+            dialogs->clear();
+        }
+        QCOMPARE(shown, expected);
+        QCOMPARE(shown.first(), "pbHelpGridCon Grid Construct Overview");
+        QVERIFY(!shown.filter(QRegularExpression(" $")).size()); // every door found a record
     }
 
     void shortcutFieldHiddenOnOldSystems_data() {
