@@ -180,15 +180,11 @@ private slots:
                            : field == "tfSC" ? static_cast<QWidget*>(w->labZorSC_NotExist)
                                              : static_cast<QWidget*>(w->labZorPaletteNum_NotExist);
         QTEST(!warning->isHidden(), "warning");
-    }
 
-    void typedTipIsNeverReplaced() {
-        startWith(1);
-        auto w = open();
-        click(*w, 5);
-        QTest::keyClicks(w->tfTip, "Mine");
-        QTest::keyClicks(w->tfPaletteGo, "3");
-        leave(w->tfPaletteGo);
+        // A tip that the user typed is never replaced.
+        w->tfTip->setText("Mine");
+        edit->setText(typed);
+        leave(edit);
         QCOMPARE(w->tfTip->text(), "Mine");
     }
 
@@ -335,10 +331,10 @@ private slots:
                                    << "A1234567890123456789012345678901234";
     }
     void windowTitleRule() {
+        QFETCH(QString, typed);
         QFETCH(QString, title);
         winMain& palette = startWith(1);
         auto w = open();
-        QFETCH(QString, typed);
         w->tfWinTitle->clear();
         QTest::keyClicks(w->tfWinTitle, typed);
         QVERIFY(!w->tfWinTitle->text().contains('(')); // taken out while typing
@@ -484,7 +480,6 @@ private slots:
         w->taInfo->setFocus();
         QVERIFY(QTest::qWaitFor([&] { return QApplication::focusWidget() == w->taInfo; }));
         w->taInfo->setPlainText("one two");
-        w->taInfo->selectAll();
         QTextCursor cursor = w->taInfo->textCursor();
         cursor.setPosition(3);
         cursor.setPosition(7, QTextCursor::KeepAnchor);
