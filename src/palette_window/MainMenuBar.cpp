@@ -1,6 +1,9 @@
 #include "palette_window/MainMenuBar.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QMenu>
 
 QAction* MainMenuBar::item(QMenu* menu, const char* name, const QString& text, const QKeySequence& shortcut) {
@@ -17,6 +20,18 @@ QKeySequence cmd(Qt::Key key) { return QKeySequence(Qt::CTRL | key); }
 // The Edit items act on whichever text control has the focus, in any window.
 void sendToFocus(const char* slot) {
     if (QWidget* focus = QApplication::focusWidget()) QMetaObject::invokeMethod(focus, slot);
+}
+
+// Delete takes away the selection only, as on the Mac; the text controls' own clear() empties them.
+void deleteSelection() {
+    QWidget* focus = QApplication::focusWidget();
+    if (auto* line = qobject_cast<QLineEdit*>(focus)) {
+        if (line->hasSelectedText()) line->del();
+    } else if (auto* plain = qobject_cast<QPlainTextEdit*>(focus)) {
+        plain->textCursor().removeSelectedText();
+    } else if (auto* rich = qobject_cast<QTextEdit*>(focus)) {
+        rich->textCursor().removeSelectedText();
+    }
 }
 } // namespace
 
@@ -42,8 +57,9 @@ MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
     EditSelectAll = item(EditMenu, "EditSelectAll", "Select &All", cmd(Qt::Key_A));
     const std::pair<QAction*, const char*> editing[] = {{EditUndo, "undo"},   {EditCut, "cut"},
                                                          {EditCopy, "copy"},   {EditPaste, "paste"},
-                                                         {EditClear, "clear"}, {EditSelectAll, "selectAll"}};
+                                                         {EditSelectAll, "selectAll"}};
     for (const auto& [action, slot] : editing) connect(action, &QAction::triggered, this, [s = slot] { sendToFocus(s); });
+    connect(EditClear, &QAction::triggered, this, deleteSelection);
 
     muPalette = addMenu("Palette");
     muPalette->setObjectName("muPalette");

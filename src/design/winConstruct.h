@@ -1,0 +1,149 @@
+#pragma once
+#include <QDialog>
+#include <QList>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class ccDataIntUpDown;
+class ccDataStrUpDown;
+class ccGC;
+class labInfo;
+class labZor;
+
+// The design window of the active palette. Its upper left half shapes the palette as a whole;
+// its lower right half edits one button at a time, in fields that are only a scratch copy until
+// OK. Only one half is live at a time. It works on the store's working set and writes no file.
+class winConstruct : public QDialog {
+    Q_OBJECT
+public:
+    explicit winConstruct(QWidget* parent = nullptr);
+    ~winConstruct() override;
+
+    void Event_Opening();
+
+    // palette half
+    void SetEntireRowVisibilty(int row, bool vis);
+    void DefaultOutsideUsedGrid();
+    void AssignShortcut();
+    void AssignNoShortcut();
+    int ShortcutStatus() const; // 0 none, 1 some, 2 all of the used grid (at most its first 52)
+    void PaletteGlobalActive(bool active);
+    void RefreshCell(int index);
+    void RefreshAllCells();
+    void ccRowUpDown_Open_Instance();
+    void ccColUpDown_Open_Instance();
+    void ccRowUpDown_ValueChanged();
+    void ccColUpDown_ValueChanged();
+    void tfWinTitle_TextChanged();
+    void tfWinTitle_FocusLost();
+    void taParticulars_FocusLost();
+    void pbAssignShortcuts_Pressed();
+    void pbAssignNoShortcut_Pressed();
+    void pbAllVisibleOnButton_Pressed();
+    void pbHelpGridCon_Pressed();
+    void pbDone_Pressed();
+
+    // button half
+    void GridClicked(int index);
+    void EditButton(int index);
+    void BlankOutEditButton();
+    void InputEnabling();
+    void ButtonSpecificationLabel();
+    static QString AS_HasCorrectCharacters(const QString& text);
+    static QString PaletteGoMakeAcceptable(const QString& text);
+    static bool IsAppleScriptNameExist(const QString& name);
+    static QString CleanWindowTitle(const QString& text, const QString& paletteName);
+    void tfAS_TextChanged();
+    void tfAS_FocusLost();
+    void tfSC_TextChanged();
+    void tfSC_FocusLost();
+    void tfPaletteGo_TextChanged();
+    void tfPaletteGo_FocusLost();
+    void cbKM_ValueChanged();
+    void cbVisOnBtn_ValueChanged();
+    void ccShortcutUpDown_Open_Instance();
+    void ccShortcutUpDown_ValueChanged();
+    void FieldChanged(); // the change rule of the fields that are not an action
+    void pbOK_Pressed();
+    void pbCancel_Pressed();
+
+    bool visibleOnButton = false;
+    QList<ccGC*> accGC;
+    bool editingGridButton = false;
+
+    // palette half and frame
+    QLabel* labPaleSpec;
+    ccDataIntUpDown* ccRowUpDown;
+    ccDataIntUpDown* ccColUpDown;
+    labZor* labKeybrdShort;
+    QPushButton* pbAssignShortcuts;
+    QPushButton* pbAssignNoShortcut;
+    QPushButton* pbAllVisibleOnButton;
+    labInfo* labAllShortcut;
+    QWidget* rectInvisible;
+    QLabel* labInvisible;
+    labZor* labPalette;
+    QLabel* labNameID;
+    labZor* labNmAls;
+    QLabel* labNameAlias;
+    labZor* labWinTitle;
+    QLineEdit* tfWinTitle;
+    labZor* labPalePart;
+    QPlainTextEdit* taParticulars;
+    QPushButton* pbHelpGridCon;
+    QPushButton* pbDone;
+    QWidget *cnvTop, *cnvBottom, *cnvLeft;
+
+    // button half
+    QLabel* labButtSpec;
+    labZor* mabButton;
+    QLabel* labID;
+    QCheckBox* cbVisibleBtn;
+    labInfo* labKB_ShortcutInfo;
+    ccDataStrUpDown* ccShortcutUpDown;
+    QLabel* labShortcut;
+    QCheckBox* cbVisOnBtn;
+    labZor* labTip;
+    QLineEdit* tfTip;
+    labZor* labInformation;
+    QPlainTextEdit* taInfo;
+    QLabel* cnvKM;
+    labZor* labKM;
+    QCheckBox* cbKM;
+    QLabel* cnvAS;
+    labZor* labAppleScript;
+    QLineEdit* tfAS;
+    labZor* labZorAS_NotExist;
+    QLabel* cnvSC;
+    labZor* labMacShortcuts;
+    QLineEdit* tfSC;
+    labZor* labZorSC_NotExist;
+    labZor* labZorPaletteSwitch;
+    QLineEdit* tfPaletteGo;
+    labZor* labZorPaletteNum_NotExist;
+    labZor* labAutoMin;
+    QComboBox* pumAutoMin;
+    labInfo* labButtonVis;
+    QCheckBox* cbUseClip;
+    QPushButton* pbCancel;
+    QPushButton* pbOK;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void BuildPaletteHalf();
+    void BuildButtonHalf();
+    void BuildFrame();
+    void OKOn(bool on); // OK on and Done off, or the reverse
+    void SetShortcutColour(const QColor& colour);
+    void EndEdit(); // what OK and Cancel share once the button is dealt with
+    // A press on a button takes no focus on the Mac: the field being typed in is left first.
+    void FieldLeft(QObject* field);
+    bool opened = false;
+};

@@ -1,0 +1,454 @@
+// The button half of the design window: the fields of the one button being edited. They are a
+// scratch copy of the button until OK; a click on another cell or Cancel drops them.
+#include "actions/Launchers.h"
+#include "design/ConstructParts.h"
+#include "design/UpDownArrows.h"
+#include "design/ccDataStrUpDown.h"
+#include "design/winConstruct.h"
+#include "store/ZOR.h"
+#include "util/Dialogs.h"
+#include "util/RtrnString.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+
+using namespace ConstructParts;
+
+namespace {
+const QColor kLetterShown(0xDC, 0x6E, 0x00), kLetterLoadedHidden(0xA9, 0xA9, 0xA9),
+    kLetterHidden(0x79, 0x79, 0x79);
+const QColor kDarkLabel(0x42, 0x42, 0x42), kGreyLabel(0x91, 0x91, 0x91), kWarning(0xFF, 0x26, 0x00);
+constexpr int kAutoMinSeconds[] = {0, 2, 10, 50};
+constexpr int kTipCut = 80, kInfoCut = 2000;
+
+QString twoDigits(int n) {
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
+
+QLabel* kindIcon(QWidget* parent, const char* name, const QString& picture, int top) {
+    auto* icon = make<QLabel>(parent, name, QRect(612, top, 24, 24));
+    icon->setPixmap(QPixmap(":/design/" + picture + ".png"));
+    icon->setScaledContents(true);
+    return icon;
+}
+
+// Replaces the field's text by `kept` when they differ, keeping the cursor where it was.
+void keepOnly(QLineEdit* field, const QString& kept) {
+    const QString text = field->text();
+    if (kept == text) return;
+    const int cursor = field->cursorPosition() - int(text.size() - kept.size());
+    field->setText(kept);
+    field->setCursorPosition(std::clamp(cursor, 0, int(kept.size())));
+}
+
+QString withoutBlanks(QString text) {
+    return text.remove(' ');
+}
+} // namespace
+
+void winConstruct::BuildButtonHalf() {
+    labButtSpec = plainLabel(this, "labButtSpec", "Button Specification", QRect(612, 210, 300, 28), 18);
+    mabButton = helpLabel(this, "mabButton", "Button", 22, kGreyLabel, QRect(935, 216, 60, 20));
+    labID = plainLabel(this, "labID", "ID", QRect(1000, 210, 60, 28), 18, true);
+
+    cbVisibleBtn = make<QCheckBox>(this, "cbVisibleBtn", QRect(612, 250, 150, 22), "Button Visible");
+    cbVisibleBtn->setToolTip("The entire button will or will not be invisible");
+    labButtonVis = infoLabel(this, "labButtonVis", 36, QRect(765, 250, 20, 22));
+    ccShortcutUpDown = make<ccDataStrUpDown>(this, "ccShortcutUpDown", QRect(612, 280, 200, 40));
+    labKB_ShortcutInfo = infoLabel(this, "labKB_ShortcutInfo", 24, QRect(815, 289, 20, 22));
+    labShortcut = make<QLabel>(this, "labShortcut", QRect(845, 280, 50, 40));
+    QFont letter = Fonts::Sized("Menlo", 26);
+    letter.setBold(true);
+    labShortcut->setFont(letter);
+    labShortcut->setAlignment(Qt::AlignCenter);
+    cbVisOnBtn = make<QCheckBox>(this, "cbVisOnBtn", QRect(905, 289, 170, 22), "Visible On Button");
+    cbVisOnBtn->setToolTip("The shortcut will be visible on the corner of the button");
+
+    labTip = helpLabel(this, "labTip", "Tip", 26, kDarkLabel, QRect(612, 336, 60, 20));
+    tfTip = make<QLineEdit>(this, "tfTip", QRect(690, 333, 380, 24));
+    tfTip->setMaxLength(42);
+    labInformation = helpLabel(this, "labInformation", "Info", 28, kDarkLabel, QRect(612, 368, 60, 20));
+    taInfo = make<QPlainTextEdit>(this, "taInfo", QRect(690, 366, 380, 84));
+    taInfo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    taInfo->setToolTip("When using program, Option-Click to see this information");
+
+    cnvKM = kindIcon(this, "cnvKM", "KeyMaestro", 466);
+    labKM = helpLabel(this, "labKM", "KM", 31, Qt::black, QRect(644, 468, 110, 20));
+    cbKM = make<QCheckBox>(this, "cbKM", QRect(760, 467, 200, 22), "Keyboard Maestro");
+
+    cnvAS = kindIcon(this, "cnvAS", "AppleScript", 504);
+    labAppleScript = helpLabel(this, "labAppleScript", "AppleScript", 30, QColor(0xFF, 0x7E, 0x79),
+                               QRect(644, 506, 110, 20));
+    tfAS = make<QLineEdit>(this, "tfAS", QRect(760, 503, 250, 24));
+    tfAS->setMaxLength(32);
+    tfAS->setToolTip("The file name of the AppleScript that this button is to invoke.");
+    labZorAS_NotExist = helpLabel(this, "labZorAS_NotExist", "Does not exist currently", 34, kWarning,
+                                  QRect(762, 528, 250, 16), 11);
+
+    cnvSC = kindIcon(this, "cnvSC", "Shortcuts", 550);
+    labMacShortcuts = helpLabel(this, "labMacShortcuts", "Shortcuts", 32, QColor(0x00, 0x91, 0x93),
+                                QRect(644, 552, 110, 20));
+    tfSC = make<QLineEdit>(this, "tfSC", QRect(760, 549, 250, 24));
+    tfSC->setMaxLength(32);
+    tfSC->setToolTip("Shortcuts is an app on the computer and there are many individual shortcuts can be "
+                     "invoked by name.");
+    labZorSC_NotExist = helpLabel(this, "labZorSC_NotExist", "Does not exist currently", 37, kWarning,
+                                  QRect(762, 574, 250, 16), 11);
+
+    labZorPaletteSwitch = helpLabel(this, "labZorPaletteSwitch", "Palette Switch", 35,
+                                    QColor(0x94, 0x37, 0xFF), QRect(644, 598, 110, 20));
+    tfPaletteGo = make<QLineEdit>(this, "tfPaletteGo", QRect(760, 595, 40, 24));
+    tfPaletteGo->setMaxLength(2);
+    tfPaletteGo->setValidator(
+        new QRegularExpressionValidator(QRegularExpression("[0-9 ]{0,2}"), tfPaletteGo));
+    tfPaletteGo->setToolTip("A button can be assigned the task of switching to another palette");
+    labZorPaletteNum_NotExist =
+        helpLabel(this, "labZorPaletteNum_NotExist", "This palette does not exist currently", 38, kWarning,
+                  QRect(810, 599, 260, 16), 11);
+
+    labAutoMin = helpLabel(this, "labAutoMin", "Auto Minimize", 0, kGreyLabel, QRect(612, 640, 140, 20));
+    pumAutoMin = make<QComboBox>(this, "pumAutoMin", QRect(760, 636, 150, 26));
+    pumAutoMin->addItems({"Never", "2 seconds", "10 seconds", "50 seconds"});
+    pumAutoMin->setToolTip(
+        "After the button is clicked, the palette will minimize to the dock with this time interval");
+    cbUseClip = make<QCheckBox>(this, "cbUseClip", QRect(930, 638, 140, 22), "Use Clipboard");
+    cbUseClip->hide();
+
+    pbCancel = make<QPushButton>(this, "pbCancel", QRect(880, 676, 90, 30), "Cancel");
+    pbOK = make<QPushButton>(this, "pbOK", QRect(980, 676, 90, 30), "OK");
+    for (QPushButton* b : findChildren<QPushButton*>())
+        b->setAutoDefault(false); // Return never closes the window
+
+    connect(tfAS, &QLineEdit::textChanged, this, &winConstruct::tfAS_TextChanged);
+    connect(tfSC, &QLineEdit::textChanged, this, &winConstruct::tfSC_TextChanged);
+    connect(tfPaletteGo, &QLineEdit::textChanged, this, &winConstruct::tfPaletteGo_TextChanged);
+    connect(cbKM, &QCheckBox::toggled, this, &winConstruct::cbKM_ValueChanged);
+    connect(cbVisOnBtn, &QCheckBox::toggled, this, &winConstruct::cbVisOnBtn_ValueChanged);
+    connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this,
+            &winConstruct::ccShortcutUpDown_ValueChanged);
+    connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::FieldChanged);
+    connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::FieldChanged);
+    connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::FieldChanged);
+    connect(cbVisibleBtn, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
+    connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
+    connect(pbOK, &QPushButton::clicked, this, &winConstruct::pbOK_Pressed);
+    connect(pbCancel, &QPushButton::clicked, this, &winConstruct::pbCancel_Pressed);
+    for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo})
+        field->installEventFilter(this);
+}
+
+void winConstruct::ccShortcutUpDown_Open_Instance() {
+    ccShortcutUpDown->aStrChoices = QStringList{kNoShortcut} + ZOR::aAlphabetShortcut;
+    ccShortcutUpDown->jump = 1;
+    ccShortcutUpDown->jumpShift = 8;
+    ccShortcutUpDown->minIndex = 0;
+    ccShortcutUpDown->maxIndex = int(ccShortcutUpDown->aStrChoices.size()) - 1;
+    ccShortcutUpDown->theValue = kNoShortcut;
+    ccShortcutUpDown->theValueIndex = 0;
+    ccShortcutUpDown->labTitle->setText("Keyboard Shortcut");
+    ccShortcutUpDown->labValue->setText(kNoShortcut);
+}
+
+void winConstruct::OKOn(bool on) {
+    pbOK->setEnabled(on);
+    pbDone->setEnabled(!on);
+}
+
+void winConstruct::SetShortcutColour(const QColor& colour) {
+    setTextColour(labShortcut, colour);
+}
+
+void winConstruct::GridClicked(int index) {
+    Guard::run(windowMethod("GridClicked"), [&] {
+        if (index / 10 >= ZOR::numRows || index % 10 >= ZOR::numColumns) {
+            Dialogs::beep();
+            return;
+        }
+        const int old = int(ZOR::idxCurrentBtn);
+        ZOR::idxCurrentBtn = index;
+        if (old != -1) RefreshCell(old);
+        RefreshCell(index);
+        EditButton(index);
+    });
+}
+
+void winConstruct::EditButton(int index) {
+    Guard::run(windowMethod("EditButton"), [&] {
+        const Btn& b = *(*ZOR::aBtn)[size_t(index)];
+        editingGridButton = true;
+        labID->setText(twoDigits(index));
+        ccShortcutUpDown->SetValueColor(Qt::black);
+        ccShortcutUpDown->labValue->setText(kNoShortcut);
+        ccShortcutUpDown->udChangeVal->setEnabled(true);
+        labShortcut->setText(b.Shortcut);
+        labShortcut->show();
+        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        tfAS->setText(b.ASfile);
+        tfSC->setText(b.SCname);
+        tfPaletteGo->setText(b.PaletteGo);
+        ButtonSpecificationLabel();
+        labZorAS_NotExist->setVisible(!IsAppleScriptNameExist(tfAS->text()));
+        labZorSC_NotExist->setVisible(!tfSC->text().isEmpty() && !ZOR::IsShortcutExistant(tfSC->text()));
+        labZorPaletteNum_NotExist->setVisible(!tfPaletteGo->text().isEmpty() &&
+                                              !ZOR::IsPaletteExistant(tfPaletteGo->text().toInt()));
+        tfTip->setText(b.Tip);
+        taInfo->setPlainText(b.Info);
+        const int row = int(std::find(std::begin(kAutoMinSeconds), std::end(kAutoMinSeconds), b.AutoMin) -
+                            std::begin(kAutoMinSeconds));
+        pumAutoMin->setCurrentIndex(row < 4 ? row : 0); // any other stored delay shows as Never
+        tfAS->setEnabled(b.SCname.isEmpty() && b.PaletteGo.isEmpty());
+        tfSC->setEnabled(b.ASfile.isEmpty() && b.PaletteGo.isEmpty());
+        tfPaletteGo->setEnabled(b.ASfile.isEmpty() && b.SCname.isEmpty());
+        for (QWidget* w : std::initializer_list<QWidget*>{ccShortcutUpDown, tfTip, taInfo, pumAutoMin})
+            w->setEnabled(true);
+        cbKM->setChecked(b.KM_Active);
+        cbVisibleBtn->setChecked(b.Vis);
+        cbVisOnBtn->setChecked(b.ShortcutShow);
+        cbUseClip->setChecked(b.Clipbrd > 0);
+        for (QWidget* w : std::initializer_list<QWidget*>{cbVisibleBtn, cbVisOnBtn, cbUseClip, pbCancel})
+            w->setEnabled(true);
+        // Setting a field to the text it already holds runs no change handler: the rule of the
+        // kinds is applied once more so that it always answers for the loaded button.
+        InputEnabling();
+        // The assignments above ran the change handlers; a fresh load is unchanged all the same.
+        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        OKOn(false);
+        PaletteGlobalActive(false);
+    });
+}
+
+void winConstruct::BlankOutEditButton() {
+    Guard::run(windowMethod("BlankOutEditButton"), [this] {
+        cbVisibleBtn->setChecked(true);
+        for (QCheckBox* box : {cbVisOnBtn, cbUseClip, cbKM})
+            box->setChecked(false);
+        for (QLineEdit* field : {tfAS, tfSC, tfPaletteGo, tfTip})
+            field->clear();
+        taInfo->clear();
+        pumAutoMin->setCurrentIndex(-1);
+        for (QWidget* w :
+             std::initializer_list<QWidget*>{cbVisibleBtn, cbVisOnBtn, cbUseClip, cbKM, tfAS, tfSC,
+                                             tfPaletteGo, tfTip, taInfo, pumAutoMin, ccShortcutUpDown})
+            w->setEnabled(false);
+        for (QWidget* w : std::initializer_list<QWidget*>{labShortcut, labZorAS_NotExist, labZorSC_NotExist,
+                                                          labZorPaletteNum_NotExist})
+            w->hide();
+        labID->setText("ID");
+        ccShortcutUpDown->SetValueColor(QColor(0xCF, 0xCF, 0xCF));
+        ccShortcutUpDown->theValueIndex = 0;
+        ccShortcutUpDown->theValue = kNoShortcut;
+        ccShortcutUpDown->labValue->setText(kNoShortcut);
+        ccShortcutUpDown->udChangeVal->setEnabled(false);
+        pbCancel->setEnabled(false);
+        OKOn(false);
+    });
+}
+
+void winConstruct::InputEnabling() {
+    Guard::run(windowMethod("InputEnabling"), [this] {
+        const bool km = cbKM->isChecked();
+        const bool as = !tfAS->text().isEmpty(), sc = !tfSC->text().isEmpty(),
+                   ps = !tfPaletteGo->text().isEmpty();
+        const QSignalBlocker quiet(cbKM); // unchecking here is the rule's own doing, not the user's
+        if (km) {
+            for (QWidget* w : {tfAS, tfSC, tfPaletteGo})
+                w->setEnabled(false);
+            cbKM->setEnabled(true);
+        }
+        const auto only = [this](QLineEdit* kept) {
+            cbKM->setChecked(false);
+            cbKM->setEnabled(false);
+            for (QLineEdit* w : {tfAS, tfSC, tfPaletteGo})
+                if (w != kept) w->setEnabled(false);
+        };
+        if (as) only(tfAS);
+        if (sc) only(tfSC);
+        if (ps) only(tfPaletteGo);
+        if (!km && !as && !sc && !ps) {
+            for (QWidget* w : std::initializer_list<QWidget*>{cbKM, tfAS, tfSC, tfPaletteGo})
+                w->setEnabled(true);
+            OKOn(false);
+        } else {
+            OKOn(true);
+        }
+    });
+}
+
+void winConstruct::ButtonSpecificationLabel() {
+    if (!tfAS->text().isEmpty())
+        labButtSpec->setText("AppleScript");
+    else if (!tfSC->text().isEmpty())
+        labButtSpec->setText("Shortcut");
+    else if (!tfPaletteGo->text().isEmpty())
+        labButtSpec->setText("Palette Switcher");
+    else
+        labButtSpec->setText("Keyboard Maestro");
+}
+
+QString winConstruct::AS_HasCorrectCharacters(const QString& text) {
+    const auto asciiLetter = [](QChar c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    const QString trimmed = text.trimmed();
+    qsizetype start = 0;
+    while (start < trimmed.size() && !asciiLetter(trimmed[start]))
+        ++start;
+    QString name;
+    for (qsizetype i = start; i < trimmed.size(); ++i) {
+        const QChar c = trimmed[i];
+        if (asciiLetter(c) || (c >= '0' && c <= '9') || c == '_') name += c;
+    }
+    return name;
+}
+
+QString winConstruct::PaletteGoMakeAcceptable(const QString& text) {
+    const QString digits = RtrnString::rsOnlyDigit(text.trimmed());
+    if (digits.isEmpty()) return {};
+    bool ok = false;
+    const int n = digits.toInt(&ok);
+    if (!ok || n < 0 || n > 99) return {};
+    return twoDigits(n);
+}
+
+bool winConstruct::IsAppleScriptNameExist(const QString& name) {
+    return name.isEmpty() || !ZOR::rsScriptName(name).isEmpty();
+}
+
+void winConstruct::tfAS_TextChanged() {
+    Guard::run(controlEvent("tfAS", "TextChanged"), [this] {
+        keepOnly(tfAS, AS_HasCorrectCharacters(tfAS->text()));
+        InputEnabling();
+    });
+}
+
+void winConstruct::tfAS_FocusLost() {
+    Guard::run(controlEvent("tfAS", "FocusLost"), [this] {
+        if (tfAS->text().isEmpty()) return;
+        const QString name = ZOR::rsScriptName(tfAS->text());
+        if (name.isEmpty()) {
+            labZorAS_NotExist->show();
+        } else {
+            tfAS->setText(ZOR::rsWithWithoutScpt(name, false));
+            labZorAS_NotExist->hide();
+        }
+        ButtonSpecificationLabel();
+        if (tfTip->text().isEmpty()) tfTip->setText("Run AS " + tfAS->text());
+    });
+}
+
+void winConstruct::tfSC_TextChanged() {
+    Guard::run(controlEvent("tfSC", "TextChanged"), [this] {
+        keepOnly(tfSC, withoutBlanks(tfSC->text()));
+        InputEnabling();
+    });
+}
+
+void winConstruct::tfSC_FocusLost() {
+    Guard::run(controlEvent("tfSC", "FocusLost"), [this] {
+        const QString text = tfSC->text().trimmed();
+        if (text != tfSC->text()) tfSC->setText(text);
+        if (text.isEmpty()) return;
+        labZorSC_NotExist->setVisible(!ZOR::IsShortcutExistant(text));
+        ButtonSpecificationLabel();
+        if (tfTip->text().isEmpty()) tfTip->setText("Run Shortcut " + text);
+    });
+}
+
+void winConstruct::tfPaletteGo_TextChanged() {
+    Guard::run(controlEvent("tfPaletteGo", "TextChanged"), [this] {
+        keepOnly(tfPaletteGo, withoutBlanks(tfPaletteGo->text()));
+        InputEnabling();
+    });
+}
+
+void winConstruct::tfPaletteGo_FocusLost() {
+    Guard::run(controlEvent("tfPaletteGo", "FocusLost"), [this] {
+        const QString text = PaletteGoMakeAcceptable(tfPaletteGo->text());
+        if (text != tfPaletteGo->text()) tfPaletteGo->setText(text);
+        if (text.isEmpty()) {
+            if (editingGridButton) {
+                tfAS->setEnabled(true);
+                tfSC->setEnabled(true);
+            }
+            return;
+        }
+        ButtonSpecificationLabel();
+        if (tfTip->text().isEmpty()) tfTip->setText("Change palette to " + text);
+        labZorPaletteNum_NotExist->setVisible(!ZOR::IsPaletteExistant(text.toInt()));
+    });
+}
+
+void winConstruct::cbKM_ValueChanged() {
+    Guard::run(controlEvent("cbKM", "ValueChanged"), [this] {
+        InputEnabling();
+        OKOn(true);
+    });
+}
+
+void winConstruct::cbVisOnBtn_ValueChanged() {
+    Guard::run(controlEvent("cbVisOnBtn", "ValueChanged"), [this] {
+        SetShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
+        OKOn(true);
+    });
+}
+
+void winConstruct::ccShortcutUpDown_ValueChanged() {
+    Guard::run(controlEvent("ccShortcutUpDown", "ValueChanged"), [this] {
+        labShortcut->setText(ccShortcutUpDown->theValue);
+        OKOn(true);
+    });
+}
+
+void winConstruct::FieldChanged() {
+    Guard::run(windowMethod("FieldChanged"), [this] { OKOn(true); });
+}
+
+void winConstruct::pbOK_Pressed() {
+    Guard::run(controlEvent("pbOK", "Pressed"), [this] {
+        FieldLeft(focusWidget());
+        if (ZOR::idxCurrentBtn < 0 || size_t(ZOR::idxCurrentBtn) >= ZOR::aBtn->size()) return;
+        Btn& b = *(*ZOR::aBtn)[size_t(ZOR::idxCurrentBtn)];
+        editingGridButton = false;
+        b.Tip = tfTip->text().trimmed().left(kTipCut);
+        b.Info = taInfo->toPlainText().trimmed().left(kInfoCut);
+        const int row = pumAutoMin->currentIndex();
+        b.AutoMin = row >= 1 && row <= 3 ? kAutoMinSeconds[row] : 0;
+        b.ASfile = tfAS->text().trimmed();
+        b.SCname = tfSC->text().trimmed();
+        b.PaletteGo = tfPaletteGo->text();
+        b.Clipbrd = cbUseClip->isChecked() ? 1 : 0;
+        b.KM_Active = cbKM->isChecked();
+        const QString letter = labShortcut->text();
+        if (letter != b.Shortcut) { // case matters: "a" and "A" are two shortcuts
+            if (letter != kNoShortcut)
+                for (size_t i = 0; i < ZOR::aBtn->size(); ++i)
+                    if ((*ZOR::aBtn)[i]->Shortcut == letter) {
+                        (*ZOR::aBtn)[i]->Shortcut = kNoShortcut;
+                        RefreshCell(int(i));
+                    }
+            b.Shortcut = letter;
+        }
+        b.Vis = cbVisibleBtn->isChecked();
+        b.ShortcutShow = cbVisOnBtn->isChecked();
+        EndEdit();
+        ZOR::paletteContentChange = true;
+    });
+}
+
+void winConstruct::pbCancel_Pressed() {
+    Guard::run(controlEvent("pbCancel", "Pressed"), [this] {
+        editingGridButton = false;
+        EndEdit();
+    });
+}
+
+void winConstruct::EndEdit() {
+    BlankOutEditButton();
+    const int old = int(ZOR::idxCurrentBtn);
+    ZOR::idxCurrentBtn = -1;
+    RefreshCell(old);
+    PaletteGlobalActive(true);
+    labButtSpec->setText("Button Specification");
+}
