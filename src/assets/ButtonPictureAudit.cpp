@@ -5,9 +5,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
+#include <vector>
 
 const QString ButtonPictureAudit::kRemovedFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
 
@@ -29,14 +31,30 @@ bool isFolder(const QFileInfo& info) {
     return info.isDir() && !info.isSymLink();
 }
 
+struct Child {
+    QString name;
+    QFileInfo info; // filled from the listing itself: no further look at the disk for its kind
+};
+
 // The children of a folder sorted by name, so that the first of two pictures for one button is
 // the same one on every file system.
-QFileInfoList children(const QString& folder) {
-    QFileInfoList list = QDir(folder).entryInfoList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort);
-    std::sort(list.begin(), list.end(),
-              [](const QFileInfo& a, const QFileInfo& b) { return a.fileName() < b.fileName(); });
-    return list;
+std::vector<Child> children(const QString& folder) {
+    std::vector<Child> found;
+    QDirIterator it(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    while (it.hasNext()) {
+        it.next();
+        found.push_back({it.fileName(), it.fileInfo()});
+    }
+    std::vector<const Child*> order;
+    order.reserve(found.size());
+    for (const Child& child : found)
+        order.push_back(&child);
+    std::sort(order.begin(), order.end(), [](const Child* a, const Child* b) { return a->name < b->name; });
+    std::vector<Child> sorted;
+    sorted.reserve(found.size());
+    for (const Child* child : order)
+        sorted.push_back(*child);
+    return sorted;
 }
 
 QString movedText(const QString& what, const QString& name, const QString& how) {
@@ -46,7 +64,7 @@ QString movedText(const QString& what, const QString& name, const QString& how) 
 // The folders are Finder-filled and may be long: keep the window's events flowing, now and then.
 void breathe() {
     static unsigned passes = 0;
-    if (++passes % 64 == 0) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (++passes % 1024 == 0) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 } // namespace
 
@@ -84,9 +102,8 @@ bool ButtonPictureAudit::MoveOut(const QString& path) {
 }
 
 void ButtonPictureAudit::CheckCurrentPalette() {
-    for (const QFileInfo& file : children(paletteFolder)) {
+    for (const auto& [name, file] : children(paletteFolder)) {
         breathe();
-        const QString name = file.fileName();
         if (isFolder(file) || isHidden(name)) continue;
         QString message;
         const QSize size = startsWithTwoDigits(name) ? PictureSize(file.filePath()) : QSize();
@@ -108,16 +125,16 @@ void ButtonPictureAudit::CheckCurrentPalette() {
 
 void ButtonPictureAudit::RemoveFilesInButtonFolder() {
     if (!QFileInfo(butFolder).isDir()) return;
-    for (const QFileInfo& item : children(butFolder)) {
+    for (const auto& [name, item] : children(butFolder)) {
         breathe();
-        if (!isFolder(item) && !isHidden(item.fileName())) MoveOut(item.filePath());
+        if (!isFolder(item) && !isHidden(name)) MoveOut(item.filePath());
     }
 }
 
 void ButtonPictureAudit::GetFoldersInButFolder() {
     asButFolders.clear(); // a second audit lists each folder once
-    for (const QFileInfo& item : children(butFolder))
-        if (isFolder(item)) asButFolders << item.fileName();
+    for (const auto& [name, item] : children(butFolder))
+        if (isFolder(item)) asButFolders << name;
 }
 
 void ButtonPictureAudit::RemoveBadFolderNames() {
@@ -135,9 +152,8 @@ QStringList ButtonPictureAudit::ListAllPictures() {
         removedFolder = FileTools::CreateFolderOnDesktop(kRemovedFolder);
     QStringList rows;
     for (const QString& palette : asButFolders) {
-        for (const QFileInfo& file : children(QDir(butFolder).filePath(palette))) {
+        for (const auto& [name, file] : children(QDir(butFolder).filePath(palette))) {
             breathe();
-            const QString name = file.fileName();
             if (isFolder(file) || isHidden(name)) continue;
             if (IsNameOfButtonOK(name))
                 rows << palette + '*' + name;
@@ -152,9 +168,8 @@ QStringList ButtonPictureAudit::ListAllPictures() {
 bool ButtonPictureAudit::FillDictionary() {
     diFile.clear();
     bool moved = false;
-    for (const QFileInfo& file : children(paletteFolder)) {
+    for (const auto& [name, file] : children(paletteFolder)) {
         breathe();
-        const QString name = file.fileName();
         if (isFolder(file) || isHidden(name)) continue; // they belong to no button
         const QString key = name.left(2);
         if (!diFile.contains(key)) {
