@@ -72,9 +72,9 @@ winManageAS::winManageAS(QWidget* parent)
     labDF = new labZor(this);
     labDF->setObjectName("labDF");
     labDF->setText("Apple_Scripts Folder:");
-    labDF->setGeometry(12, 52, 150, 20);
+    labDF->setGeometry(300, 17, 150, 20);
     labDF->setID(54);
-    labAppleScript = Label(this, "labAppleScript", {}, {162, 52, 826, 20});
+    labAppleScript = Label(this, "labAppleScript", {}, {450, 17, 538, 20});
     labAppleScript->setToolTip("The path to the AppleScript Folder on this computer");
 
     lbAppleScript = ListBox(this, "lbAppleScript", {"Apple_Scripts Folder Contents"}, {12, 80, 300, 440});
@@ -159,7 +159,9 @@ bool winManageAS::eventFilter(QObject* watched, QEvent* event) {
 void winManageAS::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, QStringLiteral("Opening")), [&] {
         ListboxRefresh();
-        labAppleScript->setText(AppGlobals::folderPathAS);
+        // A long path keeps its start and its end in view.
+        labAppleScript->setText(labAppleScript->fontMetrics().elidedText(AppGlobals::folderPathAS, Qt::ElideMiddle,
+                                                                         labAppleScript->width()));
     });
 }
 
