@@ -1,0 +1,46 @@
+#pragma once
+#include <QMap>
+#include <QSet>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+// The rules of the button picture folders and the audit that takes out what breaks them.
+// Nothing is deleted: every offender moves to the Desktop folder kRemovedFolder, links as links.
+class ButtonPictureAudit {
+public:
+    static const QString kRemovedFolder;
+
+    // butFolder is ButtonPictures; paletteFolder is the current palette's folder inside it.
+    ButtonPictureAudit(QString butFolder, QString paletteFolder);
+
+    // Two leading digits, and from the first "." on exactly ".png", ".jpeg" or ".jpg".
+    static bool IsNameOfButtonOK(const QString& name);
+    static bool IsSideOK(int pixels) { return pixels > 50 && pixels < 70; }
+    // Width and height from the file's header, never decoding the picture; invalid when the file
+    // is no picture or is a link (links are never followed).
+    static QSize PictureSize(const QString& path);
+
+    // The steps of one audit, in their order.
+    void CheckCurrentPalette();       // names, content and size, with a message for each
+    void RemoveFilesInButtonFolder(); // files among the palette folders, silently
+    void GetFoldersInButFolder();     // asButFolders anew
+    void RemoveBadFolderNames();      // folders not named P00 to P99, silently
+    // Every picture of every palette, "Pnn*name" sorted; moves names that break the rule.
+    QStringList ListAllPictures();
+    bool FillDictionary(); // diFile; a second picture for a button moves; true when one did
+    QStringList CurrentPalettePictures() const; // sorted names
+
+    // What moved in this audit and every earlier one of the same window, by display name.
+    QStringList asRemoved;
+    QStringList asButFolders;
+    QMap<QString, QString> diFile; // button id to the picture's path
+
+    QString butFolder;
+    QString paletteFolder;
+
+private:
+    bool MoveOut(const QString& path); // to the Desktop folder; true when it moved
+    QString removedFolder;
+    QSet<QString> stuck; // files that would not move: told once, then left alone
+};
