@@ -72,6 +72,7 @@ private slots:
         QCOMPARE(w.labTip->y(), std::min(rows * 64, size.height() - 30));
         QCOMPARE(w.labTip->text(), QString("Original"));
         QCOMPARE(w.labSeeNum->text(), QString("P00"));
+        QCOMPARE(w.cnButs[12]->geometry(), QRect(128, 64, 64, 64)); // row 1, column 2
         // The bar is painted over the row of canvases below the grid.
         const QImage shot = w.centralWidget()->grab().toImage();
         QCOMPARE(shot.pixelColor(size.width() / 2 + 3, w.labTip->y() + 26), QColor(0xFE, 0xFF, 0x96));
@@ -141,15 +142,35 @@ private slots:
         QCOMPARE(ZOR::idxCP, qint64(PaletteGo.isEmpty() || !SCname.isEmpty() ? 0 : 1));
     }
 
-    void shortcutOnARecentSystem() {
-        tools->setAnswer("sw_vers", "14.5\n");
-        tools->setAnswer("shortcuts", "Mail\nMy Day ✓\n");
-        startWith(1);
-        button(3).SCname = "My Day ✓";
-        click(3);
-        QCOMPARE(launches(*tools),
-                 QStringList({"sw_vers\t-productVersion", "shortcuts\tlist",
-                              "open\tshortcuts://run-shortcut?name=My%20Day%20%E2%9C%93"}));
+    // Every pair of kinds on a system just recent enough for Shortcuts: the earlier kind runs alone.
+    void clickChainPriorities_data() {
+        QTest::addColumn<QString>("ASfile");
+        QTest::addColumn<QString>("SCname");
+        QTest::addColumn<QString>("PaletteGo");
+        QTest::addColumn<QString>("fired"); // FireAppleScript, Shortcut or switch
+        QTest::newRow("script before Shortcut") << "Mail" << "Mail" << "" << "FireAppleScript";
+        QTest::newRow("script before switch") << "Mail" << "" << "1" << "FireAppleScript";
+        QTest::newRow("Shortcut before switch") << "" << "Mail" << "1" << "Shortcut";
+        QTest::newRow("Shortcut before Keyboard Maestro") << "" << "Mail" << "" << "Shortcut";
+        QTest::newRow("all three") << "Mail" << "Mail" << "1" << "FireAppleScript";
+    }
+    void clickChainPriorities() {
+        QFETCH(QString, ASfile);
+        QFETCH(QString, SCname);
+        QFETCH(QString, PaletteGo);
+        QFETCH(QString, fired);
+        tools->setAnswer("sw_vers", "12.0\n");
+        tools->setAnswer("shortcuts", "Mail\n");
+        tools->setAnswer(kEngine, "true");
+        startWith(2);
+        Btn& b = button(7);
+        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.KM_Active = true;
+        click(7);
+        const QStringList shortcut{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
+        const QStringList script{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
+        QTRY_COMPARE(launches(*tools), fired == "Shortcut" ? shortcut : fired == "switch" ? QStringList() : script);
+        QCOMPARE(ZOR::idxCP, qint64(fired == "switch" ? 1 : 0));
+        QCOMPARE(dialogs->texts(), QStringList());
     }
 
     void buttonWithNoActionSaysSo() {
@@ -196,21 +217,24 @@ private slots:
     void optionClickShowsInformation_data() {
         QTest::addColumn<QString>("Info");
         QTest::addColumn<QString>("Tip");
+        QTest::addColumn<QString>("SCname");
         QTest::addColumn<QString>("ASfile");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("Info first") << "Line 1\nLine 2" << "tip" << "Mail" << "Line 1\nLine 2";
-        QTest::newRow("only a tip") << "" << "tip" << "" << "tip";
-        QTest::newRow("only a script") << "" << "" << "Mail.scpt" << "Mail.scpt";
-        QTest::newRow("only Keyboard Maestro") << "" << "" << "" << "";
+        QTest::newRow("Info first") << "Line 1\nLine 2" << "tip" << "Day" << "Mail" << "Line 1\nLine 2";
+        QTest::newRow("then the tip") << "" << "tip" << "Day" << "Mail" << "tip";
+        QTest::newRow("then the Shortcut") << "" << "" << "Day" << "Mail.scpt" << "Day";
+        QTest::newRow("only a script") << "" << "" << "" << "Mail.scpt" << "Mail.scpt";
+        QTest::newRow("only Keyboard Maestro") << "" << "" << "" << "" << "";
     }
     void optionClickShowsInformation() {
         QFETCH(QString, Info);
         QFETCH(QString, Tip);
+        QFETCH(QString, SCname);
         QFETCH(QString, ASfile);
         QFETCH(QString, shown);
         startWith(1);
         Btn& b = button(9);
-        b.Info = Info, b.Tip = Tip, b.ASfile = ASfile, b.KM_Active = true, b.AutoMin = 2;
+        b.Info = Info, b.Tip = Tip, b.SCname = SCname, b.ASfile = ASfile, b.KM_Active = true, b.AutoMin = 2;
         click(9, Qt::AltModifier);
         QCOMPARE(dialogs->requests.size(), 1);
         const Dialogs::Request& r = dialogs->requests[0];
@@ -228,7 +252,6 @@ private slots:
         QTest::newRow("a is button 00") << "a" << "00";
         QTest::newRow("A is button 26") << "A" << "26";
         QTest::newRow("a digit") << "7" << "";
-        QTest::newRow("a letter on a row outside the grid") << "Y" << "";
         QTest::newRow("a letter on a hidden button") << "c" << "";
         QTest::newRow("duplicate letter: the lower index") << "d" << "03";
         QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << "e" << "04";
@@ -249,6 +272,30 @@ private slots:
         QTRY_COMPARE(tools->log(), expected);
         QCOMPARE(dialogs->beeps(), fired.isEmpty() ? 1 : 0);
         QCOMPARE(dialogs->texts(), QStringList{});
+    }
+
+    // The first row and the first column outside a 3 x 4 grid beep; the last inside fire.
+    void lettersAtTheGridsEdges() {
+        startWith(1, 3, 4);
+        QTest::keyClicks(program->window(), "dexE");
+        QTRY_COMPARE(tools->log(), QStringList({QString("osascript\t%1/FirePalette.scpt\tP00\t03").arg(resources),
+                                                QString("osascript\t%1/FirePalette.scpt\tP00\t23").arg(resources)}));
+        QCOMPARE(dialogs->beeps(), 2);
+    }
+
+    // Items up to the last palette are enabled, the active one up to P09 is not.
+    void paletteMenuEdges() {
+        winMain& w = startWith(5);
+        MainMenuBar* bar = w.findChild<MainMenuBar*>();
+        w.Event_MenuBarSelected();
+        QCOMPARE(enabled(*bar), QString("0111100000"));
+        for (int p = 5; p < 10; ++p) {
+            ZOR::DP.emplace_back();
+            ZOR::DefaultValuesPalette(p);
+        }
+        ZOR::ChangeToPalette(9);
+        w.Event_MenuBarSelected();
+        QCOMPARE(enabled(*bar), QString("1111111110"));
     }
 
     void paletteMenuFollowsTheStore() {

@@ -274,6 +274,119 @@ private slots:
         QVERIFY(dialogs.texts().isEmpty());
     }
 
+    // The design window edits the working set of the active palette: a switch and the quit keep it.
+    void switchAndQuitKeepTheWorkingSet() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(3, 3, 4, QRect(100, 120, 256, 222));
+        Program program;
+        program.start();
+        const auto edit = [](const QString& mark) {
+            ZOR::numRows = 2, ZOR::numColumns = 5, ZOR::paleName = "N" + mark, ZOR::paleAlias = "A" + mark;
+            ZOR::paleWinTitle = "T" + mark, ZOR::paleParticulars = "P" + mark, ZOR::paletteContentChange = true;
+        };
+        edit("0");
+        ZOR::ChangeToPalette(1);
+        const PaletteDict& left = ZOR::DP[0];
+        QCOMPARE(QStringList({QString::number(left.i_NumRows * 10 + left.i_NumColumns), left.s_Name, left.s_Alias,
+                              left.s_WinTitle, left.s_Particulars}),
+                 QStringList({"25", "N0", "A0", "T0", "P0"}));
+        QCOMPARE(ZOR::paleName, QString("P01"));
+        edit("1");
+        program.quit();
+        const ordered_json saved = ordered_json::parse(readAll(file).toStdString());
+        QCOMPARE(saved[0]["CurrentPalette"].get<int>(), 1);
+        QCOMPARE(saved[1 + 101 + 100].dump(), R"({"numRows":2,"numColumns":5,"paleName":"N1","paleAlias":"A1",)"
+                                              R"("paleWinTitle":"T1","paleParticulars":"P1"})");
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    void aSwitchAloneIsSaved() {
+        TempHome home;
+        const QString file = writeStoreFile(2, 3, 4, QRect(100, 120, 256, 222));
+        Program program;
+        program.start();
+        ZOR::ChangeToPalette(1);
+        program.quit();
+        QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), 1);
+    }
+
+    // A plain PreserveState.txt left in a backup folder by an earlier failed rename is cleared first.
+    void backupsClearALeftoverPlainFile() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(1);
+        for (const QString& folder : {home.programFolder() + "/EmergencyPreserveStateBU", home.desktop()})
+            home.write(QDir(home.home()).relativeFilePath(folder) + "/PreserveState.txt", "left over");
+        Program program;
+        program.start();
+        program.quit();
+        const QString copies = home.programFolder() + "/EmergencyPreserveStateBU/";
+        QCOMPARE(emergencyCopies(home), QStringList{"260508_2314PreserveStateBU.txt"});
+        QCOMPARE(readAll(copies + "260508_2314PreserveStateBU.txt"), readAll(file)); // what was just saved
+        Clock::set(QDateTime(QDate(2026, 5, 8), QTime(23, 15)));
+        QVERIFY(ZOR::PreserveStateBackUp(true, true));
+        QCOMPARE(QDir(home.desktop()).entryList(QDir::Files), QStringList{"260508_2315PreserveStateBU.txt"});
+        QCOMPARE(emergencyCopies(home).last(), QString("260508_2315PreserveStateBU.txt"));
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    // The head comes back as written; a current palette outside the store starts on the first.
+    void headIsReadBack_data() {
+        QTest::addColumn<int>("current");
+        QTest::addColumn<int>("loaded");
+        QTest::newRow("the last palette") << 2 << 2;
+        QTest::newRow("one past the last") << 3 << 0;
+        QTest::newRow("below the first") << -1 << 0;
+    }
+    void headIsReadBack() {
+        QFETCH(int, current);
+        QFETCH(int, loaded);
+        TempHome home;
+        Program program;
+        ordered_json data = ordered_json::parse(readAll(writeStoreFile(3, 3, 4, QRect(11, 22, 256, 222))).toStdString());
+        data[0]["CurrentPalette"] = current;
+        QVERIFY(ZOR::JSON_ParseData(QString::fromStdString(data.dump())));
+        QCOMPARE(QList<qint64>({ZOR::idxCP, ZOR::initialWinLeft, ZOR::initialWinTop, ZOR::initialWinWidth,
+                                ZOR::initialWinHeight}),
+                 QList<qint64>({loaded, 11, 22, 256, 222}));
+    }
+
+    // In an older file without KM_Active, a button that fires a script or a switch is no macro button.
+    void olderButtonsKeepTheirKind() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        ordered_json data = ordered_json::parse(olderFile({"KM_Active"}, true).toStdString());
+        data[1 + 2]["PaletteGo"] = "1";
+        data[1 + 3]["ASfile"] = "Mail.scpt";
+        QVERIFY(ZOR::JSON_ParseData(QString::fromStdString(data.dump())));
+        QString kinds;
+        for (int i = 0; i < 5; ++i) kinds += ZOR::DP[0].a_Btn->at(i)->KM_Active ? '1' : '0';
+        QCOMPARE(kinds, QString("10001"));
+    }
+
+    void newPalettesAreWrittenWhole() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        program.start();
+        ZOR::DP.emplace_back();
+        ZOR::DefaultValuesPalette(1);
+        ZOR::DP[1].s_Alias = "second";
+        program.quit();
+        const ordered_json saved = ordered_json::parse(readAll(home.programFolder() + "/PreserveState.txt").toStdString());
+        QCOMPARE(saved[101].dump(), R"({"numRows":10,"numColumns":10,"paleName":"P00","paleAlias":"Original",)"
+                                    R"("paleWinTitle":"ZOR Palette","paleParticulars":"No Content"})");
+        QCOMPARE(saved[202].dump(), R"({"numRows":10,"numColumns":10,"paleName":"P01","paleAlias":"second",)"
+                                    R"("paleWinTitle":"ZOR P01","paleParticulars":""})");
+        QCOMPARE(saved[1 + 101 + 51].dump(),
+                 R"({"sID":"51","Shortcut":"Z","Tip":"","Info":"","ShortcutShow":false,"Vis":true,"ASfile":"",)"
+                 R"("SCname":"","AutoMin":0,"Clipbrd":0,"PaletteGo":"","KM_Active":false})");
+        QCOMPARE(QString::fromStdString(saved[1 + 52]["Shortcut"].get<std::string>() + saved[1]["Shortcut"].get<std::string>()),
+                 kNoShortcut + "a");
+    }
+
     void emergencyCopiesAreTrimmed_data() {
         QTest::addColumn<int>("before");
         QTest::addColumn<int>("after");
