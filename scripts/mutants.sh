@@ -37,6 +37,9 @@ export QT_QPA_PLATFORM=offscreen
 # The copy follows the worktree by content: a file whose content is unchanged keeps its time
 # stamp, so the build folder from an earlier run stays valid.
 mkdir -p "$TREE" "$LOGS"
+# The list as it stands now: it may be edited while the faults run.
+cp "$LIST" "$WORK/mutants.txt"
+LIST="$WORK/mutants.txt"
 python3 - "$ROOT" "$TREE" <<'PY'
 import filecmp, os, shutil, sys
 root, tree = sys.argv[1], sys.argv[2]

@@ -274,6 +274,8 @@ private slots:
         MainMenuBar* bar = w.findChild<MainMenuBar*>();
         w.Event_MenuBarSelected();
         QCOMPARE(enabled(*bar), QString("0111100000"));
+        QCOMPARE(bar->miPalette[0]->text(), QString("P00     Original"));
+        QVERIFY(!bar->FileMenu->menuAction()->isVisible());
         for (int p = 5; p < 10; ++p) {
             ZOR::DP.emplace_back();
             ZOR::DefaultValuesPalette(p);
@@ -316,16 +318,6 @@ private slots:
         QCOMPARE(ZOR::idxCP, qint64(2));
         QCOMPARE(w.labTip->text(), QString("Mail tools"));
         QVERIFY(dialogs->texts().isEmpty());
-
-        // One palette only: every item is disabled, P00 carries its alias.
-        tearDownProgram();
-        setUpProgram();
-        startWith(1);
-        MainMenuBar* single = program->window()->findChild<MainMenuBar*>();
-        program->window()->Event_MenuBarSelected();
-        QCOMPARE(enabled(*single), QString("0000000000"));
-        QCOMPARE(single->miPalette[0]->text(), QString("P00     Original"));
-        QVERIFY(!single->FileMenu->menuAction()->isVisible());
     }
 
     void changeAndCreatePalettes() {
