@@ -276,6 +276,9 @@ private slots:
         QCOMPARE(enabled(*bar), QString("0111100000"));
         QCOMPARE(bar->miPalette[0]->text(), QString("P00     Original"));
         QVERIFY(!bar->FileMenu->menuAction()->isVisible());
+        ZOR::ChangeToPalette(5); // one past the last
+        QCOMPARE(dialogs->texts(), QStringList{"You have asked  to change to a palette, P05, that does not exist. There "
+                                               "is nothing to do."});
         for (int p = 5; p < 10; ++p) {
             ZOR::DP.emplace_back();
             ZOR::DefaultValuesPalette(p);
