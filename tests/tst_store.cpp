@@ -311,13 +311,16 @@ private slots:
         QVERIFY(dialogs.texts().isEmpty());
     }
 
+    // The first quit saves the window where it stands, so the second changes only the palette.
     void aSwitchAloneIsSaved() {
         TempHome home;
-        const QString file = writeStoreFile(2, 3, 4, QRect(100, 120, 256, 222));
-        Program program;
-        program.start();
-        ZOR::ChangeToPalette(1);
-        program.quit();
+        const QString file = writeStoreFile(2, 3, 4);
+        for (int run = 0; run < 2; ++run) {
+            Program program;
+            program.start();
+            if (run == 1) ZOR::ChangeToPalette(1);
+            program.quit();
+        }
         QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), 1);
     }
 
