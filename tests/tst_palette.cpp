@@ -286,6 +286,9 @@ private slots:
         ZOR::ChangeToPalette(9);
         w.Event_MenuBarSelected();
         QCOMPARE(enabled(*bar), QString("1111111110"));
+        QApplication::setActiveWindow(&w);
+        QTest::keyClick(&w, Qt::Key_3, Qt::ControlModifier); // the digit is the palette's number
+        QCOMPARE(ZOR::idxCP, qint64(3));
     }
 
     void paletteMenuFollowsTheStore() {
