@@ -92,7 +92,7 @@ private slots:
         row("clean", "3\tT\tA\t0\t0<#CR>\n4\t\tB\t0\t0<#CR>", "3\tT\tA\t0\t0<#CR>\n4\t\tB\t0\t0<#CR>");
         row("2 fields: id and content", "7\tSome text<#CR>", "7\t\tSome text\t0\t0<#CR>");
         row("4 fields, the zero side set to 100", "7\tT\tText\t340<#CR>", "7\tT\tText\t340\t100<#CR>");
-        row("below 100 raised", "7\tT\tText\t20\t450<#CR>", "7\tT\tText\t100\t450<#CR>");
+        row("below 100 raised", "7\tT\tText\t20\t45<#CR>", "7\tT\tText\t100\t100<#CR>");
         row("empty content takes the title", "7\tTitle\t\t0\t0<#CR>", "7\t\tTitle\t0\t0<#CR>");
         row("blanks, no final marker, lines in content", "  3\tA\tOne\n\nTwo\t0\t0<#CR>\n4\tB\tC\t0\t0\n\n",
             "3\tA\tOne\n\nTwo\t0\t0<#CR>\n4\tB\tC\t0\t0<#CR>");

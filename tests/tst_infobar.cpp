@@ -37,6 +37,7 @@ private slots:
         QTest::newRow("palette switch") << "" << "" << "2" << QColor(0xF0, 0xDB, 0xFF);
         QTest::newRow("Shortcut and switch: the switch colours") << "" << "Mail" << "2" << QColor(0xF0, 0xDB, 0xFF);
         QTest::newRow("script and Shortcut: the script colours") << "a" << "Mail" << "" << QColor(0xFF, 0xB3, 0xB0);
+        QTest::newRow("script and switch: the switch colours") << "a" << "" << "2" << QColor(0xF0, 0xDB, 0xFF);
     }
     void barTellsTheKind() {
         QFETCH(QString, ASfile);

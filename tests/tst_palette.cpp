@@ -72,6 +72,7 @@ private slots:
         QCOMPARE(w.labTip->y(), std::min(rows * 64, size.height() - 30));
         QCOMPARE(w.labTip->text(), QString("Original"));
         QCOMPARE(w.labSeeNum->text(), QString("P00"));
+        QCOMPARE(w.cnButs[12]->geometry(), QRect(128, 64, 64, 64)); // row 1, column 2
         // The bar is painted over the row of canvases below the grid.
         const QImage shot = w.centralWidget()->grab().toImage();
         QCOMPARE(shot.pixelColor(size.width() / 2 + 3, w.labTip->y() + 26), QColor(0xFE, 0xFF, 0x96));
@@ -102,54 +103,54 @@ private slots:
         QVERIFY(dialogs->texts().isEmpty());
     }
 
+    // Every pair of kinds: the earlier runs alone. Shortcuts need a system of 12 or later.
     void clickRunsTheFirstKindThatHolds_data() {
         QTest::addColumn<QString>("ASfile");
         QTest::addColumn<QString>("SCname");
         QTest::addColumn<QString>("PaletteGo");
-        QTest::addColumn<bool>("KM");
         QTest::addColumn<QString>("engine");
-        QTest::addColumn<QStringList>("expected");
-        const QString scripts = "osascript\t%1/%2.scpt";
-        QTest::newRow("AppleScript before Keyboard Maestro")
-            << "Mail.txt" << "" << "" << true << kEngine
-            << QStringList{(scripts + "\tMail.scpt").arg(resources, "FireAppleScript")};
-        QTest::newRow("Keyboard Maestro") << "" << "" << "" << true << kEngine
-                                          << QStringList{(scripts + "\tP00\t07").arg(resources, "FirePalette")};
-        QTest::newRow("only the editor's engine runs") << "" << "" << "" << true << kEditorEngine
-                                                      << QStringList{(scripts + "\tP00\t07").arg(resources, "FirePalette")};
-        QTest::newRow("no engine runs") << "" << "" << "" << true << "" << QStringList{};
-        QTest::newRow("Shortcut on a system too old") << "" << "My Day" << "1" << true << kEngine << QStringList{};
-        QTest::newRow("palette switch before Keyboard Maestro") << "" << "" << "1" << true << kEngine << QStringList{};
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<QStringList>("expected"); // empty and no message: the palette switched
+        QTest::addColumn<QString>("message");
+        const QStringList km{QString("osascript\t%1/FirePalette.scpt\tP00\t07").arg(resources)};
+        const QStringList as{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
+        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
+        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QString engine,
+                            QStringList expected, QString message = {}) {
+            QTest::newRow(name) << ASfile << SCname << PaletteGo << engine << "12.0" << expected << message;
+        };
+        row("Keyboard Maestro", "", "", "", kEngine, km);
+        row("only the editor's engine runs", "", "", "", kEditorEngine, km);
+        row("no engine runs", "", "", "", "", {}, "Is Keyboard Maestro Engine running?. I cannot see that it is.");
+        row("script before Keyboard Maestro", "Mail.txt", "", "", kEngine, as);
+        row("script before Shortcut", "Mail", "Mail", "", kEngine, as);
+        row("script before switch", "Mail", "", "1", kEngine, as);
+        row("all kinds: the script", "Mail", "Mail", "1", kEngine, as);
+        row("Shortcut before switch", "", "Mail", "1", kEngine, sc);
+        row("Shortcut before Keyboard Maestro", "", "Mail", "", kEngine, sc);
+        row("switch before Keyboard Maestro", "", "", "1", kEngine, {});
+        QTest::newRow("Shortcut on a system too old") << "" << "Mail" << "1" << kEngine << "11.7"
+                                                      << QStringList{"sw_vers\t-productVersion"}
+                                                      << "You need a more recent operating system to deal with Shortcuts";
     }
     void clickRunsTheFirstKindThatHolds() {
         QFETCH(QString, ASfile);
         QFETCH(QString, SCname);
         QFETCH(QString, PaletteGo);
-        QFETCH(bool, KM);
         QFETCH(QString, engine);
+        QFETCH(QString, system);
         QFETCH(QStringList, expected);
-        startWith(2);
+        QFETCH(QString, message);
+        tools->setAnswer("sw_vers", system + "\n");
+        tools->setAnswer("shortcuts", "Mail\n");
         if (!engine.isEmpty()) tools->setAnswer(engine, "true");
+        startWith(2);
         Btn& b = button(7);
-        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.KM_Active = KM;
+        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.KM_Active = true;
         click(7);
         QTRY_COMPARE(launches(*tools), expected);
-        QStringList messages;
-        if (!SCname.isEmpty()) messages << "You need a more recent operating system to deal with Shortcuts";
-        if (KM && engine.isEmpty()) messages << "Is Keyboard Maestro Engine running?. I cannot see that it is.";
-        QCOMPARE(dialogs->texts(), messages);
-        QCOMPARE(ZOR::idxCP, qint64(PaletteGo.isEmpty() || !SCname.isEmpty() ? 0 : 1));
-    }
-
-    void shortcutOnARecentSystem() {
-        tools->setAnswer("sw_vers", "14.5\n");
-        tools->setAnswer("shortcuts", "Mail\nMy Day ✓\n");
-        startWith(1);
-        button(3).SCname = "My Day ✓";
-        click(3);
-        QCOMPARE(launches(*tools),
-                 QStringList({"sw_vers\t-productVersion", "shortcuts\tlist",
-                              "open\tshortcuts://run-shortcut?name=My%20Day%20%E2%9C%93"}));
+        QCOMPARE(dialogs->texts(), message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(ZOR::idxCP, qint64(expected.isEmpty() && message.isEmpty() ? 1 : 0));
     }
 
     void buttonWithNoActionSaysSo() {
@@ -196,21 +197,24 @@ private slots:
     void optionClickShowsInformation_data() {
         QTest::addColumn<QString>("Info");
         QTest::addColumn<QString>("Tip");
+        QTest::addColumn<QString>("SCname");
         QTest::addColumn<QString>("ASfile");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("Info first") << "Line 1\nLine 2" << "tip" << "Mail" << "Line 1\nLine 2";
-        QTest::newRow("only a tip") << "" << "tip" << "" << "tip";
-        QTest::newRow("only a script") << "" << "" << "Mail.scpt" << "Mail.scpt";
-        QTest::newRow("only Keyboard Maestro") << "" << "" << "" << "";
+        QTest::newRow("Info first") << "Line 1\nLine 2" << "tip" << "Day" << "Mail" << "Line 1\nLine 2";
+        QTest::newRow("then the tip") << "" << "tip" << "Day" << "Mail" << "tip";
+        QTest::newRow("then the Shortcut") << "" << "" << "Day" << "Mail.scpt" << "Day";
+        QTest::newRow("only a script") << "" << "" << "" << "Mail.scpt" << "Mail.scpt";
+        QTest::newRow("only Keyboard Maestro") << "" << "" << "" << "" << "";
     }
     void optionClickShowsInformation() {
         QFETCH(QString, Info);
         QFETCH(QString, Tip);
+        QFETCH(QString, SCname);
         QFETCH(QString, ASfile);
         QFETCH(QString, shown);
         startWith(1);
         Btn& b = button(9);
-        b.Info = Info, b.Tip = Tip, b.ASfile = ASfile, b.KM_Active = true, b.AutoMin = 2;
+        b.Info = Info, b.Tip = Tip, b.SCname = SCname, b.ASfile = ASfile, b.KM_Active = true, b.AutoMin = 2;
         click(9, Qt::AltModifier);
         QCOMPARE(dialogs->requests.size(), 1);
         const Dialogs::Request& r = dialogs->requests[0];
@@ -228,7 +232,6 @@ private slots:
         QTest::newRow("a is button 00") << "a" << "00";
         QTest::newRow("A is button 26") << "A" << "26";
         QTest::newRow("a digit") << "7" << "";
-        QTest::newRow("a letter on a row outside the grid") << "Y" << "";
         QTest::newRow("a letter on a hidden button") << "c" << "";
         QTest::newRow("duplicate letter: the lower index") << "d" << "03";
         QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << "e" << "04";
@@ -249,6 +252,43 @@ private slots:
         QTRY_COMPARE(tools->log(), expected);
         QCOMPARE(dialogs->beeps(), fired.isEmpty() ? 1 : 0);
         QCOMPARE(dialogs->texts(), QStringList{});
+    }
+
+    // The first row and the first column outside a 3 x 4 grid beep; the last inside fire.
+    void lettersAtTheGridsEdges() {
+        startWith(1, 3, 4);
+        QTest::keyClicks(program->window(), "dexE");
+        const auto fired = [this] { // the two detached calls may log in either order
+            QStringList log = tools->log();
+            log.sort();
+            return log;
+        };
+        QTRY_COMPARE(fired(), QStringList({QString("osascript\t%1/FirePalette.scpt\tP00\t03").arg(resources),
+                                           QString("osascript\t%1/FirePalette.scpt\tP00\t23").arg(resources)}));
+        QCOMPARE(dialogs->beeps(), 2);
+    }
+
+    // Items up to the last palette are enabled, the active one up to P09 is not.
+    void paletteMenuEdges() {
+        winMain& w = startWith(5);
+        MainMenuBar* bar = w.findChild<MainMenuBar*>();
+        w.Event_MenuBarSelected();
+        QCOMPARE(enabled(*bar), QString("0111100000"));
+        QCOMPARE(bar->miPalette[0]->text(), QString("P00     Original"));
+        QVERIFY(!bar->FileMenu->menuAction()->isVisible());
+        ZOR::ChangeToPalette(5); // one past the last
+        QCOMPARE(dialogs->texts(), QStringList{"You have asked  to change to a palette, P05, that does not exist. There "
+                                               "is nothing to do."});
+        for (int p = 5; p < 10; ++p) {
+            ZOR::DP.emplace_back();
+            ZOR::DefaultValuesPalette(p);
+        }
+        ZOR::ChangeToPalette(9);
+        w.Event_MenuBarSelected();
+        QCOMPARE(enabled(*bar), QString("1111111110"));
+        QApplication::setActiveWindow(&w);
+        QTest::keyClick(&w, Qt::Key_3, Qt::ControlModifier); // the digit is the palette's number
+        QCOMPARE(ZOR::idxCP, qint64(3));
     }
 
     void paletteMenuFollowsTheStore() {
@@ -284,16 +324,6 @@ private slots:
         QCOMPARE(ZOR::idxCP, qint64(2));
         QCOMPARE(w.labTip->text(), QString("Mail tools"));
         QVERIFY(dialogs->texts().isEmpty());
-
-        // One palette only: every item is disabled, P00 carries its alias.
-        tearDownProgram();
-        setUpProgram();
-        startWith(1);
-        MainMenuBar* single = program->window()->mainMenuBar;
-        program->window()->Event_MenuBarSelected();
-        QCOMPARE(enabled(*single), QString("0000000000"));
-        QCOMPARE(single->miPalette[0]->text(), QString("P00     Original"));
-        QVERIFY(!single->FileMenu->menuAction()->isVisible());
     }
 
     void changeAndCreatePalettes() {

@@ -71,7 +71,10 @@ private slots:
         ZOR::CreateFirstPalette();
         ZOR::DP.emplace_back();
         ZOR::DefaultValuesPalette(1);
-        QCOMPARE(ZOR::DP[1].s_WinTitle, QString("ZOR P01"));
+        const PaletteDict& fresh = ZOR::DP[1];
+        QCOMPARE(QStringList({QString::number(fresh.i_NumRows * 100 + fresh.i_NumColumns), fresh.s_Name,
+                              fresh.s_WinTitle, fresh.s_Particulars}),
+                 QStringList({"1010", "P01", "ZOR P01", ""}));
         QVERIFY(QRegularExpression("^[a-z]{5}$").match(ZOR::DP[1].s_Alias).hasMatch());
         QCOMPARE(ZOR::DP[1].a_Btn->at(51)->Shortcut + ZOR::DP[1].a_Btn->at(52)->Shortcut, "Z" + kNoShortcut);
 
@@ -194,7 +197,14 @@ private slots:
         program.quit();
         const QByteArray saved = readAll(home.programFolder() + "/PreserveState.txt");
         QVERIFY(!saved.startsWith("\xEF\xBB\xBF") && !saved.endsWith('\n'));
-        QCOMPARE(ordered_json::parse(saved.toStdString()).size(), size_t(102));
+        const ordered_json data = ordered_json::parse(saved.toStdString());
+        QCOMPARE(data.size(), size_t(102));
+        QCOMPARE(data[101].dump(), R"({"numRows":10,"numColumns":10,"paleName":"P00","paleAlias":"Original",)"
+                                   R"("paleWinTitle":"ZOR Palette","paleParticulars":"No Content"})");
+        QCOMPARE(data[1 + 51].dump(),
+                 R"({"sID":"51","Shortcut":"Z","Tip":"","Info":"","ShortcutShow":false,"Vis":true,"ASfile":"",)"
+                 R"("SCname":"","AutoMin":0,"Clipbrd":0,"PaletteGo":"","KM_Active":false})");
+        QCOMPARE(QString::fromStdString(data[1 + 52]["Shortcut"].get<std::string>()), kNoShortcut);
         QCOMPARE(emergencyCopies(home), QStringList{"260508_2314PreserveStateBU.txt"});
     }
 
@@ -272,6 +282,101 @@ private slots:
         QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["WinLeft"].get<int>(), 140);
         QCOMPARE(emergencyCopies(home).size(), 1);
         QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    // The design window edits the working set of the active palette: a switch and the quit keep it.
+    void switchAndQuitKeepTheWorkingSet() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(3, 3, 4, QRect(100, 120, 256, 222));
+        Program program;
+        program.start();
+        const auto edit = [](const QString& mark) {
+            ZOR::numRows = 2, ZOR::numColumns = 5, ZOR::paleName = "N" + mark, ZOR::paleAlias = "A" + mark;
+            ZOR::paleWinTitle = "T" + mark, ZOR::paleParticulars = "P" + mark, ZOR::paletteContentChange = true;
+        };
+        edit("0");
+        ZOR::ChangeToPalette(1);
+        const PaletteDict& left = ZOR::DP[0];
+        QCOMPARE(QStringList({QString::number(left.i_NumRows * 10 + left.i_NumColumns), left.s_Name, left.s_Alias,
+                              left.s_WinTitle, left.s_Particulars}),
+                 QStringList({"25", "N0", "A0", "T0", "P0"}));
+        QCOMPARE(ZOR::paleName, QString("P01"));
+        edit("1");
+        program.quit();
+        const ordered_json saved = ordered_json::parse(readAll(file).toStdString());
+        QCOMPARE(saved[0]["CurrentPalette"].get<int>(), 1);
+        QCOMPARE(saved[1 + 101 + 100].dump(), R"({"numRows":2,"numColumns":5,"paleName":"N1","paleAlias":"A1",)"
+                                              R"("paleWinTitle":"T1","paleParticulars":"P1"})");
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    // The first quit saves the window where it stands, so the second changes only the palette.
+    void aSwitchAloneIsSaved() {
+        TempHome home;
+        const QString file = writeStoreFile(2, 3, 4);
+        for (int run = 0; run < 2; ++run) {
+            Program program;
+            program.start();
+            if (run == 1) ZOR::ChangeToPalette(1);
+            program.quit();
+        }
+        QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), 1);
+    }
+
+    // A plain PreserveState.txt left in a backup folder by an earlier failed rename is cleared first.
+    void backupsClearALeftoverPlainFile() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(1);
+        for (const QString& folder : {home.programFolder() + "/EmergencyPreserveStateBU", home.desktop()})
+            home.write(QDir(home.home()).relativeFilePath(folder) + "/PreserveState.txt", "left over");
+        Program program;
+        program.start();
+        program.quit();
+        const QString copies = home.programFolder() + "/EmergencyPreserveStateBU/";
+        QCOMPARE(emergencyCopies(home), QStringList{"260508_2314PreserveStateBU.txt"});
+        QCOMPARE(readAll(copies + "260508_2314PreserveStateBU.txt"), readAll(file)); // what was just saved
+        Clock::set(QDateTime(QDate(2026, 5, 8), QTime(23, 15)));
+        QVERIFY(ZOR::PreserveStateBackUp(true, true));
+        QCOMPARE(QDir(home.desktop()).entryList(QDir::Files), QStringList{"260508_2315PreserveStateBU.txt"});
+        QCOMPARE(emergencyCopies(home).last(), QString("260508_2315PreserveStateBU.txt"));
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    // The head comes back as written; a current palette outside the store starts on the first.
+    void headIsReadBack_data() {
+        QTest::addColumn<int>("current");
+        QTest::addColumn<int>("loaded");
+        QTest::newRow("the last palette") << 2 << 2;
+        QTest::newRow("one past the last") << 3 << 0;
+        QTest::newRow("below the first") << -1 << 0;
+    }
+    void headIsReadBack() {
+        QFETCH(int, current);
+        QFETCH(int, loaded);
+        TempHome home;
+        Program program;
+        ordered_json data = ordered_json::parse(readAll(writeStoreFile(3, 3, 4, QRect(11, 22, 256, 222))).toStdString());
+        data[0]["CurrentPalette"] = current;
+        QVERIFY(ZOR::JSON_ParseData(QString::fromStdString(data.dump())));
+        QCOMPARE(QList<qint64>({ZOR::idxCP, ZOR::initialWinLeft, ZOR::initialWinTop, ZOR::initialWinWidth,
+                                ZOR::initialWinHeight}),
+                 QList<qint64>({loaded, 11, 22, 256, 222}));
+    }
+
+    // In an older file without KM_Active, a button that fires a script or a switch is no macro button.
+    void olderButtonsKeepTheirKind() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        ordered_json data = ordered_json::parse(olderFile({"KM_Active"}, true).toStdString());
+        data[1 + 2]["PaletteGo"] = "1";
+        data[1 + 3]["ASfile"] = "Mail.scpt";
+        QVERIFY(ZOR::JSON_ParseData(QString::fromStdString(data.dump())));
+        QString kinds;
+        for (int i = 0; i < 5; ++i) kinds += ZOR::DP[0].a_Btn->at(i)->KM_Active ? '1' : '0';
+        QCOMPARE(kinds, QString("10001"));
     }
 
     void emergencyCopiesAreTrimmed_data() {
