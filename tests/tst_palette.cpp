@@ -271,7 +271,7 @@ private slots:
     // Items up to the last palette are enabled, the active one up to P09 is not.
     void paletteMenuEdges() {
         winMain& w = startWith(5);
-        MainMenuBar* bar = w.findChild<MainMenuBar*>();
+        MainMenuBar* bar = w.mainMenuBar;
         w.Event_MenuBarSelected();
         QCOMPARE(enabled(*bar), QString("0111100000"));
         QCOMPARE(bar->miPalette[0]->text(), QString("P00     Original"));
