@@ -3,9 +3,11 @@
 #include "common/ScriptedDialogs.h"
 #include "common/TempHome.h"
 #include "palette_window/winMain.h"
+#include "store/JsonText.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/Clock.h"
+#include "util/ZorError.h"
 
 #include <QDir>
 #include <QFile>
@@ -158,6 +160,8 @@ private slots:
         QTest::newRow("array ends early") << olderFile({}, true).left(5000) + "]";
         QTest::newRow("obligatory key missing") << olderFile({"Tip"}, true);
         QTest::newRow("head only") << QByteArray(R"([{"LastPaletteIndex":0,"CurrentPalette":0}])");
+        QTest::newRow("not UTF-8") << olderFile({}, true).replace("Old title", "Old t\xEFtle");
+        QTest::newRow("more than it tells") << olderFile({}, true).chopped(1) + ",{}]";
     }
     void unreadableDataIsReported() {
         QFETCH(QByteArray, content);
@@ -177,6 +181,115 @@ private slots:
         program.quit();
         QCOMPARE(readAll(file), content);
         QCOMPARE(QFileInfo(file).lastModified(), written);
+        QVERIFY(emergencyCopies(home).isEmpty());
+    }
+
+    void readerTellsValidFromInvalid_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<bool>("valid");
+        const QByteArray deep = QByteArray(100000, '[') + "1" + QByteArray(100000, ']');
+        QTest::newRow("arrays 100,000 deep") << deep << true;
+        QTest::newRow("objects 100,000 deep") << QByteArray("{\"k\":").repeated(100000) + "1" + QByteArray(100000, '}') << true;
+        QTest::newRow("100,000 open brackets") << QByteArray(100000, '[') << false;
+        QTest::newRow("empty array, then more") << QByteArray(R"({"x":[],"y":{},"z":[[],{}]})") << true;
+        QTest::newRow("all kinds") << QByteArray("[0,-0.5e+3,1E400,true,false,null,\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u0041\"]") << true;
+        QTest::newRow("comma before ]") << QByteArray("[1,]") << false;
+        QTest::newRow("comma before }") << QByteArray(R"({"a":1,})") << false;
+        QTest::newRow("leading zero") << QByteArray("[01]") << false;
+        QTest::newRow("bare minus") << QByteArray("[-]") << false;
+        QTest::newRow("short literal") << QByteArray("[nul]") << false;
+        QTest::newRow("short \\u") << QByteArray(R"(["\u12"])") << false;
+        QTest::newRow("unknown escape") << QByteArray(R"(["\x"])") << false;
+        QTest::newRow("raw tab in a string") << QByteArray("[\"a\tb\"]") << false;
+        QTest::newRow("lone continuation byte") << QByteArray("[\"a\x80\"]") << false;
+        QTest::newRow("overlong slash") << QByteArray("[\"\xC0\xAF\"]") << false;
+        QTest::newRow("encoded surrogate") << QByteArray("[\"\xED\xA0\x80\"]") << false;
+        QTest::newRow("beyond U+10FFFF") << QByteArray("[\"\xF4\x90\x80\x80\"]") << false;
+        QTest::newRow("cut sequence") << QByteArray("[\"\xE2\x90\"]") << false;
+        QTest::newRow("text after the end") << QByteArray("[1] x") << false;
+    }
+    void readerTellsValidFromInvalid() {
+        QFETCH(QByteArray, text);
+        QFETCH(bool, valid);
+        bool accepted = false;
+        try {
+            JsonText::Reader r(std::string_view(text.constData(), size_t(text.size())));
+            r.skipValue();
+            r.expectEnd();
+            accepted = true;
+        } catch (const JSONException&) {
+        }
+        QCOMPARE(accepted, valid);
+    }
+
+    void readerDecodesValues() {
+        const std::pair<const char*, QString> strings[] = {
+            {R"("\u2400")", QString::fromUtf8("␀")},
+            {R"("\u00e9\u00C9")", QString::fromUtf8("éÉ")},
+            {R"("\uD83C\uDFB9 \ud83d\ude00")", QString::fromUtf8("🎹 😀")},
+            {R"("\uDC00|\uD800\u0041|\uD800")", QString::fromUtf8("\xEF\xBF\xBD|\xEF\xBF\xBD" "A|\xEF\xBF\xBD")},
+            {"\"Gr\xC3\xBC\xC3\x9F" "e \xF0\x9F\x8E\xB9\"", QString::fromUtf8("Grüße 🎹")},
+        };
+        for (const auto& [json, expected] : strings) {
+            JsonText::Reader r(json);
+            QCOMPARE(r.readString(), expected);
+        }
+        constexpr qint64 max = std::numeric_limits<qint64>::max(), min = std::numeric_limits<qint64>::min();
+        const std::pair<const char*, qint64> numbers[] = {
+            {"9223372036854775807", max}, {"9223372036854775808", max}, {"1e19", max},  {"1e308", max},
+            {"1e400", max},               {"-1e308", min},              {"-9223372036854775809", min},
+            {"12.9", 12},                 {"-0.5", 0},                  {"0.5e1", 5}, {"123e-2", 1},
+            {"1e-400", 0},                {"0.000e999", 0},             {"-0", 0},
+        };
+        for (const auto& [json, expected] : numbers) {
+            JsonText::Reader r(json);
+            QCOMPARE(r.readInteger(), expected);
+        }
+    }
+
+    void unusualButValidStoresLoad() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        // Another JSON tool's output: free slots in ASCII escapes, empty and deep values under keys we do not know.
+        std::string text = olderFile({}, true).toStdString();
+        const std::string alias = "\"paleAlias\":\"Old\"";
+        text.replace(text.rfind(alias), alias.size(), R"("paleAlias":"\u2400")");
+        text.insert(text.find('{') + 1, R"("x":[],"y":{},"deep":)" + std::string(100000, '[') + std::string(100000, ']') + ",");
+        QVERIFY(ZOR::JSON_ParseData(std::string_view(text)));
+        QCOMPARE(ZOR::DP[1].s_Alias, kNoShortcut);
+        QVERIFY(!ZOR::IsPaletteExistant(1));
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    void fileThatCannotBeOpenedIsKept() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        home.writeInProgram("PreserveState.txt/inside", "mine"); // a folder where the file should be
+        home.writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
+        Program program;
+        program.start();
+        const QStringList shown = dialogs.texts();
+        QCOMPARE(shown.size(), 2);
+        QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
+        QVERIFY(shown[1].contains("could not read its data file"));
+        program.quit();
+        QCOMPARE(readAll(home.programFolder() + "/PreserveState.txt/inside"), QByteArray("mine"));
+        QCOMPARE(emergencyCopies(home), QStringList{"230101_1200PreserveStateBU.txt"});
+    }
+
+    void quitNeverWritesAStoreWithoutActivePalette() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        Program program;
+        program.start();
+        ZOR::DP.clear();
+        ZOR::idxCP = -1;
+        ZOR::paletteContentChange = true;
+        program.quit();
+        QCOMPARE(readAll(file), before);
         QVERIFY(emergencyCopies(home).isEmpty());
     }
 

@@ -442,6 +442,8 @@ bool winMain::Event_Closing() {
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
         if (!changed || !ZOR::QuitSavePaletteChanges || ZOR::dataFileUnreadable) return false;
+        // Whatever the flags say, a store without an active palette is never written over the file.
+        if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
         ZOR::SavePaletteToDP();
         const QString text = ZOR::JSON_CreateData();
         if (!FileTools::StringToFileItem(text, ZOR::kDataFileName, AppGlobals::appSupportFolder)) return false;
