@@ -410,6 +410,36 @@ private slots:
         QCOMPARE(copies.last(), QString("260508_2314PreserveStateBU.txt"));
         if (before == 9) QCOMPARE(copies.first(), QString("230112_1200PreserveStateBU.txt"));
     }
+
+    void trimmingRemovesPlainFilesOnly() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        writeStoreFile(1);
+        home.writeInProgram("EmergencyPreserveStateBU/000 kept by hand/note.txt", "mine");
+        for (int i = 0; i < 9; ++i)
+            home.writeInProgram(QString("EmergencyPreserveStateBU/2301%1_1200PreserveStateBU.txt").arg(i + 10), "old");
+        Program program;
+        program.start();
+        program.quit();
+        QCOMPARE(dialogs.texts(), QStringList{"RemoveFilesFromEmergencyBackup: Could not remove 000 kept by hand"});
+        QCOMPARE(readAll(home.programFolder() + "/EmergencyPreserveStateBU/000 kept by hand/note.txt"), "mine");
+        QCOMPARE(emergencyCopies(home).first(), QString("230111_1200PreserveStateBU.txt")); // the oldest still went
+    }
+
+    void failedDesktopCopyNamesItsCause() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        writeStoreFile(1);
+        AppGlobals::appSupportFolder = home.programFolder();
+        QDir(home.desktop()).mkpath("PreserveState.txt/x"); // a folder in the copy's way
+        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
+        QDir(home.desktop()).removeRecursively(); // no Desktop at all
+        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
+        QCOMPARE(dialogs.texts(), QStringList({"An exception of type IOException was caught.",
+                                               "An exception of type NilObjectException was caught."}));
+        QVERIFY(emergencyCopies(home).isEmpty());
+    }
 };
 
 QTEST_MAIN(StoreTest)
