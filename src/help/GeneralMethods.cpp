@@ -33,6 +33,8 @@ std::unique_ptr<QMessageBox> buildMesDlg(const QString& message, const QString& 
     if (!alternateCaption.isEmpty()) box->addButton(alternateCaption, kAlternateRole);
     if (showCancel) box->addButton(QMessageBox::Cancel);
     box->setDefaultButton(action);
+    // Both texts often carry a user's names: "<b>x</b>" is shown as typed, not in bold.
+    for (QLabel* label : box->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     return box;
 }
 } // namespace
