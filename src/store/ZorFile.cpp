@@ -12,8 +12,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
@@ -120,9 +118,6 @@ void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, boo
     static const char* names[] = {"numRows", "numColumns", "paleName", "paleAlias", "paleWinTitle"};
     for (unsigned i = 0; i < 5; ++i)
         if (!(seen & (1u << i))) missingKey(names[i]);
-    // A grid has 1 to 10 rows and columns; an edited file's other numbers mean the nearest.
-    p.i_NumRows = std::clamp<qint64>(p.i_NumRows, 1, 10);
-    p.i_NumColumns = std::clamp<qint64>(p.i_NumColumns, 1, 10);
     if (!particulars && tellAbsentKeys) Dialogs::message(transitionMessage("Particulars"));
 }
 
