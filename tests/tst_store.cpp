@@ -293,6 +293,78 @@ private slots:
         QVERIFY(emergencyCopies(home).isEmpty());
     }
 
+    // Each hostile file either loads with a clear meaning (the palette it starts on) or is
+    // reported once and left as it is; none crashes or hangs.
+    void hostileDataFiles_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("startsOn"); // -1: refused
+        QByteArray full;
+        {
+            TempHome home;
+            full = readAll(writeStoreFile(100));
+        }
+        const ordered_json base = ordered_json::parse(olderFile({}, true).toStdString());
+        const auto edited = [&](auto edit) {
+            ordered_json j = base;
+            edit(j);
+            return QByteArray::fromStdString(j.dump());
+        };
+        const auto head = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[0][key] = value; });
+        };
+        const auto button = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[1 + 3][key] = value; });
+        };
+        const auto palette = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[101][key] = value; });
+        };
+        // clang-format off
+        QTest::newRow("LastPaletteIndex 1e9") << head("LastPaletteIndex", 1000000000) << -1;
+        QTest::newRow("LastPaletteIndex 1e9 as a real") << QByteArray(base.dump().c_str()).replace("\"LastPaletteIndex\":1", "\"LastPaletteIndex\":1e9") << -1;
+        QTest::newRow("LastPaletteIndex -1") << head("LastPaletteIndex", -1) << -1;
+        QTest::newRow("LastPaletteIndex a string") << head("LastPaletteIndex", "1") << -1;
+        QTest::newRow("CurrentPalette outside") << head("CurrentPalette", 7) << 0;
+        QTest::newRow("CurrentPalette on a free slot") << edited([](ordered_json& j) { j[0]["CurrentPalette"] = 0; j[101]["paleAlias"] = "␀"; }) << 1;
+        QTest::newRow("sID xx") << button("sID", "xx") << -1;
+        QTest::newRow("sID 7") << button("sID", "7") << -1;
+        QTest::newRow("sID in Arabic-Indic digits") << button("sID", "٠٧") << -1;
+        QTest::newRow("numRows 0") << palette("numRows", 0) << 0;
+        QTest::newRow("numRows 11") << palette("numRows", 11) << 0;
+        QTest::newRow("numRows -1") << palette("numRows", -1) << 0;
+        QTest::newRow("numColumns beyond any int") << palette("numColumns", 1e300) << 0;
+        QTest::newRow("a tip of 10 MB") << button("Tip", std::string(10'000'000, 'w')) << 0;
+        QTest::newRow("an object for the array") << QByteArray::fromStdString(base[0].dump()) << -1;
+        QTest::newRow("an object for a button") << edited([](ordered_json& j) { j[5] = ordered_json::array(); }) << -1;
+        QTest::newRow("null for a key") << button("Tip", nullptr) << -1;
+        QTest::newRow("a number for a string") << button("Tip", 5) << -1;
+        // clang-format on
+        for (int i = 1; i <= 200; ++i) {
+            const qsizetype at = full.size() * i / 201;
+            QTest::addRow("full store cut at %lld", qlonglong(at)) << full.left(at) << -1;
+        }
+    }
+    void hostileDataFiles() {
+        QFETCH(QByteArray, content);
+        QFETCH(int, startsOn);
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = home.writeInProgram("PreserveState.txt", content);
+        Program program;
+        program.start();
+        program.window()->grab();
+        const QStringList shown = dialogs.texts();
+        if (startsOn < 0) {
+            QCOMPARE(shown.size(), 2);
+            QVERIFY2(shown[1].contains("PreserveState.txt"), qPrintable(shown[1]));
+        } else {
+            QVERIFY2(shown.isEmpty(), qPrintable(shown.join('|').left(500)));
+            QCOMPARE(ZOR::idxCP, qint64(startsOn));
+        }
+        program.quit();
+        if (startsOn < 0) QVERIFY(readAll(file) == content && emergencyCopies(home).isEmpty());
+        else QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), startsOn);
+    }
+
     void firstStartEver() {
         TempHome home;
         ScriptedDialogs dialogs;

@@ -203,13 +203,12 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
         // A current palette outside the store or on a free slot is no reason to lose the
         // palettes: start on the first one in use.
         const auto inUse = [](qint64 p) { return DP[size_t(p)].s_Alias != kNoShortcut; };
-        idxCP = currentPalette >= 0 && currentPalette <= lastPaletteIndex && inUse(currentPalette) ? currentPalette : 0;
-        if (idxCP != currentPalette)
-            for (qint64 p = 0; p <= lastPaletteIndex; ++p)
-                if (inUse(p)) {
-                    idxCP = p;
-                    break;
-                }
+        idxCP = currentPalette;
+        if (currentPalette < 0 || currentPalette > lastPaletteIndex || !inUse(currentPalette)) {
+            idxCP = 0;
+            for (qint64 p = lastPaletteIndex; p >= 0; --p)
+                if (inUse(p)) idxCP = p;
+        }
         return true;
     });
 }
