@@ -458,7 +458,7 @@ bool winMain::Event_Closing() {
         if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
         ZOR::SavePaletteToDP();
         const QString text = ZOR::JSON_CreateData();
-        if (!FileTools::StringToFileItem(text, ZOR::kDataFileName, AppGlobals::appSupportFolder)) return false;
+        if (!ZOR::WriteDataFile(text)) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

@@ -12,6 +12,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
@@ -127,6 +132,27 @@ void nextElementOrFail(JsonText::Reader& r) {
 } // namespace
 
 QString ZOR::DataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
+
+bool ZOR::WriteDataFile(const QString& text) {
+    return Guard::run(where("WriteDataFile"), [&] {
+        // Written whole beside the backups, then renamed over the file in one step: a crash or a
+        // kill at any instant leaves the old file or the new one, and nothing new beside them.
+        const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
+        const QString scratch = emergency + "/.PreserveState.saving";
+        const QByteArray bytes = text.toUtf8();
+        QFile out(scratch);
+        bool ok = QDir().mkpath(emergency) && out.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        ok = ok && out.write(bytes) == bytes.size() && out.flush() && ::fsync(out.handle()) == 0;
+        const QString why = ok ? QString() : out.errorString();
+        out.close();
+        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(DataFilePath()).constData()) == 0)
+            return true;
+        QFile::remove(scratch);
+        Dialogs::message("Could not save PreserveState.txt: " + (why.isEmpty() ? QString::fromLocal8Bit(strerror(errno)) : why) +
+                         ". The file that was there before is unchanged.");
+        return false;
+    });
+}
 
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
