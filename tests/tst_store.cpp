@@ -278,6 +278,24 @@ private slots:
         QCOMPARE(emergencyCopies(home), QStringList{"230101_1200PreserveStateBU.txt"});
     }
 
+    void failedSaveLeavesTheFileAsItWas() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        home.writeInProgram("EmergencyPreserveStateBU", "a file where the folder should be");
+        Program program;
+        program.start();
+        ZOR::paletteContentChange = true;
+        program.quit();
+        QCOMPARE(readAll(file), before);
+        QCOMPARE(QDir(home.programFolder()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList({"EmergencyPreserveStateBU", "PreserveState.txt"}));
+        QVERIFY2(dialogs.texts().last().startsWith("Could not save PreserveState.txt: ") &&
+                     dialogs.texts().last().endsWith(". The file that was there before is unchanged."),
+                 qPrintable(dialogs.texts().join('|')));
+    }
+
     void quitNeverWritesAStoreWithoutActivePalette() {
         TempHome home;
         ScriptedDialogs dialogs;

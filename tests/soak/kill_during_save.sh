@@ -99,5 +99,6 @@ for ((k = 1; k <= KILLS; k++)); do
     fail "kill $k left a PreserveState.txt that is neither the old store nor the new one"
   fi
   [ "$(snapshot)" = "$BEFORE" ] || fail "kill $k changed more than the store: $(diff <(echo "$BEFORE") <(snapshot))"
+  echo "kill $k: old $old, new $new, already ended $gone"
 done
 echo "kill during save: $KILLS kills, $old left the old store, $new the new one ($gone had already ended); ok"
