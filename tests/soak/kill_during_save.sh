@@ -23,6 +23,7 @@ NEW="$PRISTINE/new.txt"
 snapshot() {
   (cd "$E2E_HOME" && find . \( -path ./.local/share/net.lunvale.ZOR-Palette/EmergencyPreserveStateBU \
       -o -path ./tools -o -name program.log -o -name display \) -prune -o -print | sort |
+    grep -v -e '^./took$' -e '^./sent$' -e '^./watching$' |
     while read -r item; do
       if [ -f "$item" ] && [ "$item" != ./.local/share/net.lunvale.ZOR-Palette/PreserveState.txt ]; then
         echo "$item $(sha1sum <"$item" | cut -c1-40)"
@@ -49,16 +50,18 @@ switch_and_quit() {
 
 BEFORE="$(snapshot)"
 # The quit uninterrupted, three times: how long after Ctrl+Q the new store stands in place (the
-# file is renamed over the old one, so its inode changes), and the new store it writes.
+# file is renamed over the old one, so its inode changes), and the new store it writes. The
+# watcher is running before the key goes, so that its own start is not counted.
 times=()
 for run in 1 2 3; do
   restore_home
-  inode=$(stat -c %i "$E2E_DATA/PreserveState.txt")
-  switch_and_quit
-  took=$(python3 - "$E2E_DATA/PreserveState.txt" "$inode" "$SENT" <<'PY'
+  rm -f "$E2E_HOME/watching" "$E2E_HOME/sent"
+  python3 - "$E2E_DATA/PreserveState.txt" "$E2E_HOME" >"$E2E_HOME/took" <<'PY' &
 import os, sys, time
-path, inode, sent = sys.argv[1], int(sys.argv[2]), float(sys.argv[3])
-deadline = time.time() + 60
+path, home = sys.argv[1], sys.argv[2]
+inode = os.stat(path).st_ino
+open(home + "/watching", "w").close()
+deadline = time.time() + 120
 while time.time() < deadline:
     try:
         if os.stat(path).st_ino != inode:
@@ -66,9 +69,17 @@ while time.time() < deadline:
     except FileNotFoundError:
         pass
     time.sleep(0.0002)
-print("%.4f" % (time.time() - sent))
+done = time.time()
+while not os.path.exists(home + "/sent") or not open(home + "/sent").read().strip():
+    time.sleep(0.01)
+print("%.4f" % (done - float(open(home + "/sent").read())))
 PY
-)
+  watcher=$!
+  wait_until 60 test -e "$E2E_HOME/watching" || fail "the watcher did not start"
+  switch_and_quit
+  echo "$SENT" >"$E2E_HOME/sent"
+  wait "$watcher"
+  took=$(cat "$E2E_HOME/took")
   wait_for_exit
   times+=("$took")
   cp "$E2E_DATA/PreserveState.txt" "$NEW"
