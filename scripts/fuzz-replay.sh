@@ -10,6 +10,7 @@ for pair in fuzz_json_parse:json fuzz_help_table:help; do
   harness=${pair%%:*} corpus=tests/fuzz/corpus/${pair##*:}
   # Without -runs and with files named, libFuzzer runs each file once and stops at the first fault.
   inputs=("$corpus"/*)
-  "build/fuzz/tests/fuzz/$harness" -rss_limit_mb=4096 "${inputs[@]}" 2>&1 | tail -n 1
+  log=$("build/fuzz/tests/fuzz/$harness" -rss_limit_mb=4096 "${inputs[@]}" 2>&1) || { echo "$log" >&2; exit 1; }
+  echo "$harness: $(grep -c '^Executed ' <<<"$log") inputs, no fault"
 done
 echo "fuzz replay: ok"
