@@ -15,6 +15,9 @@ fi
 packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3
           xvfb xauth xdotool x11-utils imagemagick fonts-dejavu-core
           clang libc++-dev libc++abi-dev)
+# libFuzzer for the fuzz preset: the runtime of the clang that stands as clang++.
+clang_major=$(clang++ --version 2>/dev/null | sed -n 's/.*clang version \([0-9]*\).*/\1/p' | head -n1)
+packages+=("libclang-rt-${clang_major:-14}-dev")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -200,13 +200,33 @@ private slots:
         QVERIFY(AppGlobals::iGlobalInteger == 12 && AppGlobals::fGlobalBoolean);
     }
 
-    void osMajorAskedOnce() {
+    void osMajorRemembersOnlyAnAnswer() {
         FakeTools tools;
+        GeneralMethods::ForgetVersionOS_Major();
+        QCOMPARE(GeneralMethods::VersionOS_Major(), 0); // no sw_vers at all
+        tools.setAnswer("sw_vers", "\n");
+        QCOMPARE(GeneralMethods::VersionOS_Major(), 0); // no version in its answer
         for (const char* version : {"14.6.1\n", "15.0\n"}) {
             tools.setAnswer("sw_vers", version);
             QCOMPARE(GeneralMethods::VersionOS_Major(), 14);
         }
-        QCOMPARE(tools.log(), QStringList{"sw_vers\t-productVersion"});
+        QCOMPARE(tools.log(), QStringList(2, "sw_vers\t-productVersion"));
+    }
+
+    void usersTextsShowAsWritten() {
+        PeekingDialogs dialogs; // the text format of every label that shows text
+        dialogs.describe = [](QDialog& d) {
+            QString formats;
+            for (QLabel* label : d.findChildren<QLabel*>())
+                if (!label->text().isEmpty()) formats += QString::number(label->textFormat());
+            return formats;
+        };
+        const QString name = "<b>x</b>";
+        GeneralMethods::MesDlg("The Shortcut, " + name + ", does not exist", "<i>" + name + "</i>", "", false, "");
+        RtrnBoolean::rbOKCancel("Delete " + name + "?", 0, "Palette");
+        dialogs.seen << QString::number(Dialogs::plainMessageBox(name)->textFormat());
+        const QString plain = QString::number(Qt::PlainText);
+        QCOMPARE(dialogs.seen, QStringList({plain + plain, plain, plain}));
     }
 };
 

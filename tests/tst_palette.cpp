@@ -103,6 +103,25 @@ private slots:
         QVERIFY(dialogs->texts().isEmpty());
     }
 
+    void fileThatIsNoPictureLeavesTheRestDrawn() {
+        savePicture(*home, "P00", "07.png", Qt::blue);
+        savePicture(*home, "P00", "12.png", Qt::red);
+        home->writeInProgram("ButtonPictures/P00/10 text.png", "no picture at all");
+        winMain& w = startWith(2, 3, 4);
+        const QStringList shown = dialogs->texts();
+        QCOMPARE(shown.size(), 1);
+        QVERIFY2(shown[0].startsWith("IOException in winMain.RedrawGrid") && shown[0].contains("10 text.png"),
+                 qPrintable(shown[0]));
+        QCOMPARE(w.hasPicture, QList<int>({7, 12}));
+        QCOMPARE(w.cnButs[12]->grab().toImage().pixelColor(32, 32), QColor(Qt::red)); // drawn after the bad one
+        QCOMPARE(w.centralWidget()->size(), QSize(256, 222));
+        QCOMPARE(w.labTip->y(), 192);
+        ZOR::ChangeToPalette(1);
+        ZOR::ChangeToPalette(0);
+        QCOMPARE(dialogs->texts().size(), 1); // once per run
+        QCOMPARE(w.hasPicture, QList<int>({7, 12}));
+    }
+
     // Every pair of kinds: the earlier runs alone. Shortcuts need a system of 12 or later.
     void clickRunsTheFirstKindThatHolds_data() {
         QTest::addColumn<QString>("ASfile");

@@ -3,9 +3,11 @@
 #include "common/ScriptedDialogs.h"
 #include "common/TempHome.h"
 #include "palette_window/winMain.h"
+#include "store/JsonText.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/Clock.h"
+#include "util/ZorError.h"
 
 #include <QDir>
 #include <QFile>
@@ -161,6 +163,8 @@ private slots:
         QTest::newRow("array ends early") << olderFile({}, true).left(5000) + "]";
         QTest::newRow("obligatory key missing") << olderFile({"Tip"}, true);
         QTest::newRow("head only") << QByteArray(R"([{"LastPaletteIndex":0,"CurrentPalette":0}])");
+        QTest::newRow("not UTF-8") << olderFile({}, true).replace("Old title", "Old t\xEFtle");
+        QTest::newRow("more than it tells") << olderFile({}, true).chopped(1) + ",{}]";
     }
     void unreadableDataIsReported() {
         QFETCH(QByteArray, content);
@@ -181,6 +185,205 @@ private slots:
         QCOMPARE(readAll(file), content);
         QCOMPARE(QFileInfo(file).lastModified(), written);
         QVERIFY(emergencyCopies(home).isEmpty());
+    }
+
+    void readerTellsValidFromInvalid_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<bool>("valid");
+        const QByteArray deep = QByteArray(100000, '[') + "1" + QByteArray(100000, ']');
+        QTest::newRow("arrays 100,000 deep") << deep << true;
+        QTest::newRow("objects 100,000 deep") << QByteArray("{\"k\":").repeated(100000) + "1" + QByteArray(100000, '}') << true;
+        QTest::newRow("100,000 open brackets") << QByteArray(100000, '[') << false;
+        QTest::newRow("empty array, then more") << QByteArray(R"({"x":[],"y":{},"z":[[],{}]})") << true;
+        QTest::newRow("all kinds") << QByteArray("[0,-0.5e+3,1E400,true,false,null,\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u0041\"]") << true;
+        QTest::newRow("comma before ]") << QByteArray("[1,]") << false;
+        QTest::newRow("comma before }") << QByteArray(R"({"a":1,})") << false;
+        QTest::newRow("leading zero") << QByteArray("[01]") << false;
+        QTest::newRow("bare minus") << QByteArray("[-]") << false;
+        QTest::newRow("short literal") << QByteArray("[nul]") << false;
+        QTest::newRow("short \\u") << QByteArray(R"(["\u12"])") << false;
+        QTest::newRow("unknown escape") << QByteArray(R"(["\x"])") << false;
+        QTest::newRow("raw tab in a string") << QByteArray("[\"a\tb\"]") << false;
+        QTest::newRow("lone continuation byte") << QByteArray("[\"a\x80\"]") << false;
+        QTest::newRow("overlong slash") << QByteArray("[\"\xC0\xAF\"]") << false;
+        QTest::newRow("encoded surrogate") << QByteArray("[\"\xED\xA0\x80\"]") << false;
+        QTest::newRow("beyond U+10FFFF") << QByteArray("[\"\xF4\x90\x80\x80\"]") << false;
+        QTest::newRow("cut sequence") << QByteArray("[\"\xE2\x90\"]") << false;
+        QTest::newRow("text after the end") << QByteArray("[1] x") << false;
+    }
+    void readerTellsValidFromInvalid() {
+        QFETCH(QByteArray, text);
+        QFETCH(bool, valid);
+        bool accepted = false;
+        try {
+            JsonText::Reader r(std::string_view(text.constData(), size_t(text.size())));
+            r.skipValue();
+            r.expectEnd();
+            accepted = true;
+        } catch (const JSONException&) {
+        }
+        QCOMPARE(accepted, valid);
+    }
+
+    void readerDecodesValues() {
+        const std::pair<const char*, QString> strings[] = {
+            {R"("\u2400")", QString::fromUtf8("␀")},
+            {R"("\u00e9\u00C9")", QString::fromUtf8("éÉ")},
+            {R"("\uD83C\uDFB9 \ud83d\ude00")", QString::fromUtf8("🎹 😀")},
+            {R"("\uDC00|\uD800\u0041|\uD800")", QString::fromUtf8("\xEF\xBF\xBD|\xEF\xBF\xBD" "A|\xEF\xBF\xBD")},
+            {"\"Gr\xC3\xBC\xC3\x9F" "e \xF0\x9F\x8E\xB9\"", QString::fromUtf8("Grüße 🎹")},
+        };
+        for (const auto& [json, expected] : strings) {
+            JsonText::Reader r(json);
+            QCOMPARE(r.readString(), expected);
+        }
+        constexpr qint64 max = std::numeric_limits<qint64>::max(), min = std::numeric_limits<qint64>::min();
+        const std::pair<const char*, qint64> numbers[] = {
+            {"9223372036854775807", max}, {"9223372036854775808", max}, {"1e19", max},  {"1e308", max},
+            {"1e400", max},               {"-1e308", min},              {"-9223372036854775809", min},
+            {"12.9", 12},                 {"-0.5", 0},                  {"0.5e1", 5}, {"123e-2", 1},
+            {"1e-400", 0},                {"0.000e999", 0},             {"-0", 0},
+        };
+        for (const auto& [json, expected] : numbers) {
+            JsonText::Reader r(json);
+            QCOMPARE(r.readInteger(), expected);
+        }
+    }
+
+    void unusualButValidStoresLoad() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        // Another JSON tool's output: free slots in ASCII escapes, empty and deep values under keys we do not know.
+        std::string text = olderFile({}, true).toStdString();
+        const std::string alias = "\"paleAlias\":\"Old\"";
+        text.replace(text.rfind(alias), alias.size(), R"("paleAlias":"\u2400")");
+        text.insert(text.find('{') + 1, R"("x":[],"y":{},"deep":)" + std::string(100000, '[') + std::string(100000, ']') + ",");
+        QVERIFY(ZOR::JSON_ParseData(std::string_view(text)));
+        QCOMPARE(ZOR::DP[1].s_Alias, kNoShortcut);
+        QVERIFY(!ZOR::IsPaletteExistant(1));
+        QVERIFY(dialogs.texts().isEmpty());
+    }
+
+    void fileThatCannotBeOpenedIsKept() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        home.writeInProgram("PreserveState.txt/inside", "mine"); // a folder where the file should be
+        home.writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
+        Program program;
+        program.start();
+        const QStringList shown = dialogs.texts();
+        QCOMPARE(shown.size(), 2);
+        QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
+        QVERIFY(shown[1].contains("could not read its data file"));
+        program.quit();
+        QCOMPARE(readAll(home.programFolder() + "/PreserveState.txt/inside"), QByteArray("mine"));
+        QCOMPARE(emergencyCopies(home), QStringList{"230101_1200PreserveStateBU.txt"});
+    }
+
+    void failedSaveLeavesTheFileAsItWas() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        home.writeInProgram("EmergencyPreserveStateBU", "a file where the folder should be");
+        Program program;
+        program.start();
+        ZOR::paletteContentChange = true;
+        program.quit();
+        QCOMPARE(readAll(file), before);
+        QCOMPARE(QDir(home.programFolder()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList({"EmergencyPreserveStateBU", "PreserveState.txt"}));
+        QVERIFY2(dialogs.texts().last().startsWith("Could not save PreserveState.txt: ") &&
+                     dialogs.texts().last().endsWith(". The file that was there before is unchanged."),
+                 qPrintable(dialogs.texts().join('|')));
+    }
+
+    void quitNeverWritesAStoreWithoutActivePalette() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        Program program;
+        program.start();
+        ZOR::DP.clear();
+        ZOR::idxCP = -1;
+        ZOR::paletteContentChange = true;
+        program.quit();
+        QCOMPARE(readAll(file), before);
+        QVERIFY(emergencyCopies(home).isEmpty());
+    }
+
+    // Each hostile file either loads with a clear meaning (the palette it starts on) or is
+    // reported once and left as it is; none crashes or hangs.
+    void hostileDataFiles_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("startsOn"); // -1: refused
+        QByteArray full;
+        {
+            TempHome home;
+            full = readAll(writeStoreFile(100));
+        }
+        const ordered_json base = ordered_json::parse(olderFile({}, true).toStdString());
+        const auto edited = [&](auto edit) {
+            ordered_json j = base;
+            edit(j);
+            return QByteArray::fromStdString(j.dump());
+        };
+        const auto head = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[0][key] = value; });
+        };
+        const auto button = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[1 + 3][key] = value; });
+        };
+        const auto palette = [&](const char* key, ordered_json value) {
+            return edited([&](ordered_json& j) { j[101][key] = value; });
+        };
+        // clang-format off
+        QTest::newRow("LastPaletteIndex 1e9") << head("LastPaletteIndex", 1000000000) << -1;
+        QTest::newRow("LastPaletteIndex 1e9 as a real") << QByteArray(base.dump().c_str()).replace("\"LastPaletteIndex\":1", "\"LastPaletteIndex\":1e9") << -1;
+        QTest::newRow("LastPaletteIndex -1") << head("LastPaletteIndex", -1) << -1;
+        QTest::newRow("LastPaletteIndex a string") << head("LastPaletteIndex", "1") << -1;
+        QTest::newRow("CurrentPalette outside") << head("CurrentPalette", 7) << 0;
+        QTest::newRow("CurrentPalette on a free slot") << edited([](ordered_json& j) { j[0]["CurrentPalette"] = 0; j[101]["paleAlias"] = "␀"; }) << 1;
+        QTest::newRow("sID xx") << button("sID", "xx") << -1;
+        QTest::newRow("sID 7") << button("sID", "7") << -1;
+        QTest::newRow("sID in Arabic-Indic digits") << button("sID", "٠٧") << -1;
+        QTest::newRow("numRows 0") << palette("numRows", 0) << 0;
+        QTest::newRow("numRows 11") << palette("numRows", 11) << 0;
+        QTest::newRow("numRows -1") << palette("numRows", -1) << 0;
+        QTest::newRow("numColumns beyond any int") << palette("numColumns", 1e300) << 0;
+        QTest::newRow("a tip of 10 MB") << button("Tip", std::string(10'000'000, 'w')) << 0;
+        QTest::newRow("an object for the array") << QByteArray::fromStdString(base[0].dump()) << -1;
+        QTest::newRow("an object for a button") << edited([](ordered_json& j) { j[5] = ordered_json::array(); }) << -1;
+        QTest::newRow("null for a key") << button("Tip", nullptr) << -1;
+        QTest::newRow("a number for a string") << button("Tip", 5) << -1;
+        // clang-format on
+        for (int i = 1; i <= 200; ++i) {
+            const qsizetype at = full.size() * i / 201;
+            QTest::addRow("full store cut at %lld", qlonglong(at)) << full.left(at) << -1;
+        }
+    }
+    void hostileDataFiles() {
+        QFETCH(QByteArray, content);
+        QFETCH(int, startsOn);
+        TempHome home;
+        ScriptedDialogs dialogs;
+        const QString file = home.writeInProgram("PreserveState.txt", content);
+        Program program;
+        program.start();
+        program.window()->grab();
+        const QStringList shown = dialogs.texts();
+        if (startsOn < 0) {
+            QCOMPARE(shown.size(), 2);
+            QVERIFY2(shown[1].contains("PreserveState.txt"), qPrintable(shown[1]));
+        } else {
+            QVERIFY2(shown.isEmpty(), qPrintable(shown.join('|').left(500)));
+            QCOMPARE(ZOR::idxCP, qint64(startsOn));
+        }
+        program.quit();
+        if (startsOn < 0) QVERIFY(readAll(file) == content && emergencyCopies(home).isEmpty());
+        else QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), startsOn);
     }
 
     void firstStartEver() {
@@ -401,6 +604,36 @@ private slots:
         QCOMPARE(copies.size(), after);
         QCOMPARE(copies.last(), QString("260508_2314PreserveStateBU.txt"));
         if (before == 9) QCOMPARE(copies.first(), QString("230112_1200PreserveStateBU.txt"));
+    }
+
+    void trimmingRemovesPlainFilesOnly() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        writeStoreFile(1);
+        home.writeInProgram("EmergencyPreserveStateBU/000 kept by hand/note.txt", "mine");
+        for (int i = 0; i < 9; ++i)
+            home.writeInProgram(QString("EmergencyPreserveStateBU/2301%1_1200PreserveStateBU.txt").arg(i + 10), "old");
+        Program program;
+        program.start();
+        program.quit();
+        QCOMPARE(dialogs.texts(), QStringList{"RemoveFilesFromEmergencyBackup: Could not remove 000 kept by hand"});
+        QCOMPARE(readAll(home.programFolder() + "/EmergencyPreserveStateBU/000 kept by hand/note.txt"), "mine");
+        QCOMPARE(emergencyCopies(home).first(), QString("230111_1200PreserveStateBU.txt")); // the oldest still went
+    }
+
+    void failedDesktopCopyNamesItsCause() {
+        TempHome home;
+        ScriptedDialogs dialogs;
+        Program program;
+        writeStoreFile(1);
+        AppGlobals::appSupportFolder = home.programFolder();
+        QDir(home.desktop()).mkpath("PreserveState.txt/x"); // a folder in the copy's way
+        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
+        QDir(home.desktop()).removeRecursively(); // no Desktop at all
+        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
+        QCOMPARE(dialogs.texts(), QStringList({"An exception of type IOException was caught.",
+                                               "An exception of type NilObjectException was caught."}));
+        QVERIFY(emergencyCopies(home).isEmpty());
     }
 };
 

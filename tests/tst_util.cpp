@@ -120,6 +120,18 @@ private slots:
             QCOMPARE(FileTools::TextToFile("line", fileName, path, mode), home.home() + expected);
             QCOMPARE(readAll(home.home() + expected), "line");
         }
+        // ".." never climbs out of home; a folder that cannot be made stops with the message.
+        const QString outside = QFileInfo(home.home()).path();
+        const QStringList before = QDir(outside).entryList();
+        QCOMPARE(FileTools::TextToFile("x", "up", "../../zor_up", 0), home.home() + "/zor_up/up.txt");
+        QCOMPARE(FileTools::TextToFile("x", "up", home.home() + "/../zor_up", 0), home.home() + outside + "/zor_up/up.txt");
+        QCOMPARE(QDir(outside).entryList(), before);
+        QVERIFY(dialogs.texts().isEmpty());
+        home.write("blocker", "mine");
+        QCOMPARE(FileTools::TextToFile("x", "n", "blocker/sub", 0), QString());
+        QCOMPARE(dialogs.texts().last(), "Somehow unable to create the n.txt file. Method: TextToFile");
+        QCOMPARE(dialogs.beeps(), 1);
+        QCOMPARE(readAll(home.home() + "/blocker"), "mine");
     }
 
     void renameFolder() {
@@ -175,6 +187,9 @@ private slots:
         QCOMPARE(fit("Open the mail", "Open the mail"), "Open the mail");
         QCOMPARE(fit("Open the\nmail  program now", "Open the mail…"), "Open the mail…"); // cut at a word
         QCOMPARE(fit("Supercalifragilistic expialidocious words"), "Supercalifragilistic"); // one word left
+        QCOMPARE(fit("Hello world", "Hello…"), "Hello"); // that word alone, though "Hello…" would fit
+        QCOMPARE(fit("Supercalifragilistic"), "…");
+        QCOMPARE(fit("  \n \r\n \t  "), ""); // white space only, as a hand-edited tip may be
     }
 
     void rawTextFromHTML() {

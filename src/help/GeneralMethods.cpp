@@ -33,6 +33,8 @@ std::unique_ptr<QMessageBox> buildMesDlg(const QString& message, const QString& 
     if (!alternateCaption.isEmpty()) box->addButton(alternateCaption, kAlternateRole);
     if (showCancel) box->addButton(QMessageBox::Cancel);
     box->setDefaultButton(action);
+    // Both texts often carry a user's names: "<b>x</b>" is shown as typed, not in bold.
+    for (QLabel* label : box->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     return box;
 }
 } // namespace
@@ -91,13 +93,12 @@ void GeneralMethods::ForgetVersionOS_Major() { osMajor.reset(); }
 
 int GeneralMethods::VersionOS_Major() {
     return Guard::run(Where::module("GeneralMethods", "VersionOS_Major"), [] {
-        std::optional<int>& major = osMajor;
-        if (!major) {
-            const auto result =
-                PlatformTools::run(QStringLiteral("sw_vers"), {QStringLiteral("-productVersion")});
-            major = result.started && result.exitCode == 0 ? result.out.section('.', 0, 0).toInt() : 0;
-        }
-        return *major;
+        if (osMajor) return *osMajor;
+        const auto result = PlatformTools::run(QStringLiteral("sw_vers"), {QStringLiteral("-productVersion")});
+        const int major = result.started && result.exitCode == 0 ? result.out.trimmed().section('.', 0, 0).toInt() : 0;
+        // Only a real answer is kept: one failed call must not refuse Shortcuts for the whole run.
+        if (major > 0) osMajor = major;
+        return major;
     });
 }
 

@@ -44,6 +44,7 @@ winOKCancel::winOKCancel(QWidget* parent)
     messageFont.setPointSize(13);
     labMessage->setFont(messageFont);
     labMessage->setStyleSheet(QStringLiteral("color: #000000;"));
+    labMessage->setTextFormat(Qt::PlainText); // the message may carry a user's names
     labMessage->setWordWrap(true);
     labMessage->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 

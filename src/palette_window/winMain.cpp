@@ -159,10 +159,22 @@ void winMain::RedrawGrid() {
             const QString digits = name.left(2);
             if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
             const int n = digits.toInt();
-            hasPicture.append(n);
-            cnButs[size_t(n)]->SetBackdrop(pictures.Load(folder + '/' + name));
+            const QString path = folder + '/' + name;
+            try {
+                cnButs[size_t(n)]->SetBackdrop(pictures.Load(path));
+                hasPicture.append(n);
+            } catch (const IOException& error) {
+                // One bad file must not leave the window half drawn: told once per run, its
+                // button shows its number, and the redraw goes on.
+                if (!badPictures.contains(path)) {
+                    badPictures.insert(path);
+                    Guard::report(windowMethod("RedrawGrid"), error);
+                }
+            }
         }
-        const int rows = int(ZOR::numRows), columns = int(ZOR::numColumns);
+        // A hand-edited file may hold any count; the window's size keeps to the grid's.
+        const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
+        const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
         SizeToGrid(columns * kCell, rows * kCell + kBarHeight);
         const int barTop = std::clamp(rows * kCell, 0, gridArea->height() - kBarHeight);
         for (QWidget* w : {static_cast<QWidget*>(labSeeNum), static_cast<QWidget*>(labSeeSC),
@@ -451,9 +463,11 @@ bool winMain::Event_Closing() {
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
         if (!changed || !ZOR::QuitSavePaletteChanges || ZOR::dataFileUnreadable) return false;
+        // Whatever the flags say, a store without an active palette is never written over the file.
+        if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
         ZOR::SavePaletteToDP();
         const QString text = ZOR::JSON_CreateData();
-        if (!FileTools::StringToFileItem(text, ZOR::kDataFileName, AppGlobals::appSupportFolder)) return false;
+        if (!ZOR::WriteDataFile(text)) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

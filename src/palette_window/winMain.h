@@ -3,6 +3,7 @@
 #include "store/PaletteView.h"
 
 #include <QList>
+#include <QSet>
 #include <QMainWindow>
 #include <QPixmap>
 #include <array>
@@ -79,6 +80,7 @@ private:
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
     PictureCache pictures;
+    QSet<QString> badPictures; // files named like pictures that are none, reported once per run
     QWidget* gridArea = nullptr;
     bool closing = false;
 };

@@ -4,6 +4,7 @@
 
 #include <QByteArrayView>
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <limits>
@@ -23,10 +24,46 @@ size_t plainRunEnd(std::string_view text, size_t from) {
     while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
     return from;
 }
+
+// Where the text stops being well-formed UTF-8 (no overlong forms, no surrogates, nothing
+// above U+10FFFF), or its size when it is whole.
+size_t invalidUtf8At(std::string_view text) {
+    const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
+    const size_t n = text.size();
+    size_t i = 0;
+    while (i < n) {
+        const uint8_t c = bytes[i];
+        if (c < 0x80) {
+            ++i;
+            continue;
+        }
+        size_t length = 0;
+        uint8_t low = 0x80, high = 0xBF; // the range of the second byte
+        if (c >= 0xC2 && c <= 0xDF) length = 2;
+        else if (c == 0xE0) length = 3, low = 0xA0;
+        else if (c == 0xED) length = 3, high = 0x9F;
+        else if (c >= 0xE1 && c <= 0xEF) length = 3;
+        else if (c == 0xF0) length = 4, low = 0x90;
+        else if (c == 0xF4) length = 4, high = 0x8F;
+        else if (c >= 0xF1 && c <= 0xF3) length = 4;
+        else return i;
+        if (i + length > n || bytes[i + 1] < low || bytes[i + 1] > high) return i;
+        for (size_t k = 2; k < length; ++k)
+            if ((bytes[i + k] & 0xC0) != 0x80) return i;
+        i += length;
+    }
+    return n;
+}
 } // namespace
 
 Reader::Reader(std::string_view utf8) : text(utf8) {
     if (text.size() >= 3 && text.substr(0, 3) == "\xEF\xBB\xBF") pos = 3; // tolerate a byte-order mark
+    // Altered text would be saved over the file at the quit: refuse it whole instead.
+    const size_t bad = invalidUtf8At(text);
+    if (bad != text.size()) {
+        pos = bad;
+        fail("the text is not UTF-8");
+    }
 }
 
 void Reader::fail(const char* what) const {
@@ -66,6 +103,7 @@ bool Reader::nextElement() {
     const char c = peek();
     if (c == ']') {
         ++pos;
+        firstInContainer = false; // the container that holds this one goes on with a comma
         return false;
     }
     if (!firstInContainer) {
@@ -80,6 +118,7 @@ bool Reader::nextKey(std::string_view& key) {
     char c = peek();
     if (c == '}') {
         ++pos;
+        firstInContainer = false;
         return false;
     }
     if (!firstInContainer) {
@@ -122,6 +161,17 @@ void appendUtf8(std::string& out, char32_t cp) {
 }
 } // namespace
 
+char32_t Reader::readHex4() {
+    if (pos + 4 > text.size()) fail("short \\u escape");
+    char32_t v = 0;
+    for (int i = 0; i < 4; ++i) {
+        const int h = hexValue(text[pos++]);
+        if (h < 0) fail("bad \\u escape");
+        v = v * 16 + char32_t(h);
+    }
+    return v;
+}
+
 void Reader::parseString(std::string& out) {
     out.clear();
     ++pos; // opening quote
@@ -144,26 +194,17 @@ void Reader::parseString(std::string& out) {
         case 'r': out += '\r'; break;
         case 't': out += '\t'; break;
         case 'u': {
-            auto readHex = [this]() -> char32_t {
-                if (pos + 4 > text.size()) fail("short \\u escape");
-                char32_t v = 0;
-                for (int i = 0; i < 4; ++i) {
-                    const int h = hexValue(text[pos++]);
-                    if (h < 0) fail("bad \\u escape");
-                    v = v * 16 + char32_t(h);
-                }
-                return v;
-            };
-            char32_t cp = readHex();
-            if (cp >= 0xD800 && cp <= 0xDBFF) {
-                if (pos + 2 > text.size() || text[pos] != '\\' || text[pos + 1] != 'u') fail("lone surrogate");
+            char32_t cp = readHex4();
+            // A pair makes one character. A lone half is valid JSON but no character: it reads
+            // as the replacement character, as UTF-8 cannot hold it.
+            if (cp >= 0xD800 && cp <= 0xDBFF && text.substr(pos, 2) == "\\u") {
+                const size_t back = pos;
                 pos += 2;
-                const char32_t low = readHex();
-                if (low < 0xDC00 || low > 0xDFFF) fail("bad surrogate pair");
-                cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
-            } else if (cp >= 0xDC00 && cp <= 0xDFFF) {
-                fail("lone surrogate");
+                const char32_t low = readHex4();
+                if (low >= 0xDC00 && low <= 0xDFFF) cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
+                else pos = back;
             }
+            if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
             appendUtf8(out, cp);
             break;
         }
@@ -205,12 +246,15 @@ QString Reader::readString() {
 
 void Reader::skipNumber() {
     if (pos < text.size() && text[pos] == '-') ++pos;
+    const size_t start = pos;
     auto digits = [this] {
         const size_t from = pos;
         while (pos < text.size() && text[pos] >= '0' && text[pos] <= '9') ++pos;
         return pos > from;
     };
+    const bool leadingZero = pos < text.size() && text[pos] == '0';
     if (!digits()) fail("expected a value");
+    if (leadingZero && pos - start > 1) fail("bad number");
     if (pos < text.size() && text[pos] == '.') {
         ++pos;
         if (!digits()) fail("bad number");
@@ -222,6 +266,32 @@ void Reader::skipNumber() {
     }
 }
 
+namespace {
+// The power of ten just above a number's size: 1 for 0.5, 3 for 123, 309 for 1e308. A valid
+// JSON number's digits alone tell it, however far beyond any binary range it lies.
+qint64 decimalMagnitude(std::string_view number) {
+    if (!number.empty() && number[0] == '-') number.remove_prefix(1);
+    const size_t e = number.find_first_of("eE");
+    qint64 exponent = 0;
+    if (e != std::string_view::npos) {
+        std::string_view digits = number.substr(e + 1);
+        const bool negative = !digits.empty() && digits[0] == '-';
+        if (!digits.empty() && (digits[0] == '-' || digits[0] == '+')) digits.remove_prefix(1);
+        for (char d : digits) exponent = std::min<qint64>(exponent * 10 + (d - '0'), 1'000'000'000);
+        if (negative) exponent = -exponent;
+        number = number.substr(0, e);
+    }
+    const size_t dot = number.find('.');
+    const std::string_view whole = number.substr(0, dot);
+    const std::string_view fraction = dot == std::string_view::npos ? std::string_view() : number.substr(dot + 1);
+    const size_t firstWhole = whole.find_first_not_of('0');
+    if (firstWhole != std::string_view::npos) return qint64(whole.size() - firstWhole) + exponent;
+    const size_t firstFraction = fraction.find_first_not_of('0');
+    if (firstFraction == std::string_view::npos) return std::numeric_limits<qint64>::min(); // zero
+    return -qint64(firstFraction) + exponent;
+}
+} // namespace
+
 qint64 Reader::readInteger() {
     const char c = peek();
     if (c != '-' && (c < '0' || c > '9')) fail("expected a number");
@@ -231,11 +301,15 @@ qint64 Reader::readInteger() {
     qint64 value = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc() && end == number.data() + number.size()) return value;
+    // Fractions are cut; beyond the integer range a number keeps to its end of that range.
+    const qint64 magnitude = decimalMagnitude(number);
+    if (magnitude <= 0) return 0;
+    const bool negative = number[0] == '-';
+    if (magnitude > 19) return negative ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
     // Not std::from_chars: the Mac's standard library has no floating-point form of it.
     bool ok = false;
     const double real = QByteArrayView(number.data(), qsizetype(number.size())).toDouble(&ok);
     if (!ok) fail("number out of range");
-    // Beyond the integer range a whole number keeps to its end of that range.
     constexpr double kTwoTo63 = 9223372036854775808.0;
     if (real >= kTwoTo63) return std::numeric_limits<qint64>::max();
     if (real < -kTwoTo63) return std::numeric_limits<qint64>::min();
@@ -255,23 +329,38 @@ bool Reader::readBool() {
     fail("expected true or false");
 }
 
-void Reader::skipValue() {
+void Reader::skipScalar() {
     const char c = peek();
     if (c == '"') {
         parseString(scratch);
-    } else if (c == '{') {
-        beginObject();
-        std::string_view key;
-        while (nextKey(key)) skipValue();
-    } else if (c == '[') {
-        beginArray();
-        while (nextElement()) skipValue();
     } else if (c == 't' || c == 'f') {
         readBool();
     } else if (text.substr(pos, 4) == "null") {
         pos += 4;
     } else {
         skipNumber();
+    }
+}
+
+void Reader::skipValue() {
+    // Without recursion: a value nested a million deep must not end the program.
+    std::string closers; // of the containers still open, innermost last
+    for (;;) {
+        const char c = peek();
+        if (c == '{' || c == '[') {
+            ++pos;
+            closers += c == '{' ? '}' : ']';
+            firstInContainer = true;
+        } else {
+            skipScalar();
+        }
+        for (;;) {
+            if (closers.empty()) return;
+            std::string_view key;
+            const bool more = closers.back() == '}' ? nextKey(key) : nextElement();
+            if (more) break;
+            closers.pop_back();
+        }
     }
 }
 

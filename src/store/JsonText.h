@@ -31,9 +31,11 @@ private:
     char peek();
     void skipSpace();
     void expect(char c);
+    char32_t readHex4();
     void parseString(std::string& out);
     std::string_view stringView(); // the string's bytes, unescaped only where it must be
     void skipNumber();
+    void skipScalar();
 
     std::string_view text;
     size_t pos = 0;

@@ -80,6 +80,7 @@ QString JSON_CreateData();
 bool JSON_ParseData(const QString& text); // false when the text could not be read
 bool JSON_ParseData(std::string_view utf8);
 QString DataFilePath();
+bool WriteDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
 
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);

@@ -5,6 +5,7 @@
 #include "util/Guard.h"
 #include "util/RtrnDateString.h"
 #include "util/StdFolders.h"
+#include "util/ZorError.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,8 +34,13 @@ bool ZOR::PreserveStateBackUp(bool keepActive, bool toDesktop) {
         if (toDesktop) {
             const QString desktop = StdFolders::desktop();
             const QString plain = desktop + "/PreserveState.txt";
-            if ((QFile::exists(plain) && !QFile::remove(plain)) || !QFile::copy(source, plain)) {
-                Dialogs::message("An exception of type IOException was caught.");
+            try {
+                if (!QFileInfo(desktop).isDir()) throw NilObjectException("There is no Desktop folder.");
+                if (QFile::exists(plain) && !QFile::remove(plain))
+                    throw IOException("The PreserveState.txt on the Desktop could not be removed.");
+                if (!QFile::copy(source, plain)) throw IOException("PreserveState.txt could not be copied to the Desktop.");
+            } catch (const std::exception& error) {
+                Dialogs::message("An exception of type " + RuntimeExceptionExtension::Type(error) + " was caught.");
                 return false;
             }
             if (!QFile::rename(plain, desktop + '/' + stamped)) return false;
@@ -53,8 +59,10 @@ void ZOR::RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold) {
             folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         if (names.size() < threshold) return;
         for (qsizetype i = 0; i < std::min<qsizetype>(removeCount, names.size()); ++i) {
+            // Only plain files go: a folder someone put here is not a backup of ours to delete.
             const QString path = folder.filePath(names[i]);
-            const bool removed = QFileInfo(path).isDir() ? QDir(path).removeRecursively() : QFile::remove(path);
+            const QFileInfo item(path);
+            const bool removed = (item.isFile() || item.isSymLink()) && !item.isDir() && QFile::remove(path);
             if (!removed) Dialogs::message("RemoveFilesFromEmergencyBackup: Could not remove " + names[i]);
         }
     });

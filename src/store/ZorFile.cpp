@@ -12,6 +12,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
@@ -93,7 +98,8 @@ void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbs
     }
     // A button of an older file that fired nothing else was a macro button.
     if (!(seen & kKM_Active)) b.KM_Active = b.SCname.isEmpty() && b.PaletteGo.isEmpty() && b.ASfile.isEmpty();
-    if (b.sID.size() != 2 || !b.sID[0].isDigit() || !b.sID[1].isDigit())
+    auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; }; // other scripts' digits are no button number
+    if (b.sID.size() != 2 || !isDigit(b.sID[0]) || !isDigit(b.sID[1]))
         throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(b.sID));
     b.Row = b.sID[0].digitValue();
     b.Col = b.sID[1].digitValue();
@@ -126,6 +132,27 @@ void nextElementOrFail(JsonText::Reader& r) {
 } // namespace
 
 QString ZOR::DataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
+
+bool ZOR::WriteDataFile(const QString& text) {
+    return Guard::run(where("WriteDataFile"), [&] {
+        // Written whole beside the backups, then renamed over the file in one step: a crash or a
+        // kill at any instant leaves the old file or the new one, and nothing new beside them.
+        const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
+        const QString scratch = emergency + "/.PreserveState.saving";
+        const QByteArray bytes = text.toUtf8();
+        QFile out(scratch);
+        bool ok = QDir().mkpath(emergency) && out.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        ok = ok && out.write(bytes) == bytes.size() && out.flush() && ::fsync(out.handle()) == 0;
+        const QString why = ok ? QString() : out.errorString();
+        out.close();
+        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(DataFilePath()).constData()) == 0)
+            return true;
+        QFile::remove(scratch);
+        Dialogs::message("Could not save PreserveState.txt: " + (why.isEmpty() ? QString::fromLocal8Bit(strerror(errno)) : why) +
+                         ". The file that was there before is unchanged.");
+        return false;
+    });
+}
 
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
@@ -180,7 +207,7 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
         }
         if (!haveLast) missingKey("LastPaletteIndex");
         if (!haveCurrent) missingKey("CurrentPalette");
-        if (lastPaletteIndex < 0 || lastPaletteIndex > 10000)
+        if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
             throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
         while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
         for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
@@ -196,8 +223,18 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
             nextElementOrFail(r);
             readPalette(r, DP[size_t(p)], key, p == 0);
         }
-        // A current palette outside the store is no reason to lose the palettes: start on the first.
-        idxCP = currentPalette >= 0 && currentPalette <= lastPaletteIndex ? currentPalette : 0;
+        // Elements beyond the last palette would be lost at the next save: such a file is not ours.
+        if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
+        r.expectEnd();
+        // A current palette outside the store or on a free slot is no reason to lose the
+        // palettes: start on the first one in use.
+        const auto inUse = [](qint64 p) { return DP[size_t(p)].s_Alias != kNoShortcut; };
+        idxCP = currentPalette;
+        if (currentPalette < 0 || currentPalette > lastPaletteIndex || !inUse(currentPalette)) {
+            idxCP = 0;
+            for (qint64 p = lastPaletteIndex; p >= 0; --p)
+                if (inUse(p)) idxCP = p;
+        }
         return true;
     });
 }
@@ -216,6 +253,20 @@ void startBesideUnreadableFile() {
         "press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, for "
         "instance one from the folder EmergencyPreserveStateBU.");
 }
+
+// Every way the file can fail, from opening to the last palette, reports once and gives false.
+bool readDataFile(const QFileInfo& file) {
+    const bool read = Guard::run(where("GetZOR_DataFromDisk"), [&] {
+        QFile in(file.filePath());
+        if (!file.isFile() || !in.open(QIODevice::ReadOnly))
+            throw IOException("PreserveState.txt could not be opened: " + in.errorString());
+        const QByteArray bytes = in.readAll();
+        if (in.error() != QFileDevice::NoError || bytes.size() != file.size())
+            throw IOException("PreserveState.txt could not be read whole: " + in.errorString());
+        return ZOR::JSON_ParseData(std::string_view(bytes.constData(), size_t(bytes.size())));
+    });
+    return read && !ZOR::DP.empty() && ZOR::idxCP >= 0 && ZOR::idxCP < qint64(ZOR::DP.size());
+}
 } // namespace
 
 void ZOR::GetZOR_DataFromDisk() {
@@ -227,11 +278,8 @@ void ZOR::GetZOR_DataFromDisk() {
             CreateFirstPalette();
             return;
         }
-        if (file.size() > 0) {
-            QFile in(file.filePath());
-            if (!in.open(QIODevice::ReadOnly)) throw IOException("PreserveState.txt could not be opened: " + in.errorString());
-            const QByteArray bytes = in.readAll();
-            if (!JSON_ParseData(std::string_view(bytes.constData(), size_t(bytes.size())))) startBesideUnreadableFile();
+        if (file.size() > 0 || !file.isFile()) {
+            if (!readDataFile(file)) startBesideUnreadableFile();
             return;
         }
         if (QFile::remove(file.filePath())) {

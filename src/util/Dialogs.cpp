@@ -17,8 +17,13 @@ void Dialogs::message(const QString& text) {
         current->answer({Kind::Message, {}, text, {}, nullptr});
         return;
     }
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("ZOR_Palette"), text, QMessageBox::Ok);
-    box.exec();
+    plainMessageBox(text)->exec();
+}
+
+std::unique_ptr<QMessageBox> Dialogs::plainMessageBox(const QString& text) {
+    auto box = std::make_unique<QMessageBox>(QMessageBox::NoIcon, QStringLiteral("ZOR_Palette"), text, QMessageBox::Ok);
+    box->setTextFormat(Qt::PlainText);
+    return box;
 }
 
 void Dialogs::beep() {

@@ -2,7 +2,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 class QDialog;
+class QMessageBox;
 
 // The one door through which the program talks to the user modally: message boxes, the beep,
 // its own modal windows and the open-file dialog. By default each shows the real thing. A test
@@ -47,6 +50,8 @@ void installScript(Script* script); // nullptr brings back the real dialogs
 Script* installedScript();
 
 void message(const QString& text); // the plain message box
+// That box, built: its text is shown as written, never as HTML, for it often carries a user's names.
+std::unique_ptr<QMessageBox> plainMessageBox(const QString& text);
 void beep();
 // Runs a built modal window, or hands it to the script. Returns the script's answer, or the
 // window's result code in `button` and `accepted` for QDialog::Accepted.

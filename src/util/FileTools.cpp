@@ -178,15 +178,19 @@ QString FileTools::TextToFile(const QString& text, const QString& fileName, cons
         if (folder.compare("Desktop", Qt::CaseInsensitive) == 0) folder = StdFolders::desktop();
         if (folder.compare("Documents", Qt::CaseInsensitive) == 0) folder = StdFolders::documents();
 
-        folder = PathFolderEndSlash(folder);
-        CreateAllFoldersInPath(folder);
-        folder = QDir::cleanPath(underHome(folder));
+        // Cleaned as if from the root before the test for home, so that ".." cannot climb out of it.
+        folder = QDir::cleanPath(folder.startsWith('/') ? folder : '/' + folder);
+        while (folder == "/.." || folder.startsWith("/../")) folder = folder.mid(3); // no parent above the root
+        if (folder.isEmpty()) folder = "/";
+        folder = PathFolderEndSlash(underHome(folder));
+        const bool made = isUnder(QDir::cleanPath(folder), StdFolders::home()) && CreateAllFoldersInPath(folder);
+        folder = QDir::cleanPath(folder);
 
         QString name = prefix + baseName;
         if (!rbHasExtension(name)) name += ".txt";
         name = RtrnString::rsCorrectFileName(name, 50);
 
-        if (!QFileInfo(folder).isDir() || !isChildName(name)) {
+        if (!made || !QFileInfo(folder).isDir() || !isChildName(name)) {
             Dialogs::beep();
             Dialogs::message("Somehow unable to create the " + name + " file. Method: TextToFile");
             return {};

@@ -110,13 +110,15 @@ QString StringUtils::RemoveWordToFit(const QString& text, const QString& font, d
         flat.replace("  ", " ").replace("  ", " ");
         QStringList words = flat.trimmed().split(' ', Qt::SkipEmptyParts);
 
-        // At least one word always goes: a single long word leaves only the ellipsis.
-        QString joined;
-        do {
+        if (words.isEmpty()) return QString(); // white space only: nothing to show
+        // At least one word always goes. Down to one word, that word alone stands; a single long
+        // word leaves only the ellipsis.
+        while (words.size() > 1) {
             words.removeLast();
-            joined = words.join(' ') + QChar(0x2026);
+            if (words.size() == 1) return words.first();
+            const QString joined = words.join(' ') + QChar(0x2026);
             if (metrics.horizontalAdvance(joined) < maxWidth) return joined;
-        } while (words.size() > 1);
-        return words.size() == 1 ? words.first() : joined;
+        }
+        return QString(QChar(0x2026));
     });
 }
