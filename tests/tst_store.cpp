@@ -345,7 +345,7 @@ private slots:
         QTest::newRow("LastPaletteIndex -1") << head("LastPaletteIndex", -1) << -1;
         QTest::newRow("LastPaletteIndex a string") << head("LastPaletteIndex", "1") << -1;
         QTest::newRow("CurrentPalette outside") << head("CurrentPalette", 7) << 0;
-        QTest::newRow("CurrentPalette on a free slot") << edited([](ordered_json& j) { j[0]["CurrentPalette"] = 0; j[101]["paleAlias"] = "␀"; }) << 1;
+        QTest::newRow("CurrentPalette on a free slot") << edited([](ordered_json& j) { j[0]["CurrentPalette"] = 1; j[202]["paleAlias"] = "␀"; }) << 0;
         QTest::newRow("sID xx") << button("sID", "xx") << -1;
         QTest::newRow("sID 7") << button("sID", "7") << -1;
         QTest::newRow("sID in Arabic-Indic digits") << button("sID", "٠٧") << -1;

@@ -227,14 +227,10 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
         if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
         r.expectEnd();
         // A current palette outside the store or on a free slot is no reason to lose the
-        // palettes: start on the first one in use.
-        const auto inUse = [](qint64 p) { return DP[size_t(p)].s_Alias != kNoShortcut; };
-        idxCP = currentPalette;
-        if (currentPalette < 0 || currentPalette > lastPaletteIndex || !inUse(currentPalette)) {
-            idxCP = 0;
-            for (qint64 p = lastPaletteIndex; p >= 0; --p)
-                if (inUse(p)) idxCP = p;
-        }
+        // palettes: start on P00, the palette the program always falls back to.
+        const bool usable = currentPalette >= 0 && currentPalette <= lastPaletteIndex &&
+                            DP[size_t(currentPalette)].s_Alias != kNoShortcut;
+        idxCP = usable ? currentPalette : 0;
         return true;
     });
 }
