@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QPainter>
-#include <QPushButton>
 #include <QTreeWidget>
 
 QTreeWidget* AssetControls::ListBox(QWidget* parent, const char* name, const QStringList& headers,
@@ -29,17 +28,6 @@ QLabel* AssetControls::Label(QWidget* parent, const char* name, const QString& t
     label->setGeometry(geometry);
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-QPushButton* AssetControls::RoundHelpButton(QWidget* parent, const char* name, const QRect& geometry) {
-    auto* button = new QPushButton(QStringLiteral("?"), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setGeometry(geometry);
-    const int radius = geometry.height() / 2;
-    button->setStyleSheet(QStringLiteral("QPushButton { border: 1px solid #9a9a9a; border-radius: %1px; "
-                                         "background: #f4f4f4; font-weight: bold; }")
-                              .arg(radius));
-    return button;
 }
 
 void AssetControls::TagPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,

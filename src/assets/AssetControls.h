@@ -4,7 +4,6 @@
 #include <QPixmap>
 #include <QStyledItemDelegate>
 
-class QPushButton;
 class QTreeWidget;
 
 // Small controls that both asset windows build the same way.
@@ -13,7 +12,6 @@ namespace AssetControls {
 // A list box of one or more columns; headers empty means no header.
 QTreeWidget* ListBox(QWidget* parent, const char* name, const QStringList& headers, const QRect& geometry);
 QLabel* Label(QWidget* parent, const char* name, const QString& text, const QRect& geometry);
-QPushButton* RoundHelpButton(QWidget* parent, const char* name, const QRect& geometry);
 
 // Fills a cell whose tag (the string under Qt::UserRole) is the colour's word with that colour;
 // the painting looks at nothing else.

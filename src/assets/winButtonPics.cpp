@@ -2,6 +2,7 @@
 
 #include "assets/AssetControls.h"
 #include "help/Help.h"
+#include "help/HelpButton.h"
 #include "help/HelpLabels.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
@@ -125,7 +126,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     pbCancelAdd->setGeometry(462, 192, 80, 28);
     pbCancelAdd->setEnabled(false);
 
-    pbHelpButGraphics = RoundHelpButton(this, "pbHelpButGraphics", {372, 254, 26, 26});
+    pbHelpButGraphics = HelpButton::Round(this, "pbHelpButGraphics", {372, 254, 26, 26});
     pbDone = new QPushButton("Done", this);
     pbDone->setObjectName("pbDone");
     pbDone->setGeometry(462, 252, 80, 30);

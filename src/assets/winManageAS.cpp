@@ -2,6 +2,7 @@
 
 #include "assets/AssetControls.h"
 #include "help/Help.h"
+#include "help/HelpButton.h"
 #include "help/HelpLabels.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
@@ -113,7 +114,7 @@ winManageAS::winManageAS(QWidget* parent)
         "Files found in the AppleScript Folder that do not appear to be AppleScripts. They will "
         "be moved to AppleScriptWorkshop");
 
-    pbHelpManageAS = RoundHelpButton(this, "pbHelpManageAS", {846, 580, 26, 26});
+    pbHelpManageAS = HelpButton::Round(this, "pbHelpManageAS", {846, 580, 26, 26});
     pbDone = button(this, "pbDone", "Done", {888, 578, 100, 30});
     pbDone->setDefault(true);
 

@@ -6,6 +6,7 @@
 #include "design/ccGC.h"
 #include "help/GeneralMethods.h"
 #include "help/Help.h"
+#include "help/HelpButton.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
@@ -42,11 +43,7 @@ winConstruct::~winConstruct() {
 }
 
 void winConstruct::BuildFrame() {
-    pbHelpGridCon = make<QPushButton>(this, "pbHelpGridCon", QRect(1060, 12, 24, 24), "?");
-    pbHelpGridCon->setStyleSheet(
-        "QPushButton { border: 1px solid #B5B5B5; border-radius: 12px; background: #FFFFFF;"
-        " font-weight: bold; color: #3A3A3A; } QPushButton:pressed { background: #DDDDDD; }");
-    pbHelpGridCon->setFocusPolicy(Qt::NoFocus);
+    pbHelpGridCon = HelpButton::Round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
     connect(pbHelpGridCon, &QPushButton::clicked, this, &winConstruct::pbHelpGridCon_Pressed);
     pbDone = make<QPushButton>(this, "pbDone", QRect(985, 728, 95, 30), "Done");
     connect(pbDone, &QPushButton::clicked, this, &winConstruct::pbDone_Pressed);

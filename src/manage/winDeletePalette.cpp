@@ -2,7 +2,7 @@
 
 #include "help/GeneralMethods.h"
 #include "help/WindowFit.h"
-#include "manage/HelpButton.h"
+#include "help/HelpButton.h"
 #include "manage/ccPalettePreview.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"

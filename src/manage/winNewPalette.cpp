@@ -2,7 +2,7 @@
 
 #include "help/WindowFit.h"
 #include "manage/AliasRules.h"
-#include "manage/HelpButton.h"
+#include "help/HelpButton.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"

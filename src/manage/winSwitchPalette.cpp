@@ -1,6 +1,6 @@
 #include "manage/winSwitchPalette.h"
 
-#include "manage/HelpButton.h"
+#include "help/HelpButton.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
 #include "util/Fonts.h"
