@@ -120,9 +120,7 @@ private slots:
 
     // Every pair of kinds: the earlier runs alone. Shortcuts need a system of 12 or later.
     void clickRunsTheFirstKindThatHolds_data() {
-        QTest::addColumn<QString>("ASfile");
-        QTest::addColumn<QString>("SCname");
-        QTest::addColumn<QString>("PaletteGo");
+        QTest::addColumn<QStringList>("kinds"); // ASfile, SCname, PaletteGo
         QTest::addColumn<QString>("engine");
         QTest::addColumn<QString>("system");
         QTest::addColumn<QStringList>("expected"); // empty and no message: the palette switched
@@ -132,7 +130,7 @@ private slots:
         const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
         const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QString engine,
                             QStringList expected, QString message = {}, QString system = "12.0") {
-            QTest::newRow(name) << ASfile << SCname << PaletteGo << engine << system << expected << message;
+            QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << engine << system << expected << message;
         };
         row("Keyboard Maestro", "", "", "", kEngine, km);
         row("only the editor's engine runs", "", "", "", kEditorEngine, km);
@@ -147,9 +145,7 @@ private slots:
             "You need a more recent operating system to deal with Shortcuts", "11.7");
     }
     void clickRunsTheFirstKindThatHolds() {
-        QFETCH(QString, ASfile);
-        QFETCH(QString, SCname);
-        QFETCH(QString, PaletteGo);
+        QFETCH(QStringList, kinds);
         QFETCH(QString, engine);
         QFETCH(QString, system);
         QFETCH(QStringList, expected);
@@ -159,7 +155,7 @@ private slots:
         if (!engine.isEmpty()) tools->setAnswer(engine, "true");
         startWith(2);
         Btn& b = button(7);
-        b.ASfile = ASfile, b.SCname = SCname, b.PaletteGo = PaletteGo, b.KM_Active = true;
+        b.ASfile = kinds[0], b.SCname = kinds[1], b.PaletteGo = kinds[2], b.KM_Active = true;
         click(7);
         QTRY_COMPARE(launches(*tools), expected);
         QCOMPARE(dialogs->texts(), message.isEmpty() ? QStringList() : QStringList{message});
