@@ -6,7 +6,6 @@
 #include "design/ccGC.h"
 #include "store/ZOR.h"
 
-#include <QImage>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
@@ -105,18 +104,13 @@ private slots:
         QTest::addColumn<QColor>("frame");
         QTest::addColumn<QColor>("kind"); // a colour the upper left mark is drawn in
         QTest::addColumn<bool>("tipMark");
-        QTest::newRow("used, no action shows KM")
-            << 0 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0xCFCFCF) << false;
-        QTest::newRow("used, hidden button")
-            << 1 << QColor(0xCDFFF2) << QColor(0x7F7F7F) << QColor(0xFF0000) << true;
-        QTest::newRow("used, shortcut")
-            << 2 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x008080) << true;
-        QTest::newRow("used, palette switch")
-            << 10 << QColor(0xFFFFFF) << QColor(0x7F7F7F) << QColor(0x8000FF) << true;
-        QTest::newRow("outside the used columns")
-            << 4 << QColor(0xFFFFFF) << QColor(0xCFCFCF) << QColor(0xE6E6E6) << false;
-        QTest::newRow("selected, also when hidden")
-            << 11 << QColor(0x6666FF) << QColor(0xCCCCCC) << QColor() << false;
+        using C = QColor;
+        QTest::newRow("used, no action shows KM") << 0 << C(0xFFFFFF) << C(0x7F7F7F) << C(0xCFCFCF) << false;
+        QTest::newRow("used, hidden button") << 1 << C(0xCDFFF2) << C(0x7F7F7F) << C(0xFF0000) << true;
+        QTest::newRow("used, shortcut") << 2 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x008080) << true;
+        QTest::newRow("used, palette switch") << 10 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x8000FF) << true;
+        QTest::newRow("outside the used columns") << 4 << C(0xFFFFFF) << C(0xCFCFCF) << C(0xE6E6E6) << false;
+        QTest::newRow("selected, also when hidden") << 11 << C(0x6666FF) << C(0xCCCCCC) << C() << false;
     }
     void cellLooks() {
         QFETCH(int, index);
