@@ -274,9 +274,8 @@ private slots:
         QCOMPARE(w->labSelect->text(), QString("01 one.png"));
         w->pbToDesktop_Pressed();
         QVERIFY(QFileInfo::exists(removed() + "/P00/01 one.png"));
-        QCOMPARE(rows(w->lbButPic), QStringList({"02 two.png"}));
-        QCOMPARE(rows(w->lbRemoved), QStringList({"01 one.png"}));
-        QCOMPARE(rows(w->lbAllButton, 3), QStringList({"P00|02|02 two.png"}));
+        QCOMPARE(rows(w->lbButPic) + rows(w->lbRemoved) + rows(w->lbAllButton, 3),
+                 QStringList({"02 two.png", "01 one.png", "P00|02|02 two.png"}));
         QVERIFY(!w->pbToDesktop->isEnabled() && w->cnShow->backdrop().isNull());
         w->pbDone_Pressed();
         QVERIFY(!main.hasPicture.contains(1) && main.hasPicture.contains(2));
@@ -287,11 +286,10 @@ private slots:
         winMain& main = startWith(1);
         put("P00/7.png", picture(64, 64));
         main.mainMenuBar->miButPic->trigger();
-        QCOMPARE(dialogs->requests.size(), 2);
-        QCOMPARE(dialogs->requests[0].text,
-                 "The file name is supposed to start with two digits. File: 7.png" + kMoved);
-        QCOMPARE(dialogs->requests[1].kind, Dialogs::Kind::Window);
-        QCOMPARE(dialogs->requests[1].title, "Button Pictures: " + ZOR::paleWinTitle);
+        QVERIFY(dialogs->requests.size() == 2 && dialogs->requests[1].kind == Dialogs::Kind::Window);
+        QCOMPARE(dialogs->requests[0].text + '|' + dialogs->requests[1].title, // the audit runs first
+                 "The file name is supposed to start with two digits. File: 7.png" + kMoved + "|Button Pictures: " +
+                     ZOR::paleWinTitle);
         auto w = open();
         w->pbHelpButGraphics_Pressed({});
         for (QLabel* label : {static_cast<QLabel*>(w->labRSelectPic), static_cast<QLabel*>(w->labAllButton),
