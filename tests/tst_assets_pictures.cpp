@@ -98,21 +98,14 @@ private slots:
         startWith(3);
         const QString longName = "16" + QString(249, 'a') + ".png"; // 255 bytes, the longest a name can be
         const QString unicodeName = QString::fromUtf8("15 B\xC3\xA4r \xF0\x9F\x98\x80 caf\xC3\xA9.png");
-        put("P00/01 good.png", picture(64, 64));
-        put("P00/02 edge.png", picture(51, 69, "JPG"));
-        put("P00/03 narrow.png", picture(50, 64));
-        put("P00/04 tall.png", picture(64, 70));
-        put("P00/07.png", "just some text");
-        put("P00/08.PNG", picture(64, 64));
-        put("P00/09.gif", picture(64, 64));
-        put("P00/10.old.png", picture(64, 64));
-        put("P00/11a.png", picture(60, 60));
-        put("P00/11b.png", picture(61, 61));
-        put("P00/12 huge.png", pngHuge());
-        put("P00/13 empty.png", {});
-        put("P00/" + unicodeName, picture(70, 70));
-        put("P00/" + longName, "not a picture");
-        put("P00/7.png", picture(64, 64));
+        const QByteArray ok = picture(64, 64);
+        for (const auto& [name, bytes] : QList<std::pair<QString, QByteArray>>{
+                 {"01 good.png", ok},          {"02 edge.png", picture(51, 69, "JPG")}, {"03 narrow.png", picture(50, 64)},
+                 {"04 tall.png", picture(64, 70)}, {"07.png", "just some text"},      {"08.PNG", ok},
+                 {"09.gif", ok},               {"10.old.png", ok},                      {"11a.png", picture(60, 60)},
+                 {"11b.png", picture(61, 61)}, {"12 huge.png", pngHuge()},              {"13 empty.png", {}},
+                 {unicodeName, picture(70, 70)}, {longName, "not a picture"},           {"7.png", ok}})
+            put("P00/" + name, bytes);
         put("P00/.hidden", "kept");
         put("P00/Sub/05.png", "a folder inside is left alone");
         const QString outside = home->write("elsewhere/pic.png", picture(64, 64));
