@@ -9,14 +9,14 @@
 #include "tst_assets_snapshot.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
 
 namespace {
 const QString kCountMessage = " file(s) with the incorrect extension removed from the AppleScript Folder and "
-                              "placed in AppleScriptWorkshop "
-                              "on Desktop.";
+                              "placed in AppleScriptWorkshop on Desktop.";
 const QString kNotSelectable = "That file does not have the proper extension (.scpt) so not selectable.";
 
 // Each row's text in `column` and its tag, as "text:tag".
@@ -28,12 +28,7 @@ QStringList cells(const QTreeWidget* list, int column) {
     return out;
 }
 
-QStringList texts(const QTreeWidget* list) {
-    QStringList out;
-    for (int r = 0; r < list->topLevelItemCount(); ++r)
-        out << list->topLevelItem(r)->text(0);
-    return out;
-}
+QStringList texts(const QTreeWidget* list) { return cells(list, 0).replaceInStrings(QRegularExpression(":.*$"), ""); }
 
 void link(int palette, int button, const QString& script) {
     (*ZOR::DP[size_t(palette)].a_Btn)[size_t(button)]->ASfile = script;
@@ -71,9 +66,7 @@ private slots:
         link(1, 9, "good");
         link(2, 7, "missing");
         const HomeSnapshot before(home->home());
-
         auto w = open();
-
         QCOMPARE(dialogs->texts(), QStringList({"2" + kCountMessage}));
         QCOMPARE(texts(w->lbRemoved), QStringList({"a.b.scpt", "readme.txt"}));
         QCOMPARE(cells(w->lbAppleScript, 0), QStringList({"good.scpt:", "orphan.scpt:TANGERINE"}));
@@ -82,8 +75,7 @@ private slots:
         QCOMPARE(cells(w->lbActiveAppleScripts, 0).join(' ') + ' ' +
                      cells(w->lbActiveAppleScripts, 2).join(' '),
                  QString("P00: P00: P01: P02: 03: 05: 09: 07:"));
-        QCOMPARE(texts(w->lbWorkshop),
-                 QStringList({"readme.txt"})); // the moved ones show at the next refresh
+        QCOMPARE(texts(w->lbWorkshop), QStringList({"readme.txt"})); // the moved ones show at the next refresh
         QCOMPARE(QDir(workshop()).entryList(QDir::Files, QDir::Name),
                  QStringList({"1_readme.txt", "a.b.scpt", "readme.txt"}));
         QCOMPARE(HomeSnapshot::lost(before, HomeSnapshot(home->home())), QStringList());
@@ -93,17 +85,6 @@ private slots:
         const QRect cell = w->lbAppleScript->visualItemRect(w->lbAppleScript->topLevelItem(1));
         const QImage shot = w->lbAppleScript->viewport()->grab().toImage();
         QCOMPARE(shot.pixelColor(cell.right() - 2, cell.center().y()), QColor(0xFF8000));
-        QCOMPARE(w->windowTitle(), QString("Manage AppleScript"));
-        QCOMPARE(w->size(), QSize(1000, 620));
-    }
-
-    void nothingToMoveMakesNoFolder() {
-        startWith(1);
-        script("good.scpt");
-        auto w = open();
-        QCOMPARE(dialogs->requests.size(), 0);
-        QVERIFY(!QFileInfo::exists(workshop()));
-        QCOMPARE(w->lbWorkshop->topLevelItemCount(), 0);
     }
 
     void movesBetweenFolderAndWorkshop() {
@@ -131,13 +112,11 @@ private slots:
         // To the Workshop: the button's link now has no file and turns purple.
         w->lbAppleScript_CellPressed(0);
         w->pbMoveToWorkshop_Pressed();
-        QVERIFY(QFileInfo::exists(workshop() + "/good.scpt"));
         QCOMPARE(cells(w->lbActiveAppleScripts, 3), QStringList({"good:LAVENDER"}));
         QCOMPARE(texts(w->lbWorkshop), QStringList({"draft.scpt", "good.scpt", "notes.txt"}));
 
         // And back.
         w->lbWorkshop_CellPressed(1);
-        QVERIFY(w->pbMoveToAppleScript->isEnabled());
         w->pbMoveToAppleScript_Pressed();
         QCOMPARE(cells(w->lbAppleScript, 0), QStringList({"good.scpt:"}));
         QCOMPARE(cells(w->lbActiveAppleScripts, 3), QStringList({"good:"}));
@@ -151,8 +130,7 @@ private slots:
         w->lbWorkshop_CellPressed(1);
         w->pbMoveToAppleScript_Pressed();
         QCOMPARE(dialogs->texts().size(), 1);
-        QVERIFY2(dialogs->texts().first().startsWith("Could not move good.scpt to Apple_Scripts: "),
-                 qPrintable(dialogs->texts().first()));
+        QVERIFY(dialogs->texts().first().startsWith("Could not move good.scpt to Apple_Scripts: "));
         QCOMPARE(HomeSnapshot::lost(before, HomeSnapshot(home->home())), QStringList());
     }
 
@@ -160,9 +138,9 @@ private slots:
         startWith(1);
         const QString chosen = home->write("Desktop/new.scpt", "new");
         auto w = open();
+        QVERIFY(dialogs->requests.isEmpty() && !QFileInfo::exists(workshop())); // nothing to move, no folder
         dialogs->queueFile(chosen);
         w->pbAddToDF_Pressed();
-        QCOMPARE(dialogs->requests.first().kind, Dialogs::Kind::OpenFile);
         QCOMPARE(dialogs->requests.first().title + ' ' + dialogs->requests.first().detail,
                  "Choose AppleScript " + home->desktop());
         QVERIFY(!QFileInfo::exists(chosen));
@@ -171,11 +149,7 @@ private slots:
 
     void helpAndMenu() {
         winMain& main = startWith(1);
-        main.mainMenuBar->miManageAS->trigger();
-        QCOMPARE(dialogs->requests.size(), 1);
-        QCOMPARE(dialogs->requests[0].kind, Dialogs::Kind::Window);
-        QCOMPARE(dialogs->requests[0].title, QString("Manage AppleScript"));
-        dialogs->clear();
+        main.mainMenuBar->miManageAS->trigger(); // opens the window, whose title comes first below
         auto w = open();
         w->pbHelpManageAS_Pressed();
         QTest::mouseClick(w->labLinked, Qt::LeftButton);
@@ -183,8 +157,8 @@ private slots:
         QStringList titles;
         for (const auto& r : dialogs->requests)
             titles << r.title;
-        QCOMPARE(titles,
-                 QStringList({"Manage AppleScript Overview", "Linked AppleScripts", "Applescripts Folder"}));
+        QCOMPARE(titles, QStringList({"Manage AppleScript", "Manage AppleScript Overview", "Linked AppleScripts",
+                                      "Applescripts Folder"}));
     }
 };
 

@@ -1,10 +1,8 @@
 #pragma once
 // Every file under a folder, by content: links by their target, folders not at all. Comparing a
 // snapshot before and after shows whether anything the user had is gone or changed.
-#include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QFileInfo>
 #include <QMap>
 #include <QStringList>
 
@@ -15,20 +13,13 @@ public:
                         QDirIterator::Subdirectories); // it does not follow links into folders
         while (it.hasNext()) {
             const QFileInfo info(it.next());
-            QByteArray key;
-            if (info.isSymLink())
-                key = "link:" + info.symLinkTarget().toUtf8();
-            else if (info.isFile()) {
-                QFile file(info.filePath());
-                if (!file.open(QIODevice::ReadOnly)) continue;
-                key = "file:" + file.readAll();
-            } else
-                continue;
+            QFile file(info.filePath());
+            if (!info.isSymLink() && (!info.isFile() || !file.open(QIODevice::ReadOnly))) continue;
+            const QByteArray key = info.isSymLink() ? "link:" + info.symLinkTarget().toUtf8() : "file:" + file.readAll();
             ++count[key];
             where[key] = info.filePath();
         }
     }
-
     // Files of `before` that no longer exist byte for byte anywhere.
     static QStringList lost(const HomeSnapshot& before, const HomeSnapshot& after) {
         QStringList out;
