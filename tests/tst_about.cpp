@@ -54,10 +54,8 @@ private slots:
         QEnterEvent enter(QPointF(10, 5), QPointF(10, 5), QPointF(10, 5));
         QEvent leave(QEvent::Leave);
         QList<QColor> colours{link.textColour()};
-        QApplication::sendEvent(&link, &enter);
-        colours << link.textColour();
-        QApplication::sendEvent(&link, &leave);
-        colours << link.textColour();
+        for (QEvent* event : {static_cast<QEvent*>(&enter), &leave})
+            colours << (QApplication::sendEvent(&link, event), link.textColour());
         // Only a release on the link opens it: not a press alone, nor a release off it, even on its edge.
         for (QPoint releaseAt : {QPoint(100, 5), QPoint(0, 5), QPoint(10, 17), QPoint(10, 5)}) {
             QTest::mousePress(&link, Qt::LeftButton, {}, QPoint(10, 5));

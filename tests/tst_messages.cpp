@@ -30,6 +30,14 @@ struct PeekingDialogs : ScriptedDialogs {
     }
 };
 
+// The text format of every label that shows text.
+static QString labelFormats(QDialog& d) {
+    QString formats;
+    for (QLabel* label : d.findChildren<QLabel*>())
+        if (!label->text().isEmpty()) formats += QString::number(label->textFormat());
+    return formats;
+}
+
 class tst_messages : public QObject {
     Q_OBJECT
 private slots:
@@ -154,24 +162,27 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!w.isVisible(), 1500);
     }
 
+    // Users' texts show as written: every label that shows text is plain, whatever tags it holds.
     void okCancel() {
-        PeekingDialogs dialogs; // title|message|whether OK, then Cancel, is the default button
+        PeekingDialogs dialogs; // title|message|whether OK, then Cancel, is the default|label formats
         dialogs.describe = [](QDialog& d) {
             const auto& w = static_cast<winOKCancel&>(d);
             return w.windowTitle() + '|' + w.labMessage->text() + '|' + QString::number(w.pbOK->isDefault()) +
-                   QString::number(w.pbCancel->isDefault());
+                   QString::number(w.pbCancel->isDefault()) + '|' + labelFormats(d);
         };
         for (const bool ok : {true, false, true})
             dialogs.queueOK(ok);
-        QVERIFY(RtrnBoolean::rbOKCancel("Delete?", 0, "Palette") &&
-                !RtrnBoolean::rbOKCancel("Delete?", 1, "Palette") &&
-                RtrnBoolean::rbOKCancel("Delete?", 2, "Palette"));
-        QCOMPARE(dialogs.seen,
-                 QStringList({"Palette|Delete?|00", "Palette|Delete?|10", "Palette|Delete?|01"}));
+        QVERIFY(RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 0, "Palette") &&
+                !RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 1, "Palette") &&
+                RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 2, "Palette"));
+        QCOMPARE(dialogs.seen, QStringList({"Palette|Delete <b>x</b>?|00|0", "Palette|Delete <b>x</b>?|10|0",
+                                            "Palette|Delete <b>x</b>?|01|0"}));
+        QCOMPARE(Dialogs::plainMessageBox("<b>x</b>")->textFormat(), Qt::PlainText);
     }
 
     void mesDlg() {
-        PeekingDialogs dialogs; // message|explanation|icon (1: information)|caption=number of each button
+        PeekingDialogs
+            dialogs; // message|explanation|icon (1: information)|caption=number of each button|formats
         dialogs.describe = [](QDialog& d) {
             auto& box = static_cast<QMessageBox&>(d);
             QStringList captions;
@@ -179,12 +190,12 @@ private slots:
                 captions << b->text() + '=' + QString::number(GeneralMethods::MesDlgButtonNumber(box, b));
             captions.sort();
             return box.text() + '|' + box.informativeText() + '|' + QString::number(box.icon()) + '|' +
-                   captions.join(',');
+                   captions.join(',') + '|' + labelFormats(d);
         };
-        GeneralMethods::MesDlg("Keep it?", "Make sure.", "Save", true, "Discard");
+        GeneralMethods::MesDlg("Keep <b>x</b>?", "<i>Make sure.</i>", "Save", true, "Discard");
         GeneralMethods::MesDlg("Keep it?", "", "", false, "");
-        QCOMPARE(dialogs.seen,
-                 QStringList({"Keep it?|Make sure.|1|Cancel=0,Discard=2,Save=1", "Keep it?||1|OK=1"}));
+        QCOMPARE(dialogs.seen, QStringList({"Keep <b>x</b>?|<i>Make sure.</i>|1|Cancel=0,Discard=2,Save=1|00",
+                                            "Keep it?||1|OK=1|0"}));
     }
 
     void helpersHandTheirTexts() {
@@ -211,22 +222,6 @@ private slots:
             QCOMPARE(GeneralMethods::VersionOS_Major(), 14);
         }
         QCOMPARE(tools.log(), QStringList(2, "sw_vers\t-productVersion"));
-    }
-
-    void usersTextsShowAsWritten() {
-        PeekingDialogs dialogs; // the text format of every label that shows text
-        dialogs.describe = [](QDialog& d) {
-            QString formats;
-            for (QLabel* label : d.findChildren<QLabel*>())
-                if (!label->text().isEmpty()) formats += QString::number(label->textFormat());
-            return formats;
-        };
-        const QString name = "<b>x</b>";
-        GeneralMethods::MesDlg("The Shortcut, " + name + ", does not exist", "<i>" + name + "</i>", "", false, "");
-        RtrnBoolean::rbOKCancel("Delete " + name + "?", 0, "Palette");
-        dialogs.seen << QString::number(Dialogs::plainMessageBox(name)->textFormat());
-        const QString plain = QString::number(Qt::PlainText);
-        QCOMPARE(dialogs.seen, QStringList({plain + plain, plain, plain}));
     }
 };
 

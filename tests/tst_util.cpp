@@ -38,7 +38,6 @@ private slots:
                                      "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"}));
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(0, 0, 1)));
         QCOMPARE(RtrnDateString::rsAlphaDateTime(13), "230523_0000rs"); // leading zeros kept
-        QCOMPARE((RtrnDateString::rsAlphaDateTime(3) + "PreserveStateBU.txt").size(), 30);
         RtrnDateString::ResetCounter();
         QStringList seen;
         for (int i = 0; i < 26 * 26 + 1; ++i) seen << RtrnDateString::rsAlphaDateTime(7).right(2);
