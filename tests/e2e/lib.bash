@@ -70,10 +70,13 @@ send_keys() { focus_window; xdotool key "$@"; }
 
 title_is() { [ "$(xdotool getwindowname "$E2E_WIN" 2>/dev/null)" = "$1" ]; }
 
-# Waits for the program to end by itself.
+# Waits for the program to end by itself, and well: a sanitizer's report at exit (a leak) makes
+# the status other than 0.
 wait_for_exit() {
+  local status=0
   wait_until 60 eval '! kill -0 "$E2E_PID"' || fail "the program did not quit: $(cat "$E2E_HOME/program.log")"
-  wait "$E2E_PID" || true
+  wait "$E2E_PID" || status=$?
+  [ "$status" -eq 0 ] || fail "the program ended with status $status: $(cat "$E2E_HOME/program.log")"
 }
 
 cleanup() {
