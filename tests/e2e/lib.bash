@@ -40,9 +40,11 @@ program_window() {
   [ -n "$E2E_WIN" ] || ! kill -0 "$E2E_PID"
 }
 
-# Starts the program and waits for its window. A start that ends before its window shows is told
-# with its status and log and tried again, up to E2E_START_TRIES times (2 unless told), since
-# that fault is rare and still unexplained.
+# Starts the program and waits for its window. Now and then Xvfb hangs up on a client the instant
+# it connects, when another client of the same server goes away at that moment (strace shows the
+# connect succeed and the server close it before the setup; its audit log never lists the
+# client); Qt then aborts with "could not connect to display". Such a start is told with its
+# status and log and tried again, up to E2E_START_TRIES times (2 unless told).
 start_program() {
   local try status
   for ((try = 1; try <= ${E2E_START_TRIES:-2}; try++)); do

@@ -102,6 +102,8 @@ for ((k = 1; k <= KILLS; k++)); do
   sleep "$(awk -v max="$quit_time" -v seed="$RANDOM$k" 'BEGIN { srand(seed); printf "%.4f", rand() * max }')"
   if kill -KILL "$E2E_PID" 2>/dev/null; then :; else gone=$((gone + 1)); fi
   wait "$E2E_PID" 2>/dev/null || true
+  # The next start waits until the server has let go of this one (see start_program).
+  wait_until 30 eval '! xdotool search --pid "$E2E_PID" >/dev/null' || true
   E2E_PID=
   file="$E2E_DATA/PreserveState.txt"
   if cmp -s "$file" "$OLD"; then
