@@ -35,23 +35,28 @@ start_display() {
   [[ "$(xdpyinfo)" =~ dimensions:\ *$E2E_SCREEN\ pixels ]] || fail "the server on $DISPLAY is not the one this test started"
 }
 
-program_window() {
-  E2E_WIN=$(xdotool search --pid "$E2E_PID" --onlyvisible 2>/dev/null | head -n1 || true)
-  [ -n "$E2E_WIN" ] || ! kill -0 "$E2E_PID"
-}
-
-# Starts the program and waits for its window. Now and then Xvfb hangs up on a client the instant
-# it connects, when another client of the same server goes away at that moment (strace shows the
+# Starts the program and waits for its window. Xvfb may hang up on a client the instant it
+# connects when another client of the same server goes away at that moment (strace shows the
 # connect succeed and the server close it before the setup; its audit log never lists the
-# client); Qt then aborts with "could not connect to display". Such a start is told with its
-# status and log and tried again, up to E2E_START_TRIES times (2 unless told).
+# client), and Qt then aborts with "could not connect to display". So no X client comes and
+# goes while the program starts: one xdotool waits for the window in a single connection, and
+# the program's life is watched with kill. A start that still ends before its window is told
+# with its status and log and tried again, up to E2E_START_TRIES times (2 unless told).
 start_program() {
-  local try status
+  local try status finder
   for ((try = 1; try <= ${E2E_START_TRIES:-2}; try++)); do
     "$E2E_BIN" >"$E2E_HOME/program.log" 2>&1 &
     E2E_PID=$!
-    wait_until 60 program_window || fail "the palette window did not appear: $(cat "$E2E_HOME/program.log")"
-    [ -n "$E2E_WIN" ] && return 0
+    timeout 60 xdotool search --sync --onlyvisible --pid "$E2E_PID" >"$E2E_HOME/window" 2>/dev/null &
+    finder=$!
+    wait_until 60 eval '! kill -0 "$finder" || ! kill -0 "$E2E_PID"' || true
+    if kill -0 "$E2E_PID" 2>/dev/null; then
+      wait "$finder" || true
+      E2E_WIN=$(head -n1 "$E2E_HOME/window")
+      [ -n "$E2E_WIN" ] && return 0
+      fail "the palette window did not appear: $(cat "$E2E_HOME/program.log")"
+    fi
+    kill "$finder" 2>/dev/null || true
     status=0; wait "$E2E_PID" || status=$?
     echo "the program ended at start with status $status (try $try): $(cat "$E2E_HOME/program.log")" >&2
     E2E_STARTS_LOST=$((${E2E_STARTS_LOST:-0} + 1))
