@@ -35,13 +35,13 @@ start_display() {
   [[ "$(xdpyinfo)" =~ dimensions:\ *$E2E_SCREEN\ pixels ]] || fail "the server on $DISPLAY is not the one this test started"
 }
 
-# Starts the program and waits for its window. Xvfb may hang up on a client the instant it
-# connects when another client of the same server goes away at that moment (strace shows the
-# connect succeed and the server close it before the setup; its audit log never lists the
-# client), and Qt then aborts with "could not connect to display". So no X client comes and
-# goes while the program starts: one xdotool waits for the window in a single connection, and
-# the program's life is watched with kill. A start that still ends before its window is told
-# with its status and log and tried again, up to E2E_START_TRIES times (2 unless told).
+# Starts the program and waits for its window. Now and then Xvfb hangs up on a client the
+# instant it connects (strace shows the connect succeed and the server close it before the
+# setup; its audit log never lists the client), and Qt then aborts with "could not connect to
+# display". It came far more often while other clients of the server came and went, so none does
+# while the program starts: one xdotool waits for the window in a single connection, and the
+# program's life is watched with kill. A start that still ends before its window is told with
+# its status and log and tried again, up to E2E_START_TRIES times (2 unless told).
 start_program() {
   local try status finder
   for ((try = 1; try <= ${E2E_START_TRIES:-2}; try++)); do
