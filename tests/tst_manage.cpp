@@ -32,9 +32,7 @@ void freeSlots(const QList<int>& indexes) {
 }
 
 void pressRow(QTreeWidget& list, int row) {
-    const QPoint at = list.visualItemRect(list.topLevelItem(row)).center();
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, at);
-    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.topLevelItem(row)).center());
 }
 
 QByteArray png(QColor colour, const QString& mark = {}) {
