@@ -15,7 +15,6 @@
 
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
-const QString kEditorEngine = "running:com.stairways.keyboardmaestro.editor.engine";
 
 void savePicture(const TempHome& home, const QString& palette, const QString& name, QColor colour) {
     QImage picture(64, 64, QImage::Format_RGB32);
@@ -115,38 +114,34 @@ private slots:
     // Every pair of kinds: the earlier runs alone. Shortcuts need a system of 12 or later.
     void clickRunsTheFirstKindThatHolds_data() {
         QTest::addColumn<QStringList>("kinds"); // ASfile, SCname, PaletteGo
-        QTest::addColumn<QString>("engine");
         QTest::addColumn<QString>("system");
         QTest::addColumn<QStringList>("expected"); // empty and no message: the palette switched
         QTest::addColumn<QString>("message");
         const QStringList km{QString("osascript\t%1/FirePalette.scpt\tP00\t07").arg(resources)};
         const QStringList as{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
         const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
-        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QString engine,
-                            QStringList expected, QString message = {}, QString system = "12.0") {
-            QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << engine << system << expected << message;
+        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QStringList expected,
+                            QString message = {}, QString system = "12.0") {
+            QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << system << expected << message;
         };
-        row("Keyboard Maestro", "", "", "", kEngine, km);
-        row("only the editor's engine runs", "", "", "", kEditorEngine, km);
-        row("no engine runs", "", "", "", "", {}, "Is Keyboard Maestro Engine running?. I cannot see that it is.");
-        row("script before Keyboard Maestro", "Mail.txt", "", "", kEngine, as);
-        row("script before Shortcut", "Mail", "Mail", "", kEngine, as);
-        row("script before switch", "Mail", "", "1", kEngine, as);
-        row("Shortcut before switch", "", "Mail", "1", kEngine, sc);
-        row("Shortcut before Keyboard Maestro", "", "Mail", "", kEngine, sc);
-        row("switch before Keyboard Maestro", "", "", "1", kEngine, {});
-        row("Shortcut on a system too old", "", "Mail", "1", kEngine, {"sw_vers\t-productVersion"},
+        row("Keyboard Maestro", "", "", "", km);
+        row("script before Keyboard Maestro", "Mail.txt", "", "", as);
+        row("script before Shortcut", "Mail", "Mail", "", as);
+        row("script before switch", "Mail", "", "1", as);
+        row("Shortcut before switch", "", "Mail", "1", sc);
+        row("Shortcut before Keyboard Maestro", "", "Mail", "", sc);
+        row("switch before Keyboard Maestro", "", "", "1", {});
+        row("Shortcut on a system too old", "", "Mail", "1", {"sw_vers\t-productVersion"},
             "You need a more recent operating system to deal with Shortcuts", "11.7");
     }
     void clickRunsTheFirstKindThatHolds() {
         QFETCH(QStringList, kinds);
-        QFETCH(QString, engine);
         QFETCH(QString, system);
         QFETCH(QStringList, expected);
         QFETCH(QString, message);
         tools->setAnswer("sw_vers", system + "\n");
         tools->setAnswer("shortcuts", "Mail\n");
-        if (!engine.isEmpty()) tools->setAnswer(engine, "true");
+        tools->setAnswer(kEngine, "true");
         startWith(2);
         Btn& b = button(7);
         b.ASfile = kinds[0], b.SCname = kinds[1], b.PaletteGo = kinds[2], b.KM_Active = true;
