@@ -59,7 +59,8 @@ private slots:
         QCOMPARE(shot.pixelColor(area.topLeft()), background);
         const QList<int> ink = inkOf(shot, area);
         QVERIFY2(ink.size() > 20, "no text was painted");
-        QVERIFY2(ink.last() <= background.lightness() && ink.first() < 60, "the text is not dark on the light ground");
+        QVERIFY2(ink.last() <= background.lightness() && ink.first() < 60,
+                 "the text is not dark on the light ground");
     }
 };
 

@@ -219,7 +219,8 @@ private slots:
             w.show();
             w.tfAlias->setText(alias);
             QTest::mouseClick(w.pbOK, Qt::LeftButton);
-            made << (w.isVisible() ? "refused" : ZOR::paleName + ' ' + main.windowTitle() + ' ' + main.labTip->text());
+            made << (w.isVisible() ? "refused"
+                                   : ZOR::paleName + ' ' + main.windowTitle() + ' ' + main.labTip->text());
         }
         QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "refused"}));
         QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
