@@ -53,12 +53,13 @@ QByteArray pngHuge() {
            pngChunk("IDAT", QByteArray(16, '\0')) + pngChunk("IEND", {});
 }
 
-QStringList rows(const QTreeWidget* list, int columns = 1) {
+QStringList rows(const QAbstractItemView* list, int columns = 1) {
+    const QAbstractItemModel* model = list->model();
     QStringList out;
-    for (int r = 0; r < list->topLevelItemCount(); ++r) {
+    for (int r = 0; r < model->rowCount(); ++r) {
         QStringList cells;
         for (int c = 0; c < columns; ++c)
-            cells << list->topLevelItem(r)->text(c);
+            cells << model->index(r, c).data().toString();
         out << cells.join('|');
     }
     return out;
