@@ -47,11 +47,6 @@ QByteArray huge() {
     qToBigEndian<quint16>(20000, frame + 2);
     return bytes;
 }
-
-QStringList names(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                  QDir::Name);
-}
 } // namespace
 
 class AssetPicturesTest : public QObject, ProgramFixture {
@@ -112,7 +107,9 @@ private slots:
         // The earlier "03 narrow.png" and "1_03 narrow.png" stay; the new one takes the next free number.
         QStringList onDesktop = removedRows + QStringList{"1_03 narrow.png", "2_03 narrow.png"};
         onDesktop.sort();
-        QCOMPARE(names(removed()), onDesktop);
+        QCOMPARE(
+            QDir(removed()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot, QDir::Name),
+            onDesktop);
         QCOMPARE(lostSince(before, home->home()), QStringList()); // links too, by their targets
 
         QCOMPARE(rows(w->lbButPic) + rows(w->lbAllButton, {0, 1, 2}) + rows(w->lbRemoved),
@@ -219,8 +216,9 @@ private slots:
         main.mainMenuBar->miButPic->trigger();
         auto w = opened<winButtonPics>();
         QVERIFY(QFileInfo(removed()).isDir());
-        QCOMPARE(QStringList{w->labCurrentName->text()} + names(butFolder()) + rows(w->lbAllButton) +
-                     rows(w->lbButPic) + rows(w->lbRemoved),
+        QCOMPARE(QStringList{w->labCurrentName->text()} +
+                     QDir(butFolder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name) +
+                     rows(w->lbAllButton) + rows(w->lbButPic) + rows(w->lbRemoved),
                  QStringList({"P02", "P00", "P02"}));
         w->pbHelpButGraphics_Pressed({});
         for (QLabel* label : std::initializer_list<QLabel*>{w->labRSelectPic, w->labAllButton, w->labRemove,

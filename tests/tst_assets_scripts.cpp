@@ -27,9 +27,6 @@ class AssetScriptsTest : public QObject, ProgramFixture {
     Q_OBJECT
 
     QString workshop() const { return home->desktop() + "/AppleScriptWorkshop"; }
-    void script(const QString& name, const QByteArray& bytes = "compiled") const {
-        home->writeInProgram("Apple_Scripts/" + name, bytes);
-    }
 
 private slots:
     void init() { setUpProgram(); }
@@ -38,7 +35,7 @@ private slots:
     void openingSortsOutTheFolderAndTheLinks() {
         startWith(3);
         for (const QString name : {"good.scpt", "orphan.scpt", "readme.txt", "a.b.scpt"})
-            script(name, name.toUtf8());
+            home->writeInProgram("Apple_Scripts/" + name, name.toUtf8());
         home->write("Desktop/AppleScriptWorkshop/readme.txt", "the user's older readme");
         link(0, 3, "good");
         link(0, 5, "missing");
@@ -67,7 +64,7 @@ private slots:
 
     void movesBetweenFolderAndWorkshop() {
         startWith(1);
-        script("good.scpt", "mine");
+        home->writeInProgram("Apple_Scripts/good.scpt", "mine");
         home->write("Desktop/AppleScriptWorkshop/notes.txt", "notes");
         home->write("Desktop/AppleScriptWorkshop/draft.scpt", "draft");
         link(0, 1, "good");
