@@ -14,7 +14,7 @@
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <algorithm>
 #include <cstdio>
 #include <memory>
@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
         t.start();
         auto window = std::make_unique<winButtonPics>();
         window->Event_Opening();
-        rows = window->lbAllButton->topLevelItemCount();
+        rows = window->lbAllButton->model()->rowCount();
         audit.push_back(double(t.nsecsElapsed()) / 1e6);
         window.reset(); // closing the window is not part of the opening
         t.restart();

@@ -1,34 +1,56 @@
 #pragma once
-// Every file under a folder, by content: links by their target, folders not at all. Comparing a
-// snapshot before and after shows whether anything the user had is gone or changed.
+// What the asset tests look at. Every file under a folder by content (links by their target,
+// folders not at all), with where it lies: a snapshot before an action tells after it whether
+// anything the user had is gone or changed. And a list's rows as the user reads them.
+#include <QAbstractItemView>
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
 #include <QStringList>
 
-class HomeSnapshot {
-public:
-    explicit HomeSnapshot(const QString& root) {
-        QDirIterator it(root, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                        QDirIterator::Subdirectories); // it does not follow links into folders
-        while (it.hasNext()) {
-            const QFileInfo info(it.next());
-            QFile file(info.filePath());
-            if (!info.isSymLink() && (!info.isFile() || !file.open(QIODevice::ReadOnly))) continue;
-            const QByteArray key = info.isSymLink() ? "link:" + info.symLinkTarget().toUtf8() : "file:" + file.readAll();
-            ++count[key];
-            where[key] = info.filePath();
-        }
-    }
-    // Files of `before` that no longer exist byte for byte anywhere.
-    static QStringList lost(const HomeSnapshot& before, const HomeSnapshot& after) {
-        QStringList out;
-        for (auto it = before.count.cbegin(); it != before.count.cend(); ++it)
-            if (after.count.value(it.key()) < it.value()) out << before.where.value(it.key());
-        return out;
-    }
+using HomeFiles = QMap<QByteArray, QStringList>;
 
-private:
-    QMap<QByteArray, int> count;
-    QMap<QByteArray, QString> where;
-};
+inline HomeFiles snapshot(const QString& root) {
+    HomeFiles files;
+    QDirIterator it(root, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories); // it does not follow links into folders
+    while (it.hasNext()) {
+        const QFileInfo info(it.next());
+        QFile file(info.filePath());
+        if (info.isSymLink() || (info.isFile() && file.open(QIODevice::ReadOnly)))
+            files[info.isSymLink() ? "link:" + info.symLinkTarget().toUtf8() : "file:" + file.readAll()]
+                << info.filePath();
+    }
+    return files;
+}
+
+// The files of `before` that no longer exist byte for byte anywhere under `root`.
+inline QStringList lostSince(const HomeFiles& before, const QString& root) {
+    const HomeFiles now = snapshot(root);
+    QStringList out;
+    for (auto it = before.cbegin(); it != before.cend(); ++it)
+        if (now.value(it.key()).size() < it.value().size()) out << it.value();
+    return out;
+}
+
+// Each row's cells in `columns` joined by '|'; a cell's tag, if any, follows it after a ':'.
+inline QStringList rows(const QAbstractItemView* list, const QList<int>& columns = {0}) {
+    QStringList out;
+    for (int r = 0; r < list->model()->rowCount(); ++r) {
+        QStringList cells;
+        for (int c : columns) {
+            const QModelIndex cell = list->model()->index(r, c);
+            const QString tag = cell.data(Qt::UserRole).toString();
+            cells << cell.data().toString() + (tag.isEmpty() ? "" : ':' + tag);
+        }
+        out << cells.join('|');
+    }
+    return out;
+}
+
+// A window as it stands after its opening.
+template <class Window> std::unique_ptr<Window> opened() {
+    auto window = std::make_unique<Window>();
+    window->Event_Opening();
+    return window;
+}

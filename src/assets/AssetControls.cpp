@@ -4,21 +4,35 @@
 #include <QPainter>
 #include <QTreeWidget>
 
-QTreeWidget* AssetControls::ListBox(QWidget* parent, const char* name, const QStringList& headers,
-                                    const QRect& geometry) {
-    auto* list = new QTreeWidget(parent);
+namespace {
+void SetUp(QTreeView* list, const char* name, const QRect& geometry) {
     list->setObjectName(QString::fromLatin1(name));
     list->setGeometry(geometry);
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
-    list->setColumnCount(std::max<int>(1, int(headers.size())));
-    list->setHeaderLabels(headers);
-    list->setHeaderHidden(headers.isEmpty());
     list->header()->setSectionsMovable(false);
     list->header()->setStretchLastSection(true);
     list->setSortingEnabled(false);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+} // namespace
+
+QTreeWidget* AssetControls::ListBox(QWidget* parent, const char* name, const QStringList& headers,
+                                    const QRect& geometry) {
+    auto* list = new QTreeWidget(parent);
+    SetUp(list, name, geometry);
+    list->setColumnCount(std::max<int>(1, int(headers.size())));
+    list->setHeaderLabels(headers);
+    list->setHeaderHidden(headers.isEmpty());
+    return list;
+}
+
+QTreeView* AssetControls::ListView(QWidget* parent, const char* name, QAbstractItemModel* model,
+                                   const QRect& geometry) {
+    auto* list = new QTreeView(parent);
+    SetUp(list, name, geometry);
+    list->setModel(model);
     return list;
 }
 

@@ -75,9 +75,10 @@ bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
     if (!startsWithTwoDigits(name)) return false;
     const qsizetype dot = name.indexOf('.');
     if (dot < 0) return false;
-    const QString rest = name.mid(dot);
-    return rest.compare(".png", Qt::CaseInsensitive) == 0 ||
-           rest.compare(".jpeg", Qt::CaseInsensitive) == 0 || rest.compare(".jpg", Qt::CaseInsensitive) == 0;
+    const QStringView rest = QStringView(name).mid(dot);
+    return rest.compare(u".png", Qt::CaseInsensitive) == 0 ||
+           rest.compare(u".jpeg", Qt::CaseInsensitive) == 0 ||
+           rest.compare(u".jpg", Qt::CaseInsensitive) == 0;
 }
 
 QSize ButtonPictureAudit::PictureSize(const QString& path) {
@@ -152,14 +153,24 @@ QStringList ButtonPictureAudit::ListAllPictures() {
         removedFolder = FileTools::CreateFolderOnDesktop(kRemovedFolder);
     QStringList rows;
     for (const QString& palette : asButFolders) {
-        for (const auto& [name, file] : children(QDir(butFolder).filePath(palette))) {
+        const QString folder = QDir(butFolder).filePath(palette);
+        // Offenders move in name order, so that clashes on the Desktop come out alike on every file
+        // system; the rows need no order here, they are sorted once below.
+        QStringList offenders;
+        QDirIterator it(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        while (it.hasNext()) {
+            it.next();
             breathe();
-            if (isFolder(file) || isHidden(name)) continue;
+            const QString name = it.fileName();
+            if (isHidden(name) || isFolder(it.fileInfo())) continue;
             if (IsNameOfButtonOK(name))
                 rows << palette + '*' + name;
             else
-                MoveOut(file.filePath());
+                offenders << name;
         }
+        offenders.sort();
+        for (const QString& name : offenders)
+            MoveOut(folder + '/' + name);
     }
     rows.sort();
     return rows;

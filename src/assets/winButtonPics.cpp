@@ -1,5 +1,6 @@
 #include "assets/winButtonPics.h"
 
+#include "assets/AllButtonModel.h"
 #include "assets/AssetControls.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
@@ -137,7 +138,8 @@ winButtonPics::winButtonPics(QWidget* parent)
     labAllButton->setText("All Button Pictures");
     labAllButton->setGeometry(12, 298, 200, 20);
     labAllButton->setID(44);
-    lbAllButton = ListBox(this, "lbAllButton", {"Folder", "B_ID", "Button"}, {12, 320, 330, 250});
+    allButtonRows = new AllButtonModel(this);
+    lbAllButton = ListView(this, "lbAllButton", allButtonRows, {12, 320, 330, 250});
     lbAllButton->setToolTip("List of ALL the buttons");
     lbAllButton->setColumnWidth(0, 330 * 14 / 100);
     lbAllButton->setColumnWidth(1, 330 * 11 / 100);
@@ -218,13 +220,7 @@ bool winButtonPics::IsNameOfButtonOK(const QString& name) {
 }
 
 void winButtonPics::FillButtonGraphicListbox() {
-    Guard::run(method("FillButtonGraphicListbox"), [&] {
-        lbAllButton->clear();
-        QList<QTreeWidgetItem*> items;
-        for (const QString& entry : audit->ListAllPictures())
-            items << new QTreeWidgetItem(QStringList{entry.left(3), entry.mid(4, 2), entry.mid(4)});
-        lbAllButton->addTopLevelItems(items);
-    });
+    Guard::run(method("FillButtonGraphicListbox"), [&] { allButtonRows->setRows(audit->ListAllPictures()); });
 }
 
 void winButtonPics::ShowRemovedRows() {

@@ -6,7 +6,9 @@
 #include <memory>
 
 class QLabel;
+class AllButtonModel;
 class QPushButton;
+class QTreeView;
 class QTreeWidget;
 class cnPicture;
 class labInfo;
@@ -65,7 +67,8 @@ public:
     QPushButton* pbDone;
     QPushButton* pbHelpButGraphics;
     labZor* labAllButton;
-    QTreeWidget* lbAllButton;
+    QTreeView* lbAllButton;
+    AllButtonModel* allButtonRows;
     labInfo* labRemove;
     QTreeWidget* lbRemoved;
     labZor* labPathButFolder;
