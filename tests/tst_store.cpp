@@ -123,6 +123,7 @@ private slots:
                  kNoShortcut + ZOR::DP[99].s_Particulars);
         ZOR::ResetStore();
         QVERIFY(ZOR::JSON_ParseData(text));
+        QVERIFY(!ZOR::IsPaletteExistant(37) && ZOR::IsPaletteExistant(36)); // a free slot is no palette
         QCOMPARE(ZOR::JSON_CreateData(), text); // all read back, and written the same again
     }
 
