@@ -67,7 +67,7 @@ private slots:
         Clock::set(QDateTime(QDate(2026, 5, 8), QTime(23, 14)));
     }
     void cleanup() {
-        if (dialogs) QCOMPARE(told(), QStringList()); // nothing more than each test expects
+        QCOMPARE(told(), QStringList()); // nothing more than each test expects
         Clock::reset();
         tearDownProgram();
     }
@@ -366,38 +366,22 @@ private slots:
         QCOMPARE(ZOR::paleAlias, QString("Original"));
     }
 
-    // Three runs as main() makes them, each with its own program, outside the fixture.
     void quitSavesOnlyWhatChanged() {
-        tearDownProgram();
-        TempHome home;
-        ScriptedDialogs dialogs;
         const QString file = writeStoreFile(3, 3, 4, QRect(100, 120, 256, 222));
         const QDateTime written = QFileInfo(file).lastModified();
-        {
-            Program program;
-            winMain& w = program.start();
-            QCOMPARE(w.geometry(), QRect(100, 120, 256, 222));
-            program.quit();
-        }
-        QCOMPARE(QFileInfo(file).lastModified(), written);
-        QVERIFY(QDir(home.programFolder() + "/EmergencyPreserveStateBU").entryList(QDir::Files).isEmpty());
-        {
-            Program program;
-            winMain& w = program.start();
-            w.move(w.x() + 40, w.y());
-            program.quit();
-        }
-        QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["WinLeft"].get<int>(), 140);
-        QCOMPARE(QDir(home.programFolder() + "/EmergencyPreserveStateBU").entryList(QDir::Files).size(), 1);
-        {
-            Program program; // the window stays where it was saved: only the switch changes
-            program.start();
-            ZOR::ChangeToPalette(1);
-            program.quit();
-        }
-        QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), 1);
-        QVERIFY(dialogs.texts().isEmpty());
-        setUpProgram();
+        const auto run = [&](const std::function<void(winMain&)>& act) { // a whole run; the head saved
+            program.reset();
+            program = std::make_unique<Program>();
+            act(program->start());
+            program->quit();
+            return ordered_json::parse(readAll(file).toStdString())[0];
+        };
+        run([](winMain& w) { QCOMPARE(w.geometry(), QRect(100, 120, 256, 222)); });
+        QVERIFY(QFileInfo(file).lastModified() == written && emergencyCopies().isEmpty());
+        QCOMPARE(run([](winMain& w) { w.move(w.x() + 40, w.y()); })["WinLeft"].get<int>(), 140);
+        QCOMPARE(emergencyCopies().size(), 1);
+        // The window stays where it was saved: only the switch changes.
+        QCOMPARE(run([](winMain&) { ZOR::ChangeToPalette(1); })["CurrentPalette"].get<int>(), 1);
     }
 
     // The design window edits the working set of the active palette: a switch and the quit keep it.
