@@ -162,53 +162,42 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!w.isVisible(), 1500);
     }
 
-    // Users' texts show as written: every label that shows text is plain, whatever tags it holds.
-    void okCancel() {
-        PeekingDialogs dialogs; // title|message|whether OK, then Cancel, is the default|label formats
+    // Each helper's window as built: users' texts show as written, every label that shows text plain.
+    void helpersBuildTheirWindows() {
+        PeekingDialogs dialogs;
         dialogs.describe = [](QDialog& d) {
-            const auto& w = static_cast<winOKCancel&>(d);
-            return w.windowTitle() + '|' + w.labMessage->text() + '|' + QString::number(w.pbOK->isDefault()) +
-                   QString::number(w.pbCancel->isDefault()) + '|' + labelFormats(d);
+            QString text = d.windowTitle() + '|';
+            if (auto* w = qobject_cast<winOKCancel*>(&d)) // the message|whether OK, then Cancel, is the default
+                text += w->labMessage->text() + '|' + QString::number(w->pbOK->isDefault()) +
+                        QString::number(w->pbCancel->isDefault());
+            else if (auto* box = qobject_cast<QMessageBox*>(&d)) { // explanation|icon|caption=number of each button
+                QStringList captions;
+                for (QAbstractButton* b : box->buttons())
+                    captions << b->text() + '=' + QString::number(GeneralMethods::MesDlgButtonNumber(*box, b));
+                captions.sort();
+                text += box->text() + '|' + box->informativeText() + '|' + QString::number(box->icon()) + '|' +
+                        captions.join(',');
+            } else
+                text += QString(d.metaObject()->className()) + '|' + d.findChild<QPlainTextEdit*>()->toPlainText();
+            return text + '|' + labelFormats(d);
         };
         for (const bool ok : {true, false, true})
             dialogs.queueOK(ok);
         QVERIFY(RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 0, "Palette") &&
                 !RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 1, "Palette") &&
                 RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 2, "Palette"));
-        QCOMPARE(dialogs.seen, QStringList({"Palette|Delete <b>x</b>?|00|0", "Palette|Delete <b>x</b>?|10|0",
-                                            "Palette|Delete <b>x</b>?|01|0"}));
-        QCOMPARE(Dialogs::plainMessageBox("<b>x</b>")->textFormat(), Qt::PlainText);
-    }
-
-    void mesDlg() {
-        PeekingDialogs
-            dialogs; // message|explanation|icon (1: information)|caption=number of each button|formats
-        dialogs.describe = [](QDialog& d) {
-            auto& box = static_cast<QMessageBox&>(d);
-            QStringList captions;
-            for (QAbstractButton* b : box.buttons())
-                captions << b->text() + '=' + QString::number(GeneralMethods::MesDlgButtonNumber(box, b));
-            captions.sort();
-            return box.text() + '|' + box.informativeText() + '|' + QString::number(box.icon()) + '|' +
-                   captions.join(',') + '|' + labelFormats(d);
-        };
         GeneralMethods::MesDlg("Keep <b>x</b>?", "<i>Make sure.</i>", "Save", true, "Discard");
         GeneralMethods::MesDlg("Keep it?", "", "", false, "");
-        QCOMPARE(dialogs.seen, QStringList({"Keep <b>x</b>?|<i>Make sure.</i>|1|Cancel=0,Discard=2,Save=1|00",
-                                            "Keep it?||1|OK=1|0"}));
-    }
-
-    void helpersHandTheirTexts() {
-        PeekingDialogs dialogs; // class: title: text, as the built window has them
-        dialogs.describe = [](QDialog& d) {
-            return QString(d.metaObject()->className()) + ": " + d.windowTitle() + ": " +
-                   d.findChild<QPlainTextEdit*>()->toPlainText();
-        };
         GeneralMethods::ShowText("line one\nline two", "Manage PreserveState Backup");
         GeneralMethods::ShowTimed("This button is not active.", "No Action for Button", true, 12);
-        QCOMPARE(dialogs.seen, QStringList({"winShowText: Manage PreserveState Backup: line one\nline two",
-                                            "winTimed: No Action for Button: This button is not active."}));
+        QCOMPARE(dialogs.seen, QStringList({"Palette|Delete <b>x</b>?|00|0", "Palette|Delete <b>x</b>?|10|0",
+                                            "Palette|Delete <b>x</b>?|01|0",
+                                            "|Keep <b>x</b>?|<i>Make sure.</i>|1|Cancel=0,Discard=2,Save=1|00",
+                                            "|Keep it?||1|OK=1|0",
+                                            "Manage PreserveState Backup|winShowText|line one\nline two|",
+                                            "No Action for Button|winTimed|This button is not active.|"}));
         QVERIFY(AppGlobals::iGlobalInteger == 12 && AppGlobals::fGlobalBoolean);
+        QCOMPARE(Dialogs::plainMessageBox("<b>x</b>")->textFormat(), Qt::PlainText);
     }
 
     void osMajorRemembersOnlyAnAnswer() {

@@ -1,4 +1,3 @@
-#include "common/FakeTools.h"
 #include "common/ScriptedDialogs.h"
 #include "common/TempHome.h"
 #include "util/AppGlobals.h"
@@ -121,10 +120,9 @@ private slots:
         }
         // ".." never climbs out of home; a folder that cannot be made stops with the message.
         const QString outside = QFileInfo(home.home()).path();
-        const QStringList before = QDir(outside).entryList();
         QCOMPARE(FileTools::TextToFile("x", "up", "../../zor_up", 0), home.home() + "/zor_up/up.txt");
         QCOMPARE(FileTools::TextToFile("x", "up", home.home() + "/../zor_up", 0), home.home() + outside + "/zor_up/up.txt");
-        QCOMPARE(QDir(outside).entryList(), before);
+        QVERIFY(!QFileInfo::exists(outside + "/zor_up")); // the folder beside home is shared: look only for ours
         QVERIFY(dialogs.texts().isEmpty());
         home.write("blocker", "mine");
         QCOMPARE(FileTools::TextToFile("x", "n", "blocker/sub", 0), QString());
@@ -195,14 +193,6 @@ private slots:
         QCOMPARE(RtrnString::rsRawTextFromHTML("<html><head><title>T</title></head><body><b>Hi</b></body></html>"), "Hi");
         QCOMPARE(RtrnString::rsRawTextFromHTML("<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>"), "One two\n\nThree four\nfive");
         QCOMPARE(RtrnString::rsRawTextFromHTML("a \t \n  b"), "a \tb"); // white space runs
-    }
-
-    void applicationIsRunning() {
-        FakeTools tools;
-        tools.setAnswer("running:com.example.app", "true\n"); // as osascript prints it
-        QVERIFY(FileTools::ApplicationIsRunning("com.example.app"));
-        tools.remove("osascript");
-        QVERIFY(!FileTools::ApplicationIsRunning("com.example.app"));
     }
 
     void withinScreen() {
