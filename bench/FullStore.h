@@ -2,6 +2,9 @@
 // The store the benchmarks measure: 100 palettes of 10 x 10, every button with a tip and notes.
 #include "store/ZOR.h"
 
+#include <QColor>
+#include <QImage>
+
 inline void BuildFullStore(qint64 current) {
     ZOR::ResetStore();
     ZOR::MakeAlphabetShortcuts();
@@ -20,4 +23,17 @@ inline void BuildFullStore(qint64 current) {
         }
     }
     ZOR::idxCP = current;
+}
+
+// A button picture of 64 x 64 with a little detail, so that it decodes like a real icon rather
+// than a flat fill.
+inline void SaveButtonPicture(const QString& path, int seed) {
+    QImage picture(64, 64, QImage::Format_ARGB32);
+    const QColor base = QColor::fromHsv((seed * 37) % 360, 160, 220);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x) {
+            const int d = ((x - 32) * (x - 32) + (y - 32) * (y - 32)) / 16;
+            picture.setPixel(x, y, qRgba(base.red() ^ (d & 31), base.green(), (base.blue() + x * y) & 255, d > 60 ? 0 : 255));
+        }
+    picture.save(path);
 }

@@ -11,7 +11,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QImage>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -55,18 +54,7 @@ void prepareHome(const QString& home) {
     constexpr int kCurrent = 3;
     const QString folder = support + QStringLiteral("/ButtonPictures/P%1").arg(kCurrent, 2, 10, QLatin1Char('0'));
     QDir().mkpath(folder);
-    for (int i = 0; i < 100; ++i) {
-        // A little detail in each, so that it decodes like a real icon rather than a flat fill.
-        QImage picture(64, 64, QImage::Format_ARGB32);
-        const QColor base = QColor::fromHsv((i * 37) % 360, 160, 220);
-        for (int y = 0; y < 64; ++y)
-            for (int x = 0; x < 64; ++x) {
-                const int d = ((x - 32) * (x - 32) + (y - 32) * (y - 32)) / 16;
-                const int a = d > 60 ? 0 : 255;
-                picture.setPixel(x, y, qRgba(base.red() ^ (d & 31), base.green(), (base.blue() + x * y) & 255, a));
-            }
-        picture.save(folder + QStringLiteral("/%1 button.png").arg(i, 2, 10, QLatin1Char('0')));
-    }
+    for (int i = 0; i < 100; ++i) SaveButtonPicture(folder + QStringLiteral("/%1 button.png").arg(i, 2, 10, QLatin1Char('0')), i);
     BuildFullStore(kCurrent);
     ZOR::initialWinTop = 60;
     ZOR::initialWinLeft = 60;
