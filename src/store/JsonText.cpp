@@ -36,6 +36,9 @@ bool mayEndRun(uint64_t v) {
 }
 
 size_t plainRunEnd(std::string_view text, size_t from) {
+    // Keys and most values are short: byte by byte first, in steps once the run is long.
+    for (const size_t shortEnd = std::min(text.size(), from + 16); from < shortEnd; ++from)
+        if (kEndsRun[uint8_t(text[from])]) return from;
     while (from + 8 <= text.size() && !mayEndRun(load8(text.data() + from))) from += 8;
     while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
     return from;
