@@ -1,6 +1,6 @@
 // Load and save of a full store of 100 palettes (10,101 objects), side by side with Python's
 // json module on the same file in the same run. Prints medians and ratios.
-#include "store/ZOR.h"
+#include "FullStore.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -19,27 +19,11 @@ double median(std::vector<double> v) {
     return v[v.size() / 2];
 }
 
-void buildFullStore() {
-    ZOR::ResetStore();
-    ZOR::MakeAlphabetShortcuts();
-    ZOR::CreateFirstPalette();
-    for (int p = 1; p < 100; ++p) {
-        ZOR::DP.emplace_back();
-        ZOR::DefaultValuesPalette(p);
-    }
-    for (auto& slot : ZOR::DP)
-        for (auto& b : *slot.a_Btn) {
-            b->Tip = QStringLiteral("Opens the project folder %1 in the Finder").arg(b->ID);
-            b->Info = QStringLiteral("Runs the macro for button %1.\nSecond line of notes — “quoted”.").arg(b->sID);
-            b->KM_Active = true;
-        }
-    ZOR::idxCP = 3;
-}
 } // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    buildFullStore();
+    BuildFullStore(3);
     QTemporaryDir dir;
     const QString path = dir.filePath("PreserveState.txt");
     const QByteArray bytes = ZOR::JSON_CreateData().toUtf8();

@@ -8,6 +8,7 @@
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
+#include "palette_window/PictureCache.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
@@ -21,6 +22,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPalette>
+#include <QTimer>
 #include <utility>
 
 App::App(int& argc, char** argv) : QApplication(argc, argv) {
@@ -43,6 +45,16 @@ void retireOldFolder(const QString& support) {
     if (!QFile::rename(supportDir.filePath(kOldFolderName),
                        supportDir.filePath(AppGlobals::kAppFolderName + '/' + keptName)))
         throw IOException("The old folder ZOR_Palette could not be removed.");
+}
+
+// The current palette's pictures are decoded on worker threads while the data file is read.
+void startOnCurrentPictures() {
+    const qint64 current = ZOR::PeekCurrentPalette();
+    if (current < 0 || current > 99) return;
+    const QString name = QStringLiteral("P%1").arg(current, 2, 10, QLatin1Char('0'));
+    QStringList paths;
+    for (const auto& file : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + name)) paths << file.second;
+    PictureCache::PrefetchAtStart(paths);
 }
 } // namespace
 
@@ -101,6 +113,7 @@ void App::Event_Opening() {
         ZOR::paletteContentChange = false;
         ZOR::paletteActiveChange = false;
         ZOR::MakeAlphabetShortcuts();
+        startOnCurrentPictures();
         ZOR::GetZOR_DataFromDisk();
         ZOR::ActivatePalette(ZOR::idxCP);
         ZOR::QuitSavePaletteChanges = true;
@@ -117,12 +130,13 @@ void App::InstallMenus(winMain& window) {
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
-    app.setWindowIcon(ApplicationIcon());
     ErrorHandling::Install();
     app.Event_Opening();
     winMain window;
     InstallMenus(window);
     window.Event_Opening();
     window.show();
+    // Decoding the large icon would delay the first frame; the window takes it a moment later.
+    QTimer::singleShot(0, &app, [&app] { app.setWindowIcon(ApplicationIcon()); });
     return app.exec();
 }

@@ -1,20 +1,136 @@
 #include "palette_window/PictureCache.h"
 
+#include "util/FileTools.h"
+#include "util/StringUtils.h"
 #include "util/ZorError.h"
 
 #include <QFileInfo>
 #include <QImageReader>
 
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace {
+PictureCache::Stamp stampOf(const QFileInfo& file) { return {file.lastModified(), file.size()}; }
+
+PictureCache::Decoded decode(const QString& path) {
+    QImageReader reader(path);
+    QImage image = reader.read();
+    if (image.isNull()) return {{}, reader.errorString()};
+    // Converted here, off the GUI thread, to the format pixmaps are painted from.
+    image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+    return {std::move(image), {}};
+}
+} // namespace
+
+// Files decoded by a few worker threads. Only decoding happens there: the pixmaps, the cache and
+// every widget stay on the GUI thread.
+class DecodeBatch {
+public:
+    explicit DecodeBatch(const QStringList& paths) {
+        for (const QString& path : paths) {
+            auto slot = std::make_unique<Slot>();
+            slot->path = path;
+            slot->stamp = stampOf(QFileInfo(path));
+            slot->result = slot->done.get_future();
+            index.insert(path, files.size());
+            files.push_back(std::move(slot));
+        }
+        const size_t cores = std::max(1u, std::thread::hardware_concurrency());
+        const size_t count = std::min({cores, size_t(4), (files.size() + 7) / 8});
+        for (size_t i = 0; i < count; ++i) workers.emplace_back([this] { work(); });
+    }
+    ~DecodeBatch() {
+        next = files.size(); // no new files; those begun are finished
+        for (std::thread& t : workers) t.join();
+    }
+    bool Holds(const QString& path) const { return index.contains(path); }
+
+    // The file's decoded picture, when it is in the batch and unchanged since the batch began.
+    std::optional<PictureCache::Decoded> Take(const QString& path, const PictureCache::Stamp& now) {
+        const auto found = index.constFind(path);
+        if (found == index.constEnd()) return std::nullopt;
+        Slot& slot = *files[*found];
+        index.erase(found);
+        if (!slot.claimed.exchange(true)) slot.done.set_value(decode(slot.path));
+        PictureCache::Decoded decoded = slot.result.get();
+        if (slot.stamp != now) return std::nullopt;
+        return decoded;
+    }
+
+private:
+    struct Slot {
+        QString path;
+        PictureCache::Stamp stamp;
+        std::atomic<bool> claimed{false};
+        std::promise<PictureCache::Decoded> done;
+        std::future<PictureCache::Decoded> result;
+    };
+    void work() {
+        for (size_t i = next++; i < files.size(); i = next++)
+            if (!files[i]->claimed.exchange(true)) files[i]->done.set_value(decode(files[i]->path));
+    }
+    std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
+    QHash<QString, size_t> index;             // GUI thread only
+    std::atomic<size_t> next{0};
+    std::vector<std::thread> workers;
+};
+
+namespace {
+std::unique_ptr<DecodeBatch>& startBatch() {
+    static std::unique_ptr<DecodeBatch> batch;
+    return batch;
+}
+} // namespace
+
+PictureCache::PictureCache() : batch(std::move(startBatch())) {}
+
+PictureCache::~PictureCache() = default;
+
+void PictureCache::PrefetchAtStart(const QStringList& paths) {
+    startBatch() = paths.isEmpty() ? nullptr : std::make_unique<DecodeBatch>(paths);
+}
+
+void PictureCache::Prefetch(const QStringList& paths) {
+    QStringList wanted;
+    for (const QString& path : paths) {
+        const auto found = entries.constFind(path);
+        if (found != entries.constEnd() && found->stamp == stampOf(QFileInfo(path))) continue;
+        if (batch && batch->Holds(path)) continue;
+        wanted << path;
+    }
+    if (wanted.isEmpty()) return;
+    batch.reset(); // its workers are done or nearly so
+    batch = std::make_unique<DecodeBatch>(wanted);
+}
+
 QPixmap PictureCache::Load(const QString& path) {
     const QFileInfo file(path);
+    const Stamp now = stampOf(file);
     auto found = entries.constFind(path);
-    if (found != entries.constEnd() && found->modified == file.lastModified() && found->size == file.size())
-        return found->picture;
-    QImageReader reader(path);
-    const QImage image = reader.read();
-    if (image.isNull())
-        throw IOException("The picture " + file.fileName() + " could not be opened: " + reader.errorString());
-    const QPixmap picture = QPixmap::fromImage(image);
-    entries.insert(path, {file.lastModified(), file.size(), picture});
+    if (found != entries.constEnd() && found->stamp == now) return found->picture;
+    std::optional<Decoded> decoded = batch ? batch->Take(path, now) : std::nullopt;
+    if (!decoded) decoded = decode(path);
+    if (decoded->image.isNull())
+        throw IOException("The picture " + file.fileName() + " could not be opened: " + decoded->error);
+    const QPixmap picture = QPixmap::fromImage(std::move(decoded->image));
+    entries.insert(path, {now, picture});
     return picture;
+}
+
+QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder) {
+    QStringList names;
+    FileTools::FolderFilesToArray(folder, names);
+    names.sort();
+    QList<std::pair<int, QString>> files;
+    for (const QString& name : names) {
+        const QString digits = name.left(2);
+        if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
+        files.append({digits.toInt(), folder + '/' + name});
+    }
+    return files;
 }

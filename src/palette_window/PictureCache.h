@@ -1,21 +1,52 @@
 #pragma once
 #include <QDateTime>
 #include <QHash>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class DecodeBatch;
 
 // Decoded button pictures, so that switching back to a palette does not decode its files again.
 // A file counts as the same while its size and modification time are; a changed file is read anew.
+// Files named ahead with Prefetch are decoded on worker threads; Load, on the GUI thread, takes
+// each one as it is done, or decodes it itself when no worker has begun it yet.
 class PictureCache {
 public:
+    PictureCache();
+    ~PictureCache();
+    PictureCache(const PictureCache&) = delete;
+    PictureCache& operator=(const PictureCache&) = delete;
+
     // The picture in `path`; throws IOException when the file is no picture.
     QPixmap Load(const QString& path);
+    // Starts decoding the files that are neither cached nor under way.
+    void Prefetch(const QStringList& paths);
+    // The same before any window exists: the first cache made adopts the work.
+    static void PrefetchAtStart(const QStringList& paths);
+
+    struct Stamp {
+        QDateTime modified;
+        qint64 size = -1;
+        bool operator==(const Stamp&) const = default;
+    };
+    struct Decoded {
+        QImage image;
+        QString error;
+    };
 
 private:
     struct Entry {
-        QDateTime modified;
-        qint64 size = 0;
+        Stamp stamp;
         QPixmap picture;
     };
     QHash<QString, Entry> entries;
+    std::unique_ptr<DecodeBatch> batch;
 };
+
+// The picture files of a palette's folder, by button number; names that do not start with two
+// digits belong to no button.
+QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder);

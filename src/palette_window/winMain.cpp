@@ -150,16 +150,14 @@ void winMain::SizeToGrid(int width, int height) {
 
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
-        const QString folder = AppGlobals::folderPathButFolder + '/' + ZOR::paleName;
-        QStringList names;
-        if (!ZOR::paleName.isEmpty()) FileTools::FolderFilesToArray(folder, names);
-        names.sort();
+        const auto files = ZOR::paleName.isEmpty()
+                               ? QList<std::pair<int, QString>>()
+                               : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + ZOR::paleName);
+        QStringList paths;
+        for (const auto& file : files) paths << file.second;
+        pictures.Prefetch(paths);
         hasPicture.clear();
-        for (const QString& name : names) {
-            const QString digits = name.left(2);
-            if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
-            const int n = digits.toInt();
-            const QString path = folder + '/' + name;
+        for (const auto& [n, path] : files) {
             try {
                 cnButs[size_t(n)]->SetBackdrop(pictures.Load(path));
                 hasPicture.append(n);

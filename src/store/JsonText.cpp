@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <cstring>
 #include <limits>
 
 namespace JsonText {
@@ -20,7 +21,25 @@ constexpr std::array<bool, 256> kEndsRun = [] {
     return table;
 }();
 
+// Eight bytes at a time: whether any of them may be a byte of kEndsRun (a few false alarms
+// above a true one are harmless, the bytes are then looked at one by one).
+constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull;
+uint64_t load8(const char* p) {
+    uint64_t v;
+    std::memcpy(&v, p, 8);
+    return v;
+}
+bool mayEndRun(uint64_t v) {
+    const uint64_t quote = v ^ (kOnes * '"'), backslash = v ^ (kOnes * '\\');
+    const uint64_t control = (v - kOnes * 0x20) & ~v;
+    return ((control | ((quote - kOnes) & ~quote) | ((backslash - kOnes) & ~backslash)) & kHighs) != 0;
+}
+
 size_t plainRunEnd(std::string_view text, size_t from) {
+    // Keys and most values are short: byte by byte first, in steps once the run is long.
+    for (const size_t shortEnd = std::min(text.size(), from + 16); from < shortEnd; ++from)
+        if (kEndsRun[uint8_t(text[from])]) return from;
+    while (from + 8 <= text.size() && !mayEndRun(load8(text.data() + from))) from += 8;
     while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
     return from;
 }
@@ -32,6 +51,10 @@ size_t invalidUtf8At(std::string_view text) {
     const size_t n = text.size();
     size_t i = 0;
     while (i < n) {
+        if (i + 8 <= n && (load8(text.data() + i) & kHighs) == 0) {
+            i += 8;
+            continue;
+        }
         const uint8_t c = bytes[i];
         if (c < 0x80) {
             ++i;

@@ -80,6 +80,9 @@ QString JSON_CreateData();
 bool JSON_ParseData(const QString& text); // false when the text could not be read
 bool JSON_ParseData(std::string_view utf8);
 QString DataFilePath();
+// The active palette's index from the head of the data file, read before the file itself; -1
+// when the head cannot be told. It only lets the start begin on that palette's pictures early.
+qint64 PeekCurrentPalette();
 bool WriteDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
 
 // backups

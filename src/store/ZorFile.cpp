@@ -131,6 +131,27 @@ void nextElementOrFail(JsonText::Reader& r) {
 }
 } // namespace
 
+qint64 ZOR::PeekCurrentPalette() {
+    QFile in(DataFilePath());
+    if (!in.open(QIODevice::ReadOnly)) return -1;
+    const QByteArray start = in.read(4096);
+    const qsizetype headEnd = start.indexOf('}');
+    if (headEnd < 0) return -1;
+    try {
+        JsonText::Reader r(std::string_view(start.constData(), size_t(headEnd + 1)));
+        std::string_view key;
+        r.beginArray();
+        if (!r.nextElement()) return -1;
+        r.beginObject();
+        while (r.nextKey(key)) {
+            if (key == "CurrentPalette") return r.readInteger();
+            r.skipValue();
+        }
+    } catch (const JSONException&) {
+    }
+    return -1;
+}
+
 QString ZOR::DataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
 
 bool ZOR::WriteDataFile(const QString& text) {

@@ -1,0 +1,249 @@
+// Cold start seen from outside: ZOR_Palette against a bare main window of the same size with a
+// menu bar, started alternately under a private Xvfb. For each start: the time from spawning
+// the process to the X server's MapNotify of its window, then the CPU time and peak memory of
+// the whole run, which a WM_DELETE_WINDOW sent right after the map ends. Prints medians and
+// ratios. With --prepare DIR it only lays out the full store in DIR (for profiling by hand).
+#include "FullStore.h"
+
+#include "util/AppGlobals.h"
+#include "util/FileTools.h"
+#include "util/StdFolders.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+#include <xcb/xcb.h>
+
+extern char** environ;
+
+namespace {
+constexpr int kRuns = 15;
+
+double now() {
+    timespec t{};
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    return double(t.tv_sec) * 1e3 + double(t.tv_nsec) / 1e6;
+}
+
+double median(std::vector<double> v) {
+    std::sort(v.begin(), v.end());
+    return v.empty() ? 0 : v[v.size() / 2];
+}
+
+// A full store of 100 palettes, with 100 pictures of 64 x 64 in the current one, under `home`.
+void prepareHome(const QString& home) {
+    for (const char* sub : {"/.local/share", "/.config", "/.cache", "/Desktop"}) QDir().mkpath(home + sub);
+    qputenv("HOME", home.toUtf8());
+    qputenv("XDG_DATA_HOME", (home + "/.local/share").toUtf8());
+    qputenv("XDG_CONFIG_HOME", (home + "/.config").toUtf8());
+    qputenv("XDG_CACHE_HOME", (home + "/.cache").toUtf8());
+    const QString support = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
+    constexpr int kCurrent = 3;
+    const QString folder = support + QStringLiteral("/ButtonPictures/P%1").arg(kCurrent, 2, 10, QLatin1Char('0'));
+    QDir().mkpath(folder);
+    for (int i = 0; i < 100; ++i) SaveButtonPicture(folder + QStringLiteral("/%1 button.png").arg(i, 2, 10, QLatin1Char('0')), i);
+    BuildFullStore(kCurrent);
+    ZOR::initialWinTop = 60;
+    ZOR::initialWinLeft = 60;
+    ZOR::initialWinWidth = 640;
+    ZOR::initialWinHeight = 700;
+    AppGlobals::appSupportFolder = support;
+    FileTools::StringToFileItem(ZOR::JSON_CreateData(), "PreserveState", support);
+    std::printf("store: %lld bytes, 100 pictures of 64 x 64 in P03\n",
+                qlonglong(QFileInfo(support + "/PreserveState.txt").size()));
+}
+
+pid_t spawn(const std::vector<std::string>& argv, const std::vector<std::string>& env) {
+    std::vector<char*> args, vars;
+    for (const auto& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+    for (const auto& v : env) vars.push_back(const_cast<char*>(v.c_str()));
+    args.push_back(nullptr);
+    vars.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+    pid_t pid = -1;
+    if (posix_spawn(&pid, args[0], &actions, nullptr, args.data(), vars.data()) != 0) pid = -1;
+    posix_spawn_file_actions_destroy(&actions);
+    return pid;
+}
+
+// A private X server on a display of its own choosing.
+struct Xserver {
+    pid_t pid = -1;
+    std::string display;
+    bool start() {
+        int fds[2];
+        if (pipe(fds) != 0) return false;
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, fds[1], 3);
+        posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+        const char* argv[] = {"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1024x24", "-nolisten", "tcp", nullptr};
+        const bool ok = posix_spawnp(&pid, "Xvfb", &actions, nullptr, const_cast<char**>(argv), environ) == 0;
+        posix_spawn_file_actions_destroy(&actions);
+        close(fds[1]);
+        char buffer[16] = {};
+        if (ok) {
+            if (read(fds[0], buffer, sizeof buffer - 1) > 0) display.append(":").append(std::to_string(atoi(buffer)));
+        }
+        close(fds[0]);
+        return ok && display.size() > 1;
+    }
+    ~Xserver() {
+        if (pid > 0) kill(pid, SIGTERM), waitpid(pid, nullptr, 0);
+    }
+};
+
+struct Start {
+    double mapMs = -1, cpuMs = 0, rssMiB = 0;
+};
+
+class Watcher {
+public:
+    explicit Watcher(const std::string& display) {
+        c = xcb_connect(display.c_str(), nullptr);
+        root = xcb_setup_roots_iterator(xcb_get_setup(c)).data->root;
+        const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        xcb_change_window_attributes(c, root, XCB_CW_EVENT_MASK, &mask);
+        protocols = atom("WM_PROTOCOLS");
+        deleteWindow = atom("WM_DELETE_WINDOW");
+        xcb_flush(c);
+    }
+    ~Watcher() { xcb_disconnect(c); }
+    bool ok() const { return !xcb_connection_has_error(c); }
+
+    // The first top-level window mapped within `timeoutMs`, or 0.
+    xcb_window_t waitForMap(double timeoutMs) {
+        const double end = now() + timeoutMs;
+        for (;;) {
+            while (xcb_generic_event_t* e = xcb_poll_for_event(c)) {
+                xcb_window_t mapped = 0;
+                if ((e->response_type & 0x7F) == XCB_MAP_NOTIFY) {
+                    const auto* map = reinterpret_cast<xcb_map_notify_event_t*>(e);
+                    if (!map->override_redirect) mapped = map->window;
+                }
+                free(e);
+                if (mapped) return mapped;
+            }
+            const double left = end - now();
+            if (left <= 0) return 0;
+            pollfd p{xcb_get_file_descriptor(c), POLLIN, 0};
+            poll(&p, 1, int(left) + 1);
+        }
+    }
+
+    void close(xcb_window_t window) {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = window;
+        event.type = protocols;
+        event.data.data32[0] = deleteWindow;
+        event.data.data32[1] = XCB_CURRENT_TIME;
+        xcb_send_event(c, 0, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&event));
+        xcb_flush(c);
+    }
+
+    void drain() {
+        while (xcb_generic_event_t* e = xcb_poll_for_event(c)) free(e);
+    }
+
+private:
+    xcb_atom_t atom(const char* name) {
+        xcb_intern_atom_reply_t* r = xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, uint16_t(strlen(name)), name), nullptr);
+        const xcb_atom_t a = r ? r->atom : 0;
+        free(r);
+        return a;
+    }
+    xcb_connection_t* c;
+    xcb_window_t root;
+    xcb_atom_t protocols = 0, deleteWindow = 0;
+};
+
+Start measure(Watcher& watcher, const std::string& program, const std::vector<std::string>& env) {
+    Start s;
+    watcher.drain();
+    const double t0 = now();
+    const pid_t pid = spawn({program}, env);
+    if (pid < 0) return s;
+    const xcb_window_t window = watcher.waitForMap(20000);
+    if (window) {
+        s.mapMs = now() - t0;
+        watcher.close(window);
+    } else {
+        kill(pid, SIGKILL);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(pid, &status, 0, &usage);
+    auto ms = [](const timeval& t) { return double(t.tv_sec) * 1e3 + double(t.tv_usec) / 1e3; };
+    s.cpuMs = ms(usage.ru_utime) + ms(usage.ru_stime);
+    s.rssMiB = double(usage.ru_maxrss) / 1024.0;
+    return s;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    const QStringList args = app.arguments();
+    if (args.size() == 3 && args[1] == "--prepare") {
+        prepareHome(QDir(args[2]).absolutePath());
+        return 0;
+    }
+    QTemporaryDir home;
+    prepareHome(home.path());
+    Xserver x;
+    if (!x.start()) {
+        std::printf("Xvfb could not be started\n");
+        return 1;
+    }
+    Watcher watcher(x.display);
+    if (!watcher.ok()) return 1;
+
+    std::vector<std::string> env;
+    for (char** e = environ; *e; ++e)
+        if (strncmp(*e, "DISPLAY=", 8) != 0 && strncmp(*e, "QT_QPA_PLATFORM=", 16) != 0) env.emplace_back(*e);
+    env.push_back("DISPLAY=" + x.display);
+
+    const std::string programs[2] = {ZOR_PALETTE_BINARY, BARE_WINDOW_BINARY};
+    // One start of each first: the system's font and file caches warm up for both alike.
+    for (const auto& p : programs) measure(watcher, p, env);
+    std::vector<double> map[2], cpu[2], rss[2];
+    int failed = 0;
+    for (int run = 0; run < kRuns; ++run)
+        for (int k = 0; k < 2; ++k) {
+            const int which = (run % 2) ? 1 - k : k; // alternate which goes first
+            const Start s = measure(watcher, programs[which], env);
+            if (s.mapMs < 0) {
+                ++failed;
+                continue;
+            }
+            map[which].push_back(s.mapMs);
+            cpu[which].push_back(s.cpuMs);
+            rss[which].push_back(s.rssMiB);
+        }
+    std::printf("cold start, %d alternating runs under Xvfb, medians\n", kRuns);
+    if (failed) std::printf("  %d starts showed no window within 20 s\n", failed);
+    std::printf("                            ZOR_Palette   bare window   ratio / difference\n");
+    const double m0 = median(map[0]), m1 = median(map[1]), c0 = median(cpu[0]), c1 = median(cpu[1]);
+    const double r0 = median(rss[0]), r1 = median(rss[1]);
+    std::printf("  start to window mapped   %8.1f ms   %8.1f ms   %5.2fx   (goal <= 1.25x)\n", m0, m1, m0 / m1);
+    std::printf("  CPU of start and quit    %8.1f ms   %8.1f ms   %5.2fx   (+%.1f ms)\n", c0, c1, c0 / c1, c0 - c1);
+    std::printf("  peak memory              %8.1f MiB  %8.1f MiB  %+5.1f MiB (goal <= +15 MiB)\n", r0, r1, r0 - r1);
+    return 0;
+}

@@ -1,0 +1,69 @@
+// Button pictures are decoded ahead and kept decoded; a file changed on disk must still show as
+// it now is, on the next start and on a reload within the run.
+#include "common/Program.h"
+#include "palette_window/cnBut.h"
+#include "palette_window/winMain.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTest>
+
+namespace {
+enum class Change { LaterSameSize, SameTimeOtherSize };
+
+QString picturePath(const TempHome& home) { return home.programFolder() + "/ButtonPictures/P00/05 button.bmp"; }
+
+// Uncompressed, so that a picture of the same size gives a file of the same length.
+void paint(const QString& path, QColor colour, int side, const QDateTime& modified) {
+    QImage picture(side, side, QImage::Format_RGB32);
+    picture.fill(colour);
+    QDir().mkpath(QFileInfo(path).path());
+    QVERIFY(picture.save(path, "BMP"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(modified, QFileDevice::FileModificationTime));
+}
+
+void change(const QString& path, Change how, QColor colour) {
+    const QFileInfo before(path);
+    if (how == Change::LaterSameSize) paint(path, colour, before.size() > 10000 ? 64 : 48, before.lastModified().addSecs(2));
+    else paint(path, colour, before.size() > 10000 ? 48 : 64, before.lastModified());
+}
+
+QColor shown(const winMain& w) { return w.cnButs[5]->grab().toImage().pixelColor(10, 10); }
+} // namespace
+
+class PictureCacheTest : public QObject, ProgramFixture {
+    Q_OBJECT
+private slots:
+    void init() { setUpProgram(); }
+    void cleanup() { tearDownProgram(); }
+
+    void changedPictureIsShownChanged_data() {
+        QTest::addColumn<Change>("how");
+        QTest::newRow("same size, later time") << Change::LaterSameSize;
+        QTest::newRow("other size, same time") << Change::SameTimeOtherSize;
+    }
+    void changedPictureIsShownChanged() {
+        QFETCH(Change, how);
+        const QString path = picturePath(*home);
+        paint(path, Qt::red, 64, QDateTime::currentDateTime().addSecs(-60));
+        QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
+        program->quit();
+
+        change(path, how, Qt::blue);
+        program = std::make_unique<Program>();
+        winMain& w = startWith(1, 3, 3);
+        QCOMPARE(shown(w), QColor(Qt::blue));
+
+        // Within the run: a click on the palette name reloads the folder.
+        change(path, how, Qt::green);
+        QTest::mouseClick(w.labSeeNum, Qt::LeftButton);
+        QCOMPARE(shown(w), QColor(Qt::green));
+    }
+};
+
+QTEST_MAIN(PictureCacheTest)
+#include "tst_picture_cache.moc"
