@@ -13,7 +13,7 @@ if [ "$(uname)" = Darwin ]; then
 fi
 
 packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3
-          xvfb xauth xdotool x11-utils imagemagick fonts-dejavu-core
+          xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core
           clang libc++-dev libc++abi-dev)
 # libFuzzer for the fuzz preset: the runtime of the clang that stands as clang++.
 clang_major=$(clang++ --version 2>/dev/null | sed -n 's/.*clang version \([0-9]*\).*/\1/p' | head -n1)
