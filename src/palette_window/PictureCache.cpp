@@ -97,12 +97,10 @@ void PictureCache::PrefetchAtStart(const QStringList& paths) {
 
 void PictureCache::Prefetch(const QStringList& paths) {
     QStringList wanted;
-    for (const QString& path : paths) {
-        const auto found = entries.constFind(path);
-        if (found != entries.constEnd() && found->stamp == stampOf(QFileInfo(path))) continue;
-        if (batch && batch->Holds(path)) continue;
-        wanted << path;
-    }
+    // A file met before is left to Load, which checks its stamp anyway: a changed picture is rare,
+    // and asking each file for its time twice per switch is not.
+    for (const QString& path : paths)
+        if (!entries.contains(path) && !(batch && batch->Holds(path))) wanted << path;
     if (wanted.isEmpty()) return;
     batch.reset(); // its workers are done or nearly so
     batch = std::make_unique<DecodeBatch>(wanted);
