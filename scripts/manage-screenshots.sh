@@ -2,21 +2,12 @@
 # Screenshots of the switch, new, rename and delete windows under Xvfb, on a palette with
 # pictures in its first cells, into docs/screenshots/manage-*.png. Needs a build.
 set -euo pipefail
-ROOT="$(cd "$(dirname "$0")/.." && pwd)"
-BIN="${1:-$ROOT/build/dev/bin/ZOR_Palette}"
-OUT="$ROOT/docs/screenshots"
-mkdir -p "$OUT"
-source "$ROOT/tests/e2e/lib.bash" "$BIN"
-start_display
+source "$(dirname "$0")/screenshot-common.bash" "${1:-}"
 
-pictures="$E2E_DATA/ButtonPictures/P01"
-mkdir -p "$pictures"
-colours=("#4a90d9" "#e2574c" "#3fb37f" "#f2a33a" "#8e6bd8" "#2bb3c0")
 glyphs=(M S K A N W)
 k=0
 for i in 00 01 02 10 11 12; do
-  convert -size 64x64 xc:none -fill "${colours[$k]}" -draw "roundrectangle 3,3 60,60 12,12" \
-    -fill white -font DejaVu-Sans-Bold -pointsize 30 -gravity center -annotate 0 "${glyphs[$k]}" "$pictures/${i}_${glyphs[$k]}.png"
+  button_picture "$E2E_DATA/ButtonPictures/P01" "$i" "${glyphs[$k]}"
   k=$((k + 1))
 done
 write_store 5 '

@@ -2,21 +2,11 @@
 # Screenshots of a 10 x 10 palette with pictures, numbers and shortcut letters, and of a 3 x 4
 # palette, taken under Xvfb into docs/screenshots/. Needs a build (scripts/run.sh makes one).
 set -euo pipefail
-ROOT="$(cd "$(dirname "$0")/.." && pwd)"
-BIN="${1:-$ROOT/build/dev/bin/ZOR_Palette}"
-OUT="$ROOT/docs/screenshots"
-mkdir -p "$OUT"
-source "$ROOT/tests/e2e/lib.bash" "$BIN"
-start_display
+source "$(dirname "$0")/screenshot-common.bash" "${1:-}"
 
-pictures="$E2E_DATA/ButtonPictures/P00"
-mkdir -p "$pictures"
-colours=("#4a90d9" "#e2574c" "#3fb37f" "#f2a33a" "#8e6bd8" "#2bb3c0")
 glyphs=(M S K A N W)
 for i in 00 03 11 14 22 27 35 41 56 68 72 89; do
-  c=${colours[$((10#$i % 6))]}; g=${glyphs[$((10#$i % 6))]}
-  convert -size 64x64 xc:none -fill "$c" -draw "roundrectangle 3,3 60,60 12,12" \
-    -fill white -font DejaVu-Sans-Bold -pointsize 30 -gravity center -annotate 0 "$g" "$pictures/${i}_$g.png"
+  button_picture "$E2E_DATA/ButtonPictures/P00" "$i" "${glyphs[$((10#$i % 6))]}"
 done
 write_store 2 '
 for i in (0, 1, 5, 14, 20, 33, 47, 51, 60):
