@@ -5,16 +5,10 @@ source "$(dirname "$0")/lib.bash"
 start_display
 write_store 3
 
-# The first window of the program with this title, in $FOUND.
-window_named() {
-  FOUND=$(xdotool search --all --pid "$E2E_PID" --onlyvisible --name "^$1\$" 2>/dev/null | head -n1 || true)
-  [ -n "$FOUND" ]
-}
-
 # Keys for the window of that title, once it is there.
 keys_to() {
   local title=$1; shift
-  wait_until 30 window_named "$title" || fail "no window \"$title\" appeared"
+  wait_until 30 found "$title" || fail "no window \"$title\" appeared"
   focus_window "$FOUND"
   xdotool key "$@"
 }
@@ -24,7 +18,7 @@ keys_to() {
 open_backup_window() {
   send_keys alt+e
   xdotool key Left Up Up Return
-  wait_until 30 window_named "Manage PreserveState Backup" || fail "the backup window did not open"
+  wait_until 30 found "Manage PreserveState Backup" || fail "the backup window did not open"
 }
 
 # Run 1: switch palettes (a change of this run), then Make Backup; the quit saves the change.
@@ -53,7 +47,7 @@ start_program
 wait_until 30 title_is "ZOR P01" || fail "the second run did not start on P01"
 open_backup_window
 keys_to "Manage PreserveState Backup" Tab space # from Cancel to Restore Backup
-wait_until 30 window_named "Choose Restoring File" || fail "the open-file dialog did not appear"
+wait_until 30 found "Choose Restoring File" || fail "the open-file dialog did not appear"
 focus_window "$FOUND"
 xdotool type --delay 20 "$E2E_HOME/Desktop/$backup"
 xdotool key Return

@@ -14,25 +14,19 @@ start_display
 start_program
 focus_window
 
-# A visible window of the program other than the palette window, by its title.
-window_named() {
-  xdotool search --pid "$E2E_PID" --onlyvisible --name "^$1\$" 2>/dev/null | grep -vx "$E2E_WIN" | head -n1
-}
-shows() { [ -n "$(window_named "$1")" ]; }
-
 # The bar shows Edit, Palette, Configure; the second item of Configure is Button Pictures.
 send_keys alt+e Right Right Down Return
-wait_until 30 shows "ZOR_Palette" || fail "no message about the picture of the wrong size"
+wait_until 30 found ZOR_Palette || fail "no message about the picture of the wrong size"
 [ -f "$pics/05 blue.png" ] || fail "the picture moved before its message was answered"
-focus_window "$(window_named ZOR_Palette)"
+focus_window "$FOUND"
 xdotool key Return
-wait_until 30 shows "Button Pictures: ZOR P00" || fail "the Button Pictures window did not open"
+wait_until 30 found "Button Pictures: ZOR P00" || fail "the Button Pictures window did not open"
 removed="$E2E_HOME/Desktop/RemovedZOR_PaletteButtonPictures"
 cmp -s "$removed/05 blue.png" "$E2E_HOME/blue.original" || fail "the wrong picture is not on the Desktop unchanged"
 [ -f "$pics/03 red.png" ] || fail "the good picture was taken out"
-focus_window "$(window_named 'Button Pictures: ZOR P00')"
+focus_window "$FOUND"
 xdotool key Return # Done is the default button
-wait_until 30 eval '! shows "Button Pictures: ZOR P00"' || fail "Done did not close the window"
+wait_until 30 eval '! window_named "Button Pictures: ZOR P00" >/dev/null' || fail "Done did not close the window"
 
 # Button 03 is red now; button 05 shows its number on the usual grey.
 pixel_of_button() {

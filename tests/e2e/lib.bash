@@ -43,26 +43,48 @@ start_display() {
 # program's life is watched with kill. A start that still ends before its window is told with
 # its status and log and tried again, up to E2E_START_TRIES times (2 unless told).
 start_program() {
-  local try status finder
+  local try status finder deadline
   for ((try = 1; try <= ${E2E_START_TRIES:-2}; try++)); do
     "$E2E_BIN" >"$E2E_HOME/program.log" 2>&1 &
     E2E_PID=$!
-    timeout 60 xdotool search --sync --onlyvisible --pid "$E2E_PID" >"$E2E_HOME/window" 2>/dev/null &
-    finder=$!
-    wait_until 60 eval '! kill -0 "$finder" || ! kill -0 "$E2E_PID"' || true
+    : >"$E2E_HOME/window"
+    deadline=$((SECONDS + 60))
+    # xdotool ends at once, with nothing found, on an X error such as a window going while it
+    # looks; then it is asked again.
+    while [ ! -s "$E2E_HOME/window" ] && [ $SECONDS -lt $deadline ] && kill -0 "$E2E_PID" 2>/dev/null; do
+      timeout 60 xdotool search --sync --onlyvisible --pid "$E2E_PID" >"$E2E_HOME/window" 2>/dev/null &
+      finder=$!
+      wait_until 60 eval '! kill -0 "$finder" || ! kill -0 "$E2E_PID"' || true
+      kill "$finder" 2>/dev/null || true
+      wait "$finder" 2>/dev/null || true
+    done
     if kill -0 "$E2E_PID" 2>/dev/null; then
-      wait "$finder" || true
       E2E_WIN=$(head -n1 "$E2E_HOME/window")
       [ -n "$E2E_WIN" ] && return 0
       fail "the palette window did not appear: $(cat "$E2E_HOME/program.log")"
     fi
-    kill "$finder" 2>/dev/null || true
     status=0; wait "$E2E_PID" || status=$?
     echo "the program ended at start with status $status (try $try): $(cat "$E2E_HOME/program.log")" >&2
     E2E_STARTS_LOST=$((${E2E_STARTS_LOST:-0} + 1))
   done
   fail "the program ended at start $((try - 1)) times in a row"
 }
+
+# The first visible window of the program with this title, other than the palette window.
+# Without --all, xdotool takes windows of the process *or* of the name. Menus are left out: their
+# popups bear the program's name as title, as its messages do.
+window_named() {
+  local win
+  for win in $(xdotool search --all --pid "$E2E_PID" --onlyvisible --name "^$1\$" 2>/dev/null || true); do
+    [ "$win" != "$E2E_WIN" ] || continue
+    xwininfo -id "$win" 2>/dev/null | grep -q 'Override Redirect State: no' || continue
+    echo "$win"
+    return 0
+  done
+  return 1
+}
+# The same, in $FOUND, for waiting on it.
+found() { FOUND=$(window_named "$1"); }
 
 has_focus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ]; }
 
