@@ -8,6 +8,8 @@
 #
 # The copy and its build folder stay in $MUTANTS_DIR (default /tmp/zor-mutants-<uid>), so a second
 # run and each fault rebuild only what changed. $MUTANTS_LIST names another list of faults.
+# $MUTANTS_TESTS (say "tst_store tst_backup") builds and runs only those tests: quick while
+# reworking a test file, but a fault it misses may still be caught by another test.
 # A fault whose text is not found once in its file, or that does not build, is an error, never
 # counted as caught. Exit status 0 only when every fault was caught.
 set -uo pipefail
@@ -66,6 +68,10 @@ targets=()
 for t in "$TREE"/tests/tst_*.cpp; do targets+=("$(basename "$t" .cpp)"); done
 # The kill test takes minutes and checks what the store's tests check quicker; it never runs here.
 labels=(-LE 'e2e|soak')
+if [ -n "${MUTANTS_TESTS:-}" ]; then
+  read -ra targets <<<"$MUTANTS_TESTS"
+  labels+=(-R "^($(IFS='|'; echo "${targets[*]}"))\$")
+fi
 if [ "$E2E" = 1 ]; then
   targets+=(ZOR_Palette)
   labels=(-LE soak)
