@@ -7,11 +7,9 @@
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
-#include "tst_assets_snapshot.h"
+#include "tst_files.h"
 
-#include <QBuffer>
 #include <QDir>
-#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -29,19 +27,9 @@ QString moved(const QString& what, const QString& how = " is moved to ") {
     return what + how + kRemoved + " on Desktop.";
 }
 
-QByteArray picture(int width, int height, const char* format = "PNG") {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(QColor(width % 256, height % 256, 90));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
-
 // A 20000 x 20000 picture by its header alone, far too big to decode; the window must not try.
 QByteArray huge() {
-    QByteArray bytes = picture(1, 1, "JPG");
+    QByteArray bytes = picture(1, 1, Qt::red, "JPG");
     char* frame = bytes.data() + bytes.indexOf("\xFF\xC0") + 5; // the frame header's height and width
     qToBigEndian<quint16>(20000, frame);
     qToBigEndian<quint16>(20000, frame + 2);
@@ -54,9 +42,7 @@ class AssetPicturesTest : public QObject, ProgramFixture {
 
     QString butFolder() const { return home->programFolder() + "/ButtonPictures"; }
     QString removed() const { return home->desktop() + '/' + kRemoved; }
-    QString put(const QString& path, const QByteArray& bytes) const {
-        return home->writeInProgram("ButtonPictures/" + path, bytes);
-    }
+    QString put(const QString& path, const QByteArray& bytes) const { return home->writeInProgram("ButtonPictures/" + path, bytes); }
     static QList<bool> enabled(const winButtonPics& w) {
         return {w.pbAdd->isEnabled(), w.pbCancelAdd->isEnabled(), w.pbSelectPicToAdd->isEnabled(),
                 w.pbDone->isEnabled()};
@@ -73,7 +59,7 @@ private slots:
         const QByteArray ok = picture(64, 64);
         // clang-format off
         const QList<std::pair<QString, QByteArray>> files{
-            {"P00/01 good.png", ok}, {"P00/02 edge.png", picture(51, 69, "JPG")}, {"P00/03 narrow.png", picture(50, 64)},
+            {"P00/01 good.png", ok}, {"P00/02 edge.png", picture(51, 69, Qt::red, "JPG")}, {"P00/03 narrow.png", picture(50, 64)},
             {"P00/04 tall.png", picture(64, 70)}, {"P00/07.png", "just some text"}, {"P00/08.PNG", ok},
             {"P00/09.gif", ok}, {"P00/10.old.png", ok}, {"P00/11a.png", picture(60, 60)}, {"P00/11b.png", picture(61, 61)},
             {"P00/12 huge.png", huge()}, {"P00/13 empty.png", {}}, {"P00/" + unicode, picture(70, 70)},
@@ -148,7 +134,7 @@ private slots:
         QTest::newRow("no digits") << "cat.png" << picture(64, 64)
                                    << "The selected picture must have a name starting with two digits.";
         QTest::newRow("wide") << "05 wide.png" << picture(70, 64) << kSize + "05 wide.png is too wide.";
-        QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, "JPG") << kSize + "05 tall.jpgis too tall.";
+        QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, Qt::red, "JPG") << kSize + "05 tall.jpgis too tall.";
         QTest::newRow("huge") << "05 huge.png" << huge() << kSize + "05 huge.png is too wide.";
         QTest::newRow("no picture") << "05 text.png" << QByteArray("text")
                                     << "The chosen file is supposed to be a picture.";
@@ -225,8 +211,7 @@ private slots:
                                                             w->labPathButFolder})
             QTest::mouseClick(label, Qt::LeftButton);
         QStringList shown;
-        for (const auto& r : dialogs->requests)
-            shown << r.title;
+        for (const auto& r : dialogs->requests) shown << r.title;
         QCOMPARE(shown, QStringList({"Button Pictures: " + ZOR::paleWinTitle, "Button Pictures Overview",
                                      "Select Pictures to Add", "All Button Pictures",
                                      "Removed From Button Pictures", "Complete Path"}));

@@ -6,7 +6,7 @@
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
-#include "tst_assets_snapshot.h"
+#include "tst_files.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -121,8 +121,7 @@ private slots:
         QTest::mouseClick(w->labLinked, Qt::LeftButton);
         QTest::mouseClick(w->labDF, Qt::LeftButton);
         QStringList shown;
-        for (const auto& r : dialogs->requests)
-            shown << r.title + ' ' + (r.kind == Dialogs::Kind::OpenFile ? r.detail : QString());
+        for (const auto& r : dialogs->requests) shown << r.title + ' ' + (r.kind == Dialogs::Kind::OpenFile ? r.detail : QString());
         QCOMPARE(shown, QStringList({"Manage AppleScript ", "Choose AppleScript " + home->desktop(),
                                      "Manage AppleScript Overview ", "Linked AppleScripts ",
                                      "Applescripts Folder "}));

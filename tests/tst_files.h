@@ -1,12 +1,26 @@
 #pragma once
-// What the asset tests look at. Every file under a folder by content (links by their target,
-// folders not at all), with where it lies: a snapshot before an action tells after it whether
-// anything the user had is gone or changed. And a list's rows as the user reads them.
+// What the window tests make and look at. Pictures made to measure. Every file under a folder by
+// content (links by their target, folders not at all), with where it lies: a snapshot before an
+// action tells after it whether anything the user had is gone or changed. A list's rows as the
+// user reads them.
 #include <QAbstractItemView>
+#include <QBuffer>
 #include <QDirIterator>
 #include <QFile>
+#include <QImage>
 #include <QMap>
 #include <QStringList>
+
+// A picture's file as bytes.
+inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
 
 using HomeFiles = QMap<QByteArray, QStringList>;
 
