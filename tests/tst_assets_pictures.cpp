@@ -2,18 +2,8 @@
 // and adding of the current palette's pictures. Nothing the user had may be lost on the way.
 #include "assets/AssetControls.h"
 #include "assets/winButtonPics.h"
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_files.h"
+#include "tst_windows.h"
 
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
 #include <QtEndian>
 
 namespace {

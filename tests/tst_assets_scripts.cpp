@@ -1,17 +1,7 @@
 // The AppleScript manager: what is in Apple_Scripts, what is in the Workshop on the Desktop, which
 // buttons link to which script, and the moves between the two folders.
 #include "assets/winManageAS.h"
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_files.h"
-
-#include <QDir>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
+#include "tst_windows.h"
 
 namespace {
 const QString kCountMessage = " file(s) with the incorrect extension removed from the AppleScript Folder and "

@@ -4,11 +4,9 @@
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
-#include "store/ZOR.h"
+#include "tst_windows.h"
 
-#include <QLabel>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace {
 // One press on the arrows ("up", "Shift down", ...): the value shown after it and how many

@@ -1,28 +1,20 @@
 // The design window driven as a user drives it: clicks on the grid and the arrows, typing into
 // the fields, OK, Cancel and Done, checked against the buttons of the active palette.
-#include "common/Program.h"
 #include "design/UpDownArrows.h"
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "help/Help.h"
-#include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_files.h"
+#include "tst_windows.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTest>
-#include <memory>
 
 namespace {
 std::vector<Btn> buttons() {

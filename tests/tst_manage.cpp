@@ -1,26 +1,17 @@
 // The palette management windows: switching by list and by two typed digits, new palettes,
 // renaming with the alias rules, and deleting with the pictures kept on the Desktop.
-#include "common/Program.h"
-#include "help/HelpLabels.h"
 #include "help/MessageCanvas.h"
 #include "manage/ccPalettePreview.h"
 #include "manage/winChangeAlias.h"
 #include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
 #include "manage/winSwitchPalette.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_files.h"
+#include "tst_windows.h"
 #include "util/Clock.h"
 
-#include <QDirIterator>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
 
 namespace {
 const QString kNoSuch = "The palette requested, P%1, does not exist";

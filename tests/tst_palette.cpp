@@ -1,16 +1,8 @@
 // The palette window at work: painting, clicks, keys, menus and palette switching.
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_files.h"
+#include "tst_windows.h"
 
 #include <QApplication>
-#include <QImage>
-#include <QLabel>
-#include <QTest>
 #include <QTimer>
 
 namespace {

@@ -1,15 +1,23 @@
 #pragma once
-// What the window tests make and look at. Pictures made to measure. Every file under a folder by
-// content (links by their target, folders not at all), with where it lies: a snapshot before an
-// action tells after it whether anything the user had is gone or changed. A list's rows as the
-// user reads them.
-#include <QAbstractItemView>
+// What the window tests share: the program's parts they drive, pictures made to measure, every
+// file under a folder by content (links by their target, folders not at all) with where it lies,
+// so that a snapshot before an action tells after it whether anything the user had is gone or
+// changed, and a list's rows as the user reads them.
+#include "common/Program.h"
+#include "help/HelpLabels.h"
+#include "palette_window/MainMenuBar.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+
 #include <QBuffer>
 #include <QDirIterator>
 #include <QFile>
 #include <QImage>
+#include <QLabel>
 #include <QMap>
-#include <QStringList>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
 
 // A picture's file as bytes.
 inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
