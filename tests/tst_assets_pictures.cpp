@@ -172,8 +172,7 @@ private slots:
         QCOMPARE(w->labID->text() + ' ' + w->labRevWthValue->text() + 'x' + w->labRevHtValue->text(),
                  QString("02 60x52"));
         QVERIFY(!w->cnShow->backdrop().isNull());
-        QTest::mouseClick(w->lbButPic->viewport(), Qt::LeftButton, {},
-                          w->lbButPic->visualItemRect(w->lbButPic->topLevelItem(0)).center());
+        pressRow(w->lbButPic, 0);
         QCOMPARE(w->labSelect->text(), QString("01 one.png"));
         w->pbToDesktop_Pressed();
         QVERIFY(QFileInfo::exists(removed() + "/P00/01 one.png"));

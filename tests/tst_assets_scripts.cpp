@@ -67,8 +67,7 @@ private slots:
         QVERIFY(!w->pbMoveToAppleScript->isEnabled());
 
         // A press selects, a second press on the same row lets go.
-        QTest::mouseClick(w->lbAppleScript->viewport(), Qt::LeftButton, {},
-                          w->lbAppleScript->visualItemRect(w->lbAppleScript->topLevelItem(0)).center());
+        pressRow(w->lbAppleScript, 0);
         QVERIFY(w->pbMoveToWorkshop->isEnabled() && w->lbAppleScript->topLevelItem(0)->isSelected());
         w->lbAppleScript_CellPressed(0);
         QVERIFY(!w->pbMoveToWorkshop->isEnabled() && !w->lbAppleScript->topLevelItem(0)->isSelected());

@@ -17,10 +17,6 @@ namespace {
 const QString kNoSuch = "The palette requested, P%1, does not exist";
 const QString kActive = "You have asked  to change to the currently active palette. There is nothing to do.";
 
-void pressRow(QTreeWidget& list, int row) {
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.topLevelItem(row)).center());
-}
-
 // Every file below `folder`, hidden ones too, by its path inside it.
 QMap<QString, QByteArray> filesBelow(const QString& folder) {
     QMap<QString, QByteArray> out;
@@ -127,14 +123,14 @@ private slots:
         w.show();
         QCOMPARE(QStringList({w.labCurrentAlias->text(), w.windowTitle()}) + rows(w.lbPalette), QStringList({"Original", "ZOR Palette", "P00:0", "P02:2", "P03:3"}));
         QVERIFY(!w.pbOK->isEnabled());
-        pressRow(*w.lbPalette, 1);
+        pressRow(w.lbPalette, 1);
         QCOMPARE(QStringList({w.labChoiceName->text(), w.labChoiceAlias->text(), w.labChoiceTitle->text()}),
                  QStringList({"P02", ZOR::DP[2].s_Alias, "Writing"}));
         QVERIFY(w.pbOK->isEnabled());
-        pressRow(*w.lbPalette, 0);
+        pressRow(w.lbPalette, 0);
         QVERIFY(!w.pbOK->isEnabled());
         QCOMPARE(dialogs->texts(), QStringList{"This is the already chosen palette."});
-        pressRow(*w.lbPalette, 2);
+        pressRow(w.lbPalette, 2);
         QTest::mouseClick(w.pbOK, Qt::LeftButton);
         QVERIFY(ZOR::idxCP == 3 && !w.isVisible());
     }

@@ -55,6 +55,11 @@ inline QStringList lostSince(const HomeFiles& before, const QString& root) {
     return out;
 }
 
+// A click on the middle of a list's row.
+inline void pressRow(QTreeWidget* list, int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(row)).center());
+}
+
 // Each row's cells in `columns` joined by '|'; a cell's tag, if any, follows it after a ':'.
 inline QStringList rows(const QAbstractItemView* list, const QList<int>& columns = {0}) {
     QStringList out;
