@@ -232,10 +232,8 @@ private slots:
                  QStringList({freedText, "P02     Mail tools"}));
         QVERIFY(!bar->miPaletteParticulars->isEnabled() && !bar->FileMenu->menuAction()->isVisible());
 
-        for (int p = 5; p < 12; ++p) {
-            ZOR::DP.emplace_back();
-            ZOR::DefaultValuesPalette(p);
-        }
+        for (int p = 5; p < 12; ++p)
+            ZOR::DP.emplace_back(), ZOR::DefaultValuesPalette(p);
         ZOR::ChangeToPalette(9);
         w.Event_MenuBarSelected();
         QCOMPARE(enabled(*bar), QString("1011111110"));
@@ -275,8 +273,7 @@ private slots:
             created << ZOR::paleName + QString::number(ZOR::idxCP);
         }
         QCOMPARE(created, QStringList({"P011", "P044", "P055"}));
-        QCOMPARE(ZOR::DP.size(), size_t(6));
-        QVERIFY(!ZOR::IsPaletteExistant(-1) && !ZOR::IsPaletteExistant(100));
+        QVERIFY(ZOR::DP.size() == 6 && !ZOR::IsPaletteExistant(-1) && !ZOR::IsPaletteExistant(100));
     }
 };
 
