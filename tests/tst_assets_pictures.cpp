@@ -119,15 +119,13 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("message"); // empty: the picture can be added
         QTest::newRow("good") << "05 new.png" << picture(64, 64) << "";
-        QTest::newRow("taken") << "01 new.png" << picture(64, 64)
-                               << "There is already a picture for the button 01";
-        QTest::newRow("no digits") << "cat.png" << picture(64, 64)
-                                   << "The selected picture must have a name starting with two digits.";
+        QTest::newRow("taken") << "01 new.png" << picture(64, 64) << "There is already a picture for the button 01";
+        QTest::newRow("no digits")
+            << "cat.png" << picture(64, 64) << "The selected picture must have a name starting with two digits.";
         QTest::newRow("wide") << "05 wide.png" << picture(70, 64) << kSize + "05 wide.png is too wide.";
         QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, Qt::red, "JPG") << kSize + "05 tall.jpgis too tall.";
         QTest::newRow("huge") << "05 huge.png" << huge() << kSize + "05 huge.png is too wide.";
-        QTest::newRow("no picture") << "05 text.png" << QByteArray("text")
-                                    << "The chosen file is supposed to be a picture.";
+        QTest::newRow("no picture") << "05 text.png" << QByteArray("text") << "The chosen file is supposed to be a picture.";
     }
     void choosingAPictureChecksItInOrder() {
         QFETCH(QString, name);
