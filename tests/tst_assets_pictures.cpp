@@ -2,20 +2,8 @@
 // and adding of the current palette's pictures. Nothing the user had may be lost on the way.
 #include "assets/AssetControls.h"
 #include "assets/winButtonPics.h"
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_assets_snapshot.h"
+#include "tst_windows.h"
 
-#include <QBuffer>
-#include <QDir>
-#include <QImage>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
 #include <QtEndian>
 
 namespace {
@@ -29,19 +17,9 @@ QString moved(const QString& what, const QString& how = " is moved to ") {
     return what + how + kRemoved + " on Desktop.";
 }
 
-QByteArray picture(int width, int height, const char* format = "PNG") {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(QColor(width % 256, height % 256, 90));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
-
 // A 20000 x 20000 picture by its header alone, far too big to decode; the window must not try.
 QByteArray huge() {
-    QByteArray bytes = picture(1, 1, "JPG");
+    QByteArray bytes = picture(1, 1, Qt::red, "JPG");
     char* frame = bytes.data() + bytes.indexOf("\xFF\xC0") + 5; // the frame header's height and width
     qToBigEndian<quint16>(20000, frame);
     qToBigEndian<quint16>(20000, frame + 2);
@@ -54,9 +32,7 @@ class AssetPicturesTest : public QObject, ProgramFixture {
 
     QString butFolder() const { return home->programFolder() + "/ButtonPictures"; }
     QString removed() const { return home->desktop() + '/' + kRemoved; }
-    QString put(const QString& path, const QByteArray& bytes) const {
-        return home->writeInProgram("ButtonPictures/" + path, bytes);
-    }
+    QString put(const QString& path, const QByteArray& bytes) const { return home->writeInProgram("ButtonPictures/" + path, bytes); }
     static QList<bool> enabled(const winButtonPics& w) {
         return {w.pbAdd->isEnabled(), w.pbCancelAdd->isEnabled(), w.pbSelectPicToAdd->isEnabled(),
                 w.pbDone->isEnabled()};
@@ -73,7 +49,7 @@ private slots:
         const QByteArray ok = picture(64, 64);
         // clang-format off
         const QList<std::pair<QString, QByteArray>> files{
-            {"P00/01 good.png", ok}, {"P00/02 edge.png", picture(51, 69, "JPG")}, {"P00/03 narrow.png", picture(50, 64)},
+            {"P00/01 good.png", ok}, {"P00/02 edge.png", picture(51, 69, Qt::red, "JPG")}, {"P00/03 narrow.png", picture(50, 64)},
             {"P00/04 tall.png", picture(64, 70)}, {"P00/07.png", "just some text"}, {"P00/08.PNG", ok},
             {"P00/09.gif", ok}, {"P00/10.old.png", ok}, {"P00/11a.png", picture(60, 60)}, {"P00/11b.png", picture(61, 61)},
             {"P00/12 huge.png", huge()}, {"P00/13 empty.png", {}}, {"P00/" + unicode, picture(70, 70)},
@@ -143,15 +119,13 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("message"); // empty: the picture can be added
         QTest::newRow("good") << "05 new.png" << picture(64, 64) << "";
-        QTest::newRow("taken") << "01 new.png" << picture(64, 64)
-                               << "There is already a picture for the button 01";
-        QTest::newRow("no digits") << "cat.png" << picture(64, 64)
-                                   << "The selected picture must have a name starting with two digits.";
+        QTest::newRow("taken") << "01 new.png" << picture(64, 64) << "There is already a picture for the button 01";
+        QTest::newRow("no digits")
+            << "cat.png" << picture(64, 64) << "The selected picture must have a name starting with two digits.";
         QTest::newRow("wide") << "05 wide.png" << picture(70, 64) << kSize + "05 wide.png is too wide.";
-        QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, "JPG") << kSize + "05 tall.jpgis too tall.";
+        QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, Qt::red, "JPG") << kSize + "05 tall.jpgis too tall.";
         QTest::newRow("huge") << "05 huge.png" << huge() << kSize + "05 huge.png is too wide.";
-        QTest::newRow("no picture") << "05 text.png" << QByteArray("text")
-                                    << "The chosen file is supposed to be a picture.";
+        QTest::newRow("no picture") << "05 text.png" << QByteArray("text") << "The chosen file is supposed to be a picture.";
     }
     void choosingAPictureChecksItInOrder() {
         QFETCH(QString, name);
@@ -196,8 +170,7 @@ private slots:
         QCOMPARE(w->labID->text() + ' ' + w->labRevWthValue->text() + 'x' + w->labRevHtValue->text(),
                  QString("02 60x52"));
         QVERIFY(!w->cnShow->backdrop().isNull());
-        QTest::mouseClick(w->lbButPic->viewport(), Qt::LeftButton, {},
-                          w->lbButPic->visualItemRect(w->lbButPic->topLevelItem(0)).center());
+        pressRow(w->lbButPic, 0);
         QCOMPARE(w->labSelect->text(), QString("01 one.png"));
         w->pbToDesktop_Pressed();
         QVERIFY(QFileInfo::exists(removed() + "/P00/01 one.png"));
@@ -225,8 +198,7 @@ private slots:
                                                             w->labPathButFolder})
             QTest::mouseClick(label, Qt::LeftButton);
         QStringList shown;
-        for (const auto& r : dialogs->requests)
-            shown << r.title;
+        for (const auto& r : dialogs->requests) shown << r.title;
         QCOMPARE(shown, QStringList({"Button Pictures: " + ZOR::paleWinTitle, "Button Pictures Overview",
                                      "Select Pictures to Add", "All Button Pictures",
                                      "Removed From Button Pictures", "Complete Path"}));

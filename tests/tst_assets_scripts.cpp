@@ -1,17 +1,7 @@
 // The AppleScript manager: what is in Apple_Scripts, what is in the Workshop on the Desktop, which
 // buttons link to which script, and the moves between the two folders.
 #include "assets/winManageAS.h"
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-#include "tst_assets_snapshot.h"
-
-#include <QDir>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
+#include "tst_windows.h"
 
 namespace {
 const QString kCountMessage = " file(s) with the incorrect extension removed from the AppleScript Folder and "
@@ -77,8 +67,7 @@ private slots:
         QVERIFY(!w->pbMoveToAppleScript->isEnabled());
 
         // A press selects, a second press on the same row lets go.
-        QTest::mouseClick(w->lbAppleScript->viewport(), Qt::LeftButton, {},
-                          w->lbAppleScript->visualItemRect(w->lbAppleScript->topLevelItem(0)).center());
+        pressRow(w->lbAppleScript, 0);
         QVERIFY(w->pbMoveToWorkshop->isEnabled() && w->lbAppleScript->topLevelItem(0)->isSelected());
         w->lbAppleScript_CellPressed(0);
         QVERIFY(!w->pbMoveToWorkshop->isEnabled() && !w->lbAppleScript->topLevelItem(0)->isSelected());
@@ -121,8 +110,7 @@ private slots:
         QTest::mouseClick(w->labLinked, Qt::LeftButton);
         QTest::mouseClick(w->labDF, Qt::LeftButton);
         QStringList shown;
-        for (const auto& r : dialogs->requests)
-            shown << r.title + ' ' + (r.kind == Dialogs::Kind::OpenFile ? r.detail : QString());
+        for (const auto& r : dialogs->requests) shown << r.title + ' ' + (r.kind == Dialogs::Kind::OpenFile ? r.detail : QString());
         QCOMPARE(shown, QStringList({"Manage AppleScript ", "Choose AppleScript " + home->desktop(),
                                      "Manage AppleScript Overview ", "Linked AppleScripts ",
                                      "Applescripts Folder "}));

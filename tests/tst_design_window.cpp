@@ -1,32 +1,23 @@
 // The design window driven as a user drives it: clicks on the grid and the arrows, typing into
 // the fields, OK, Cancel and Done, checked against the buttons of the active palette.
-#include "common/Program.h"
 #include "design/UpDownArrows.h"
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "help/Help.h"
-#include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
+#include "tst_windows.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
 #include <QFocusEvent>
-#include <QImage>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTest>
-#include <memory>
 
 namespace {
-std::vector<Btn> snapshot() {
+std::vector<Btn> buttons() {
     std::vector<Btn> copy;
     for (const BtnRef& b : *ZOR::aBtn)
         copy.push_back(*b);
@@ -178,7 +169,7 @@ private slots:
         button(6).Tip = "Six";
         button(5).AutoMin = 7;
         auto w = open();
-        const std::vector<Btn> before = snapshot();
+        const std::vector<Btn> before = buttons();
         click(*w, 5);
         QCOMPARE(w->pumAutoMin->currentText(), "Never");
         QTest::keyClicks(w->tfTip, "Changed");
@@ -192,7 +183,7 @@ private slots:
                  kNoShortcut + "2");
         QTest::keyClicks(w->tfTip, "!");
         QTest::mouseClick(w->pbCancel, Qt::LeftButton);
-        QVERIFY(snapshot() == before);
+        QVERIFY(buttons() == before);
         QVERIFY(ZOR::idxCurrentBtn == -1 && w->accGC[6]->CurrentLook() == ccGC::Look::Used);
         QCOMPARE(state(*w), "0000 001 1");
 
@@ -262,11 +253,8 @@ private slots:
     // Fewer rows and columns: cells outside beep; the buttons there are kept until Done and
     // set back to their defaults at the next opening. Hidden buttons with a picture are told.
     void resizingTheGrid() {
-        QImage picture(64, 64, QImage::Format_RGB32);
-        picture.fill(Qt::red);
-        QDir().mkpath(home->programFolder() + "/ButtonPictures/P00");
         for (const char* name : {"05 five.png", "12 twelve.png", "40 forty.png"})
-            picture.save(home->programFolder() + "/ButtonPictures/P00/" + name);
+            home->writeInProgram(QString("ButtonPictures/P00/") + name, picture(64, 64));
         winMain& palette = startWith(1, 0, 10);
         for (int i : {40, 46}) {
             Btn& b = button(i);
@@ -277,7 +265,7 @@ private slots:
         dialogs->queueOK(true);
         auto w = open();
         QCOMPARE(ZOR::numRows, 10); // a broken count opens as 10
-        const std::vector<Btn> before = snapshot();
+        const std::vector<Btn> before = buttons();
         arrows(w->ccRowUpDown->udChangeVal, false, 3, true);
         arrows(w->ccColUpDown->udChangeVal, false, 4);
         QCOMPARE(w->accGC[46]->CurrentLook(), ccGC::Look::Outside);
@@ -285,7 +273,7 @@ private slots:
         click(*w, 6);
         QVERIFY(dialogs->beeps() == 2 && ZOR::idxCurrentBtn == -1);
         arrows(w->ccRowUpDown->udChangeVal, true, 1, true);
-        QVERIFY(ZOR::numRows == 6 && snapshot() == before);
+        QVERIFY(ZOR::numRows == 6 && buttons() == before);
         arrows(w->ccRowUpDown->udChangeVal, false, 1, true);
         click(*w, 12);
         w->cbVisibleBtn->click();
@@ -297,12 +285,9 @@ private slots:
         QVERIFY(palette.cnButs[3]->isVisibleTo(&palette) && !palette.cnButs[40]->isVisibleTo(&palette));
         QVERIFY(!button(40).Vis); // the row below the grid is hidden at Done
         w = open();
-        for (int i : {40, 46}) {
-            const Btn& b = button(i);
-            QCOMPARE(QStringList({b.Tip, b.Info, b.ASfile, b.SCname, b.PaletteGo, b.Shortcut}),
-                     QStringList({"", "", "", "Day", "02", "Q"}));
-            QVERIFY(b.Vis && b.ShortcutShow);
-        }
+        for (const Btn& b : {button(40), button(46)})
+            QCOMPARE(QStringList({b.Tip, b.Info, b.ASfile, b.SCname, b.PaletteGo, b.Shortcut, b.Vis && b.ShortcutShow ? "shown" : ""}),
+                     QStringList({"", "", "", "Day", "02", "Q", "shown"}));
         QCOMPARE(dialogs->texts(Dialogs::Kind::MesDlg),
                  QStringList({"The following button has a picture assigned to it but is currently set as "
                               "invisible: 40",
@@ -316,24 +301,20 @@ private slots:
         tools->setAnswer("sw_vers", "11.7.10\n");
         winMain& palette = startWith(1);
         palette.mainMenuBar->miConstruct->trigger();
-        QVERIFY(dialogs->requests.size() == 1 && dialogs->requests[0].kind == Dialogs::Kind::Window);
-        QCOMPARE(dialogs->requests[0].title, "Grid Construct: ZOR Palette (P00)");
+        QVERIFY(dialogs->requests.size() == 1 && dialogs->requests[0].kind == Dialogs::Kind::Window &&
+                dialogs->requests[0].title == "Grid Construct: ZOR Palette (P00)");
         dialogs->clear();
         auto w = open();
         QVERIFY(w->tfSC->isHidden());
         for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC})
             QVERIFY(!icon->pixmap().isNull());
-        QStringList shown, expected;
-        const std::pair<const char*, int> doors[] = {
-            {"pbHelpGridCon", 10}, {"labPalePart", 12}, {"labAllShortcut", 15}, {"labAutoMin", 0}};
-        for (const auto& [name, id] : doors) {
-            QTest::mouseClick(w->findChild<QWidget*>(name), Qt::LeftButton);
-            shown << QString(name) + ' ' + (dialogs->requests.isEmpty() ? "" : dialogs->requests.last().title);
-            expected << QString(name) + ' ' + Help::helpDict.value(id).section('\t', 0, 0).trimmed();
+        for (const auto& [name, id] : {std::pair<const char*, int>{"pbHelpGridCon", 10}, {"labPalePart", 12},
+                                       {"labAllShortcut", 15}, {"labAutoMin", 0}}) {
             dialogs->clear();
+            QTest::mouseClick(w->findChild<QWidget*>(name), Qt::LeftButton);
+            const QString title = Help::helpDict.value(id).section('\t', 0, 0).trimmed();
+            QVERIFY2(!title.isEmpty() && dialogs->requests.value(0).title == title, name);
         }
-        QCOMPARE(shown, expected);
-        QVERIFY(!shown.filter(QRegularExpression(" $")).size()); // every door found a record
     }
 
     // OK takes the field being typed in, and Clear in the Edit menu removes only the selection.

@@ -1,49 +1,21 @@
 // The palette management windows: switching by list and by two typed digits, new palettes,
 // renaming with the alias rules, and deleting with the pictures kept on the Desktop.
-#include "common/Program.h"
-#include "help/HelpLabels.h"
 #include "help/MessageCanvas.h"
 #include "manage/ccPalettePreview.h"
 #include "manage/winChangeAlias.h"
 #include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
 #include "manage/winSwitchPalette.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
+#include "tst_windows.h"
 #include "util/Clock.h"
 
-#include <QBuffer>
-#include <QDirIterator>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
 
 namespace {
 const QString kNoSuch = "The palette requested, P%1, does not exist";
 const QString kActive = "You have asked  to change to the currently active palette. There is nothing to do.";
-
-void freeSlots(const QList<int>& indexes) {
-    for (int k : indexes)
-        ZOR::DP[size_t(k)].s_Alias = kNoShortcut;
-}
-
-void pressRow(QTreeWidget& list, int row) {
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.topLevelItem(row)).center());
-}
-
-QByteArray png(QColor colour, const QString& mark = {}) {
-    QImage picture(80, 80, QImage::Format_RGB32);
-    picture.fill(colour);
-    picture.setText("mark", mark); // makes the bytes of every file its own
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    picture.save(&buffer, "PNG");
-    return bytes;
-}
 
 // Every file below `folder`, hidden ones too, by its path inside it.
 QMap<QString, QByteArray> filesBelow(const QString& folder) {
@@ -65,12 +37,13 @@ class ManageTest : public QObject, ProgramFixture {
     }
     QString removed() const { return home->desktop() + "/RemovedZOR_PaletteButtonPictures"; }
 
-    // Pictures, a Finder file, a folder and an odd name.
-    void fillPictures(const QString& palette, const QString& mark) {
+    // Pictures, a Finder file, a folder and an odd name; the colour tells one filling from another.
+    void fillPictures(const QString& folder, QColor colour) {
+        const QString inHome = QDir(home->home()).relativeFilePath(folder) + '/';
         for (const QString& name : QStringList{"00 mail.png", "12.png", "old/07.png"})
-            home->writeInProgram("ButtonPictures/" + palette + '/' + name, png(Qt::blue, mark + name));
+            home->write(inHome + name, picture(80, 80, colour));
         for (const QString& name : QStringList{".DS_Store", "notes émoji 😀.txt"})
-            home->writeInProgram("ButtonPictures/" + palette + '/' + name, (mark + name).toUtf8());
+            home->write(inHome + name, (colour.name() + name).toUtf8());
     }
 
     bool pressDelete() {
@@ -94,11 +67,9 @@ private slots:
         for (QAction* item :
              {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
             item->trigger();
-        winSwitchPalette s;
-        winNewPalette n;
-        winChangeAlias c;
-        winDeletePalette d;
-        for (QDialog* window : std::initializer_list<QDialog*>{&s, &n, &c, &d})
+        const std::unique_ptr<QDialog> windows[] = {std::make_unique<winSwitchPalette>(), std::make_unique<winNewPalette>(),
+                                                    std::make_unique<winChangeAlias>(), std::make_unique<winDeletePalette>()};
+        for (const auto& window : windows)
             QTest::mouseClick(window->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0),
                               Qt::LeftButton);
         QStringList titles; // the four windows, then the four help records
@@ -126,11 +97,10 @@ private slots:
     void typedDigits() {
         QFETCH(QString, keys);
         QFETCH(QString, pending);
-        winMain& main = startWith(13);
-        freeSlots({3});
+        startWith(13);
+        ZOR::DP[3].s_Alias = kNoShortcut;
         winSwitchPalette w;
         w.show();
-        QVERIFY(w.tiBothDigits->isSingleShot() && w.tiBothDigits->interval() == 2000);
         for (QChar key : keys) {
             if (key != '|') {
                 QTest::keyClick(w.lbPalette, key.toLatin1());
@@ -143,28 +113,24 @@ private slots:
         QTEST(!w.isVisible(), "closed");
         QCOMPARE(QStringList({w.firstTyped, w.labType->text()}), QStringList({pending, pending}));
         QTEST(dialogs->texts(), "messages");
-        QCOMPARE(main.windowTitle() + main.labSeeNum->text(), ZOR::paleWinTitle + ZOR::paleName);
     }
 
     void rowsChooseAndOKSwitches() {
         startWith(4);
-        freeSlots({1});
+        ZOR::DP[1].s_Alias = kNoShortcut;
         ZOR::DP[2].s_WinTitle = "Writing";
         winSwitchPalette w;
         w.show();
-        QStringList seen{w.labCurrentAlias->text(), w.windowTitle()};
-        for (int i = 0; i < w.lbPalette->topLevelItemCount(); ++i)
-            seen << w.lbPalette->topLevelItem(i)->text(0);
-        QCOMPARE(seen, QStringList({"Original", "ZOR Palette", "P00", "P02", "P03"}));
+        QCOMPARE(QStringList({w.labCurrentAlias->text(), w.windowTitle()}) + rows(w.lbPalette), QStringList({"Original", "ZOR Palette", "P00:0", "P02:2", "P03:3"}));
         QVERIFY(!w.pbOK->isEnabled());
-        pressRow(*w.lbPalette, 1);
+        pressRow(w.lbPalette, 1);
         QCOMPARE(QStringList({w.labChoiceName->text(), w.labChoiceAlias->text(), w.labChoiceTitle->text()}),
                  QStringList({"P02", ZOR::DP[2].s_Alias, "Writing"}));
         QVERIFY(w.pbOK->isEnabled());
-        pressRow(*w.lbPalette, 0);
+        pressRow(w.lbPalette, 0);
         QVERIFY(!w.pbOK->isEnabled());
         QCOMPARE(dialogs->texts(), QStringList{"This is the already chosen palette."});
-        pressRow(*w.lbPalette, 2);
+        pressRow(w.lbPalette, 2);
         QTest::mouseClick(w.pbOK, Qt::LeftButton);
         QVERIFY(ZOR::idxCP == 3 && !w.isVisible());
     }
@@ -202,14 +168,13 @@ private slots:
         QTest::mouseClick(rename ? renamed.pbMakeChange : made.pbOK, Qt::LeftButton);
         const QString alias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias;
         QVERIFY2(QRegularExpression("^" + pattern + "$").match(alias).hasMatch(), qPrintable(alias));
-        QCOMPARE(QStringList({ZOR::paleAlias, main.labTip->text()}), QStringList({alias, alias}));
-        QCOMPARE(dialogs->texts(), QStringList());
+        QCOMPARE(QStringList({ZOR::paleAlias, main.labTip->text()}) + dialogs->texts(), QStringList({alias, alias}));
     }
 
     // Free slots are taken lowest first; with none left among P00 to P99 a new palette is refused.
     void newPalettesTakeTheLowestFreeSlot() {
         winMain& main = startWith(100);
-        freeSlots({1, 3});
+        ZOR::DP[1].s_Alias = ZOR::DP[3].s_Alias = kNoShortcut;
         ZOR::ChangeToPalette(2);
         ZOR::numRows = 4; // changed in the design window, so far only in the working set
         ZOR::paletteContentChange = true;
@@ -224,8 +189,8 @@ private slots:
         }
         QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "refused"}));
         QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
-        QVERIFY(ZOR::DP.size() == 100 && ZOR::DP[2].i_NumRows == 4 && ZOR::paletteContentChange);
-        QVERIFY(ZOR::idxCP == 3 && ZOR::aBtn == ZOR::DP[3].a_Btn);
+        QVERIFY(ZOR::DP.size() == 100 && ZOR::DP[2].i_NumRows == 4 && ZOR::paletteContentChange && ZOR::idxCP == 3 &&
+                ZOR::aBtn == ZOR::DP[3].a_Btn);
     }
 
     void renameTitles_data() {
@@ -261,7 +226,7 @@ private slots:
         startWith(1);
         for (const QString& name :
              QStringList{"00 first.png", "05a.png", "12b.png", ".12hidden.png", "1x.png", "01dir/a.png"})
-            home->writeInProgram("ButtonPictures/P00/" + name, png(Qt::red));
+            home->writeInProgram("ButtonPictures/P00/" + name, picture(80, 80));
         home->writeInProgram("ButtonPictures/P00/02 broken.png", "not a picture");
         winChangeAlias w;
         QList<bool> shown;
@@ -277,38 +242,25 @@ private slots:
     void deleteKeepsEveryPictureAndFreesTheSlot() {
         winMain& main = startWith(4);
         ZOR::ChangeToPalette(3);
-        fillPictures("P03", "first ");
-        const auto before = filesBelow(pictures("P03"));
+        fillPictures(pictures("P03"), Qt::blue);
         {
             winDeletePalette w;
             QCOMPARE(QStringList({w.labNameID->text(), w.labNameAlias->text(), w.labWindowTitle->text()}),
                      QStringList({"P03", ZOR::paleAlias, "ZOR P03"}));
             QVERIFY(!w.preview->myPict[0].isNull());
         }
-        dialogs->queueOK(true);
-        QVERIFY(pressDelete());
-        QVERIFY(dialogs->requests.first().kind == Dialogs::Kind::OKCancel &&
-                dialogs->texts() == QStringList{winDeletePalette::kConfirm});
-        QCOMPARE(filesBelow(removed() + "/P03"), before);
-        QVERIFY(!QDir(pictures("P03")).exists());
-        QVERIFY(ZOR::DP.size() == 4 && ZOR::DP[3].s_Alias == kNoShortcut);
-        QVERIFY(ZOR::idxCP == 0 && ZOR::aBtn == ZOR::DP[0].a_Btn);
-        QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
-                 QStringList({"ZOR Palette", "Original", "P00"}));
-
-        // The next new palette is P03 again; its pictures, deleted in turn, go beside the first.
-        winNewPalette made;
-        QTest::mouseClick(made.pbOK, Qt::LeftButton);
-        QCOMPARE(ZOR::paleName, QString("P03"));
-        fillPictures("P03", "second ");
-        const auto later = filesBelow(pictures("P03"));
+        // The pictures of an earlier P03 stay; these go beside them.
+        fillPictures(removed() + "/P03", Qt::green);
+        QMap<QString, QByteArray> all = filesBelow(removed());
+        for (auto [path, bytes] : filesBelow(pictures("P03")).asKeyValueRange())
+            all.insert("261123_090807P03/P03/" + path, bytes);
         Clock::set(QDateTime(QDate(2026, 11, 23), QTime(9, 8, 7)));
         dialogs->queueOK(true);
-        QVERIFY(pressDelete());
-        QMap<QString, QByteArray> all;
-        for (auto [path, bytes] : before.asKeyValueRange()) all.insert("P03/" + path, bytes);
-        for (auto [path, bytes] : later.asKeyValueRange()) all.insert("261123_090807P03/P03/" + path, bytes);
+        QVERIFY(pressDelete() && dialogs->requests.first().kind == Dialogs::Kind::OKCancel);
         QCOMPARE(filesBelow(removed()), all);
+        QVERIFY(!QDir(pictures("P03")).exists() && ZOR::DP.size() == 4 && ZOR::aBtn == ZOR::DP[0].a_Btn);
+        QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
+                 QStringList({"ZOR Palette", "Original", "P00"}));
     }
 
     void deleteRefusesCancelsAndTidies_data() {
@@ -320,6 +272,7 @@ private slots:
         QTest::newRow("P00 is refused before the question")
             << 0 << "files" << false << QStringList{winDeletePalette::kKeepP00};
         QTest::newRow("Cancel at the question") << 1 << "files" << false << asked;
+        QTest::newRow("pictures go to the Desktop") << 1 << "files" << true << asked;
         QTest::newRow("a Finder file alone is kept") << 1 << "finder" << true << asked;
         QTest::newRow("an empty folder is removed") << 1 << "empty" << true << asked;
         QTest::newRow("no folder at all") << 1 << "none" << true << asked;
@@ -331,7 +284,7 @@ private slots:
         startWith(2);
         ZOR::ChangeToPalette(active);
         const QString name = ZOR::paleName, alias = ZOR::paleAlias;
-        if (folder == "files") fillPictures(name, "");
+        if (folder == "files") fillPictures(pictures(name), Qt::blue);
         if (folder == "finder") home->writeInProgram("ButtonPictures/" + name + "/.DS_Store", "Finder");
         if (folder == "empty") QDir().mkpath(pictures(name));
         const auto before = filesBelow(pictures(name));
@@ -342,7 +295,7 @@ private slots:
         QCOMPARE(ZOR::idxCP, answer ? 0 : active);
         QCOMPARE(ZOR::DP[size_t(active)].s_Alias, answer ? kNoShortcut : alias);
         QCOMPARE(QDir(pictures(name)).exists(), folder != "none" && !answer);
-        const bool aside = answer && folder == "finder";
+        const bool aside = answer && (folder == "finder" || folder == "files");
         QCOMPARE(filesBelow(aside ? removed() + '/' + name : pictures(name)), before);
         QCOMPARE(QDir(removed()).exists(), aside);
     }
@@ -354,8 +307,8 @@ private slots:
         const QByteArray text = file.readAll().replace("\"Original\"", "\"\\u2400\"");
         file.resize(0), file.write(text), file.close();
         winMain& main = program->start();
-        QVERIFY(ZOR::idxCP == 0 && ZOR::DP[0].s_Alias == kNoShortcut && main.windowTitle() == "ZOR Palette");
-        QVERIFY(dialogs->texts().isEmpty());
+        QVERIFY(ZOR::idxCP == 0 && ZOR::DP[0].s_Alias == kNoShortcut && main.windowTitle() == "ZOR Palette" &&
+                dialogs->texts().isEmpty());
         winNewPalette w;
         w.tfAlias->setText("Home");
         QTest::mouseClick(w.pbOK, Qt::LeftButton);

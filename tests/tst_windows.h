@@ -1,12 +1,34 @@
 #pragma once
-// What the asset tests look at. Every file under a folder by content (links by their target,
-// folders not at all), with where it lies: a snapshot before an action tells after it whether
-// anything the user had is gone or changed. And a list's rows as the user reads them.
-#include <QAbstractItemView>
+// What the window tests share: the program's parts they drive, pictures made to measure, every
+// file under a folder by content (links by their target, folders not at all) with where it lies,
+// so that a snapshot before an action tells after it whether anything the user had is gone or
+// changed, and a list's rows as the user reads them.
+#include "common/Program.h"
+#include "help/HelpLabels.h"
+#include "palette_window/MainMenuBar.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+
+#include <QBuffer>
 #include <QDirIterator>
 #include <QFile>
+#include <QImage>
+#include <QLabel>
 #include <QMap>
-#include <QStringList>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+
+// A picture's file as bytes.
+inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
 
 using HomeFiles = QMap<QByteArray, QStringList>;
 
@@ -31,6 +53,11 @@ inline QStringList lostSince(const HomeFiles& before, const QString& root) {
     for (auto it = before.cbegin(); it != before.cend(); ++it)
         if (now.value(it.key()).size() < it.value().size()) out << it.value();
     return out;
+}
+
+// A click on the middle of a list's row.
+inline void pressRow(QTreeWidget* list, int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(row)).center());
 }
 
 // Each row's cells in `columns` joined by '|'; a cell's tag, if any, follows it after a ':'.
