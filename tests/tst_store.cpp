@@ -138,7 +138,7 @@ private slots:
         QVERIFY(ZOR::DP[0].s_Particulars.isEmpty() && !ZOR::paletteContentChange);
     }
 
-    void readerTellsValidFromInvalid() {
+    void readerTellsValidFromInvalidAndDecodes() {
         const auto accepts = [](const QByteArray& text) {
             try {
                 JsonText::Reader r(std::string_view(text.constData(), size_t(text.size())));
@@ -156,9 +156,7 @@ private slots:
                                       R"(["\u12"])", R"(["\x"])", "[\"a\tb\"]", "[\"a\x80\"]", "[\"\xC0\xAF\"]",
                                       "[\"\xED\xA0\x80\"]", "[\"\xF4\x90\x80\x80\"]", "[\"\xE2\x90\"]", "[1] x"};
         for (const QByteArray& text : invalid) QVERIFY2(!accepts(text), text.left(60));
-    }
-
-    void readerDecodesValues() {
+        // What it reads from valid text.
         const std::pair<const char*, QString> strings[] = {
             {R"("\u2400")", QString::fromUtf8("␀")},
             {R"("\u00e9\u00C9")", QString::fromUtf8("éÉ")},
@@ -217,11 +215,10 @@ private slots:
     void hostileDataFiles_data() {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<int>("startsOn"); // -1: refused
-        QByteArray full;
-        {
+        const QByteArray full = [] {
             TempHome home;
-            full = readAll(writeStoreFile(100));
-        }
+            return readAll(writeStoreFile(100));
+        }();
         const ordered_json base = ordered_json::parse(olderFile({}, true).toStdString());
         // The head, a button or the first palette's object (at 0, 4, 101), one key changed; no key: all of it.
         const auto edited = [&](int at, const char* key, ordered_json value) {
@@ -379,20 +376,15 @@ private slots:
                                               R"("paleWinTitle":"T1","paleParticulars":"P1"})");
     }
 
-    // A plain PreserveState.txt left in a backup folder by an earlier failed rename is cleared first.
+    // A plain PreserveState.txt left in the emergency folder by an earlier failed rename is cleared first.
     void backupsClearALeftoverPlainFile() {
         const QString file = writeStoreFile(1);
-        for (const QString& folder : {home->programFolder() + "/EmergencyPreserveStateBU", home->desktop()})
-            home->write(QDir(home->home()).relativeFilePath(folder) + "/PreserveState.txt", "left over");
+        home->writeInProgram("EmergencyPreserveStateBU/PreserveState.txt", "left over");
         program->start();
         program->quit();
         QCOMPARE(emergencyCopies(), QStringList{"260508_2314PreserveStateBU.txt"});
         QCOMPARE(readAll(home->programFolder() + "/EmergencyPreserveStateBU/260508_2314PreserveStateBU.txt"),
                  readAll(file)); // what was just saved
-        Clock::set(QDateTime(QDate(2026, 5, 8), QTime(23, 15)));
-        QVERIFY(ZOR::PreserveStateBackUp(true, true));
-        QCOMPARE(QDir(home->desktop()).entryList(QDir::Files), QStringList{"260508_2315PreserveStateBU.txt"});
-        QCOMPARE(emergencyCopies().last(), QString("260508_2315PreserveStateBU.txt"));
     }
 
     void emergencyCopiesAreTrimmed_data() {
