@@ -27,9 +27,8 @@ private slots:
         ScriptedDialogs dialogs;
         home.writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home.writeInProgram("Old.scpt", "x");
-        QCOMPARE(
-            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
-            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
     }
 
     void shortcut_data() {

@@ -27,13 +27,6 @@ QStringList namesIn(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-void writeFile(const QString& path, const QByteArray& content) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(content);
-}
-
 // Presses a button of the backup window when the menu runs it, as the user would.
 class PressingDialogs : public ScriptedDialogs {
 public:
@@ -54,9 +47,7 @@ public:
     ~LockedFolder() { set(false); }
     bool holds() const {
         QFile probe(path + "/probe");
-        if (!probe.open(QIODevice::WriteOnly)) return true;
-        probe.remove();
-        return false;
+        return !probe.open(QIODevice::WriteOnly) || !probe.remove();
     }
 
 private:
@@ -75,12 +66,14 @@ class BackupTest : public QObject, private ProgramFixture {
     PressingDialogs* pressing = nullptr;
     QString emergency() const { return home->programFolder() + "/EmergencyPreserveStateBU"; }
     QString dataFile() const { return home->programFolder() + "/PreserveState.txt"; }
+    void writeFile(const QString& path, const QByteArray& content) const {
+        home->write(QDir(home->home()).relativeFilePath(path), content);
+    }
 
     // A store of one palette, with something of its own, as a backup file at `path`.
     QByteArray writeBackup(const QString& path) {
         const QString store = writeStoreFile(1, 4, 5);
-        QByteArray content = readAll(store);
-        content.replace("\"Original\"", "\"Restored\"");
+        const QByteArray content = readAll(store).replace("\"Original\"", "\"Restored\"");
         QFile::remove(store);
         writeFile(path, content);
         return content;
@@ -127,8 +120,7 @@ private slots:
             "The application will quit. It can be restarted whenever you wish. A backup of the "
             "PreserveState.txt file has been created on the desktop.";
         QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText), QStringList({text, text}));
-        QVERIFY(!window.isVisible());
-        QVERIFY(readAll(dataFile()).contains("\"CurrentPalette\":1"));
+        QVERIFY(!window.isVisible() && readAll(dataFile()).contains("\"CurrentPalette\":1"));
         // The backup's copy and the quit's copy share the minute: the second one stays plain.
         QCOMPARE(namesIn(emergency()), QStringList({made, "PreserveState.txt"}));
         QCOMPARE(readAll(emergency() + '/' + made), onDisk);
@@ -153,9 +145,8 @@ private slots:
         const QByteArray before = readAll(dataFile());
         dialogs->queueFile(chosen);
         QVERIFY(!ZOR::PreserveStateRestore());
-        QCOMPARE(dialogs->requests[0].title + '|' + dialogs->requests[0].detail, "Choose Restoring File|" + home->desktop());
-        QCOMPARE(dialogs->texts(Dialogs::Kind::Message),
-                 message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(dialogs->requests[0].title + '|' + dialogs->requests[0].detail + '|' + dialogs->texts(Dialogs::Kind::Message).join('|'),
+                 "Choose Restoring File|" + home->desktop() + '|' + message);
         QCOMPARE(readAll(dataFile()), before);
         QVERIFY((chosen.isEmpty() || QFileInfo::exists(chosen)) && namesIn(emergency()).isEmpty() && ZOR::QuitSavePaletteChanges);
     }
@@ -185,11 +176,10 @@ private slots:
         QCOMPARE(namesIn(backups), QStringList{"PreserveState230508_231407.txt"});
         QCOMPARE(namesIn(emergency()), QStringList(before) << keptAs);
         QCOMPARE(readAll(emergency() + '/' + keptAs), former);
-        QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText),
-                 QStringList{"A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
-                             "PreserveState.txt file.\nThe application is quitting. Restart to access the "
-                             "PreserveState.txt file that was restored."});
-        QCOMPARE(dialogs->requests.last().title, QString("Backup Data Restored"));
+        QCOMPARE(dialogs->requests.last().title + ": " + dialogs->texts(Dialogs::Kind::ShowText).join('|'),
+                 "Backup Data Restored: A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
+                 "PreserveState.txt file.\nThe application is quitting. Restart to access the "
+                 "PreserveState.txt file that was restored.");
     }
 
     void failedRestoreKeepsTheDataFileAndTheProgram_data() {
@@ -231,17 +221,15 @@ private slots:
         winManageBU window;
         AppGlobals::appSupportFolder = home->programFolder();
         window.pbCopyEmergency->click();
-        QCOMPARE(dialogs->texts(), QStringList{"Could not find the folder EmergencyPreserveStateBU"});
         writeFile(emergency() + "/230101_0900PreserveStateBU.txt", "one");
         writeFile(emergency() + "/.hidden", "two");
-        dialogs->clear();
-        window.pbCopyEmergency->click();
-        QVERIFY(dialogs->texts().isEmpty());
+        window.pbCopyEmergency->click(); // copied without a word
         const QString copy = home->desktop() + "/EmergencyPreserveStateBU";
         QCOMPARE(namesIn(copy), QStringList({".hidden", "230101_0900PreserveStateBU.txt"}));
         QCOMPARE(readAll(copy + "/230101_0900PreserveStateBU.txt") + readAll(copy + "/.hidden"), QByteArray("onetwo"));
         window.pbCopyEmergency->click();
-        QCOMPARE(dialogs->texts(), QStringList{"EmergencyPreserveStateBU is already on the Desktop."});
+        QCOMPARE(dialogs->texts(), QStringList({"Could not find the folder EmergencyPreserveStateBU",
+                                                "EmergencyPreserveStateBU is already on the Desktop."}));
         // The safe button is the default one, and leaves without quitting.
         QVERIFY(window.pbCancel->isDefault() && !window.pbMakeBU->isDefault());
         window.pbCancel->click();
@@ -264,7 +252,7 @@ private slots:
         window.mainMenuBar->miPaletteData->trigger();
 
         const QString folder = home->desktop() + "/230523_195507MyTools_P00Data";
-        const QString rows[] = {
+        const QStringList expected = {
             "Rows\tCols\tTitle\tP_Name\tAlias",
             "2\t3\tTools\tP00\tMy Tools",
             "sID\tRow\tCol\tVis\tShortcutShow\tShortcut\tASFile\tSCname\tKM_"
@@ -275,9 +263,8 @@ private slots:
             "10\t1\t0\tTrue\tFalse\tk\tMail.scpt\t\tFalse\t\t0\t0\t\t",
             "11\t1\t1\tTrue\tFalse\tl\t\t\tTrue\t\t0\t0\t\t",
             "12\t1\t2\tTrue\tFalse\tm\t\t\tFalse\t\t0\t0\tOpen \"notes\"\t",
+            "", // every line ends with a line feed
         };
-        QStringList expected(std::begin(rows), std::end(rows));
-        expected << QString(); // every line ends with a line feed
         QCOMPARE(QString::fromUtf8(readAll(folder + "/TextData.txt")).split('\n'), expected);
         QCOMPARE(namesIn(folder + "/ButtonPictures"), QStringList({".DS_Store", "01.png"}));
         QVERIFY(dialogs->requests.last().kind == Dialogs::Kind::ExplainHTML && dialogs->requests.last().detail.startsWith(

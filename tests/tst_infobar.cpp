@@ -46,10 +46,9 @@ private slots:
         b.ASfile = kinds[0], b.SCname = kinds[1], b.PaletteGo = kinds[2], b.Tip = "Mail";
         QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
         QApplication::sendEvent(w.cnButs[12], &enter); // the canvas's own event reaches the handler
-        QCOMPARE(barColour(w), colour);
-        QCOMPARE(QStringList({w.labSeeNum->text(), w.labTip->text(), w.labSeeSC->text()}),
-                 QStringList({"P00 12", "Mail", "m"}));
-        QCOMPARE(w.labSeeSC->textColor(), QColor(0x79, 0x79, 0x79));
+        QCOMPARE(QStringList({barColour(w).name(), w.labSeeNum->text(), w.labTip->text(), w.labSeeSC->text(),
+                              w.labSeeSC->textColor().name()}),
+                 QStringList({colour.name(), "P00 12", "Mail", "m", "#797979"}));
 
         b.ShortcutShow = true;
         w.cnBut_MouseEnter(12);
@@ -57,13 +56,11 @@ private slots:
         button(60).Vis = false; // a hidden button leaves the colour as it was
         button(60).ASfile = "x";
         w.cnBut_MouseEnter(60);
-        QCOMPARE(barColour(w), colour);
-        QCOMPARE(w.labSeeSC->text(), kNoShortcut);
+        QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
         w.cnBut_MouseExit(60);
-        QCOMPARE(barColour(w), QColor(0xFE, 0xFF, 0x96));
-        QCOMPARE(QStringList({w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-                 QStringList({"Original", "P00", ""}));
+        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+                 QStringList({"#feff96", "Original", "P00", ""}));
     }
 
     void tipFitsTheWidth_data() {
@@ -90,13 +87,10 @@ private slots:
         button(1).Tip = tip;
         w.cnBut_MouseEnter(1);
         const QString text = w.labTip->text();
-        if (shown == "cut") {
-            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size(), qPrintable(text));
-            QVERIFY(tip.startsWith(text.chopped(1)));
-            QVERIFY(QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width());
-        } else {
-            QCOMPARE(text, shown);
-        }
+        if (shown == "cut") // the first words, as many as fit
+            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size() && tip.startsWith(text.chopped(1)) &&
+                         QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width(), qPrintable(text));
+        else QCOMPARE(text, shown);
         if (columns > 1) QCOMPARE(w.labTip->font().pixelSize() == 10, small);
         w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
         QCOMPARE(w.labTip->font().pixelSize() == 10, columns < 4);

@@ -67,11 +67,9 @@ private slots:
         QCOMPARE(Guard::run(where, failing), 0); // the result's default value
         // One report: a titled window, or a message when direct. The library words its own messages.
         const auto r = dialogs.requests.value(0);
-        const QString text = ours ? r.text : r.text.section("\nERROR MESSAGE: ", 0, 0);
-        QCOMPARE(QString::number(dialogs.requests.size()) + ' ' +
-                     (r.kind == Dialogs::Kind::Window ? r.title : "-"),
-                 where.direct ? "1 -" : "1 Oops! Error Message");
-        QCOMPARE(text, expected);
+        QCOMPARE(QString::number(dialogs.requests.size()) + ' ' + (r.kind == Dialogs::Kind::Window ? r.title : "-") + ": " +
+                     (ours ? r.text : r.text.section("\nERROR MESSAGE: ", 0, 0)),
+                 (where.direct ? "1 -: " : "1 Oops! Error Message: ") + expected);
     }
 
     void reportWindowStandsAlone() {
@@ -111,9 +109,7 @@ private slots:
         winShowText showText;
         winTimed timed;
         okCancel.textHeight = showText.textHeight = timed.textHeight = [](int) { return 17; };
-        okCancel.AdjustWindowSize();
-        showText.AdjustWindowSize();
-        timed.AdjustWindowSize();
+        okCancel.AdjustWindowSize(), showText.AdjustWindowSize(), timed.AdjustWindowSize();
         // A short text: the width the ratio asks for, but winShowText is held at its minimum.
         const std::tuple<QDialog*, QPushButton*, QSize> windows[]{{&okCancel, okCancel.pbOK, {291, 164}},
                                                                   {&showText, showText.pbOK, {400, 250}},
@@ -134,19 +130,17 @@ private slots:
         QCOMPARE(QList<int>({w.tiChangeCanvas->interval(), w.tiAutoClose->interval()}),
                  QList<int>({93, 12000})); // 128 steps in 12 s
         const auto steps = [&w](int n) {   // the angle afterwards, in ten-thousandths
-            while (n-- > 0)
-                w.tiChangeCanvas_Action();
+            while (n-- > 0) w.tiChangeCanvas_Action();
             return qRound(w.theArc.arcAngle * 10000);
         };
         // Steps of 0.0490875 from one step's worth, held short of the full circle by a tenth of a step.
         QCOMPARE(QList<int>({steps(124), steps(1), steps(50)}), QList<int>({61359, 62732, 62732}));
         w.theArc.arcAngle = 1.5708; // a quarter, clockwise from twelve to three o'clock
         const QImage disk = w.cnvDisk->grab().toImage();
-        const auto colour = [&disk](int x, int y) {
-            return disk.pixelColor(disk.width() / 2 + x, disk.height() / 2 + y);
+        const auto orange = [&disk](int x, int y) {
+            return disk.pixelColor(disk.width() / 2 + x, disk.height() / 2 + y) == QColor(0xFF, 0x93, 0x00);
         };
-        const QColor orange(0xFF, 0x93, 0x00); // only the upper right quarter
-        QVERIFY(colour(8, -8) == orange && colour(-8, -8) != orange && colour(8, 8) != orange);
+        QVERIFY(orange(8, -8) && !orange(-8, -8) && !orange(8, 8)); // only the upper right quarter
     }
 
     void timedClickKeepsWindowOpen() {
@@ -181,8 +175,7 @@ private slots:
                 text += QString(d.metaObject()->className()) + '|' + d.findChild<QPlainTextEdit*>()->toPlainText();
             return text + '|' + labelFormats(d);
         };
-        for (const bool ok : {true, false, true})
-            dialogs.queueOK(ok);
+        for (const bool ok : {true, false, true}) dialogs.queueOK(ok);
         QVERIFY(RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 0, "Palette") &&
                 !RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 1, "Palette") &&
                 RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 2, "Palette"));
@@ -203,14 +196,15 @@ private slots:
     void osMajorRemembersOnlyAnAnswer() {
         FakeTools tools;
         GeneralMethods::ForgetVersionOS_Major();
-        QCOMPARE(GeneralMethods::VersionOS_Major(), 0); // no sw_vers at all
-        tools.setAnswer("sw_vers", "\n");
-        QCOMPARE(GeneralMethods::VersionOS_Major(), 0); // no version in its answer
-        for (const char* version : {"14.6.1\n", "15.0\n"}) {
-            tools.setAnswer("sw_vers", version);
-            QCOMPARE(GeneralMethods::VersionOS_Major(), 14);
+        QList<int> majors{GeneralMethods::VersionOS_Major()}; // no sw_vers at all
+        // No version in its answer, a version from a run that failed, then one to remember.
+        for (const auto& [answer, exit] : {std::pair{"\n", "0"}, {"14.6.1\n", "1"}, {"14.6.1\n", "0"}, {"15.0\n", "0"}}) {
+            tools.setAnswer("sw_vers", answer);
+            tools.setAnswer("sw_vers.exit", exit);
+            majors << GeneralMethods::VersionOS_Major();
         }
-        QCOMPARE(tools.log(), QStringList(2, "sw_vers\t-productVersion"));
+        QCOMPARE(majors, (QList<int>{0, 0, 0, 14, 14}));
+        QCOMPARE(tools.log(), QStringList(3, "sw_vers\t-productVersion"));
     }
 };
 
