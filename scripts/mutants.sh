@@ -10,6 +10,8 @@
 # run and each fault rebuild only what changed. $MUTANTS_LIST names another list of faults.
 # $MUTANTS_TESTS (say "tst_store tst_backup") builds and runs only those tests: quick while
 # reworking a test file, but a fault it misses may still be caught by another test.
+# $MUTANTS_EVERY=1 runs every test for each fault, not only up to the first that fails, and names
+# every test function that caught it: slower, but it shows which tests no fault needs.
 # A fault whose text is not found once in its file, or that does not build, is an error, never
 # counted as caught. Exit status 0 only when every fault was caught.
 set -uo pipefail
@@ -24,7 +26,7 @@ PATTERN=""
 for arg in "$@"; do
   case "$arg" in
     --e2e) E2E=1 ;;
-    -h|--help) sed -n '2,13p' "$0"; exit 0 ;;
+    -h|--help) sed -n '2,15p' "$0"; exit 0 ;;
     *) PATTERN="$arg" ;;
   esac
 done
@@ -78,7 +80,9 @@ if [ "$E2E" = 1 ]; then
 fi
 
 build() { cmake --build "$BUILD" -j "$JOBS" --target "${targets[@]}" >"$1" 2>&1; }
-suite() { (cd "$BUILD" && ctest ${labels[@]+"${labels[@]}"} -j "$JOBS" --timeout 120 --stop-on-failure >>"$1" 2>&1); }
+stop=(--stop-on-failure)
+[ -n "${MUTANTS_EVERY:-}" ] && stop=(--output-on-failure)
+suite() { (cd "$BUILD" && ctest ${labels[@]+"${labels[@]}"} -j "$JOBS" --timeout 120 "${stop[@]}" >>"$1" 2>&1); }
 
 echo "building the unchanged copy in $BUILD"
 # No debug information, and a faster linker where there is one: every fault relinks each test,
@@ -137,6 +141,11 @@ while IFS= read -r line || [ -n "$line" ]; do
   else
     by=$(grep -oE '(tst_|e2e_)[A-Za-z0-9_]+ \.+\**(Failed|Subprocess|Timeout|Exception)' "$log" |
          awk '{print $1}' | paste -sd, -)
+    # With every test run, the functions that failed, or the whole test where it ended early.
+    [ -n "${MUTANTS_EVERY:-}" ] &&
+      by=$( (grep -oE 'FAIL!  : [A-Za-z0-9_]+::[A-Za-z0-9_]+' "$log" | awk '{print $3}'
+             grep -oE '(tst_)[A-Za-z0-9_]+ \.+\**(Subprocess|Timeout|Exception)' "$log" | awk '{print $1}') |
+           sort -u | paste -sd' ' -)
     echo "caught  $label (${by:-suite failed})"; caught=$((caught + 1))
   fi
   # A fresh time stamp, so that the next build compiles the file again from its true content.
