@@ -1,6 +1,8 @@
-// Button pictures are decoded ahead and kept decoded; a file changed on disk must still show as
-// it now is, on the next start and on a reload within the run.
+// Button pictures are decoded ahead and kept decoded, in memory and on disk between runs; a file
+// changed on disk must still show as it now is, on the next start and on a reload within the run,
+// and a damaged copy on disk must never show.
 #include "common/Program.h"
+#include "palette_window/PictureDiskCache.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
 
@@ -12,7 +14,7 @@
 #include <QTest>
 
 namespace {
-enum class Change { LaterSameSize, SameTimeOtherSize };
+enum class Change { LaterSameSize, SameTimeOtherSize, SameTimeSameSize };
 
 QString picturePath(const TempHome& home) { return home.programFolder() + "/ButtonPictures/P00/05 button.bmp"; }
 
@@ -28,8 +30,9 @@ void paint(const QString& path, QColor colour, int side, const QDateTime& modifi
 
 void change(const QString& path, Change how, QColor colour) {
     const QFileInfo before(path);
-    if (how == Change::LaterSameSize) paint(path, colour, before.size() > 10000 ? 64 : 48, before.lastModified().addSecs(2));
-    else paint(path, colour, before.size() > 10000 ? 48 : 64, before.lastModified());
+    const int side = before.size() > 10000 ? 64 : 48, otherSide = side == 64 ? 48 : 64;
+    if (how == Change::LaterSameSize) paint(path, colour, side, before.lastModified().addSecs(2));
+    else paint(path, colour, how == Change::SameTimeSameSize ? side : otherSide, before.lastModified());
 }
 
 QColor shown(const winMain& w) { return w.cnButs[5]->grab().toImage().pixelColor(10, 10); }
@@ -45,6 +48,7 @@ private slots:
         QTest::addColumn<Change>("how");
         QTest::newRow("same size, later time") << Change::LaterSameSize;
         QTest::newRow("other size, same time") << Change::SameTimeOtherSize;
+        QTest::newRow("same size, same time") << Change::SameTimeSameSize;
     }
     void changedPictureIsShownChanged() {
         QFETCH(Change, how);
@@ -62,6 +66,27 @@ private slots:
         change(path, how, Qt::green);
         QTest::mouseClick(w.labSeeNum, Qt::LeftButton);
         QCOMPARE(shown(w), QColor(Qt::green));
+    }
+
+    void damagedKeptCopyIsNotShown() {
+        const QString path = picturePath(*home);
+        paint(path, Qt::red, 64, QDateTime::currentDateTime().addSecs(-60));
+        QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
+        program->quit();
+
+        // The kept copy's pixels turned blue behind the program's back, its checksum left as it was.
+        const QFileInfoList kept = QDir(PictureDiskCache::Folder()).entryInfoList({"*.pic"}, QDir::Files);
+        QCOMPARE(kept.size(), 1);
+        QFile entry(kept.first().filePath());
+        QVERIFY(entry.open(QIODevice::ReadWrite));
+        QByteArray bytes = entry.readAll();
+        QVERIFY(bytes.count(QByteArray("\x00\x00\xff\xff", 4)) >= 64 * 64);
+        bytes.replace(QByteArray("\x00\x00\xff\xff", 4), QByteArray("\xff\x00\x00\xff", 4));
+        QVERIFY(entry.seek(0) && entry.write(bytes) == bytes.size());
+        entry.close();
+
+        program = std::make_unique<Program>();
+        QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
     }
 };
 

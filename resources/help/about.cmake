@@ -2,4 +2,4 @@
 qt_add_resources(zor_help "about_pictures"
   PREFIX "/about"
   BASE ${CMAKE_SOURCE_DIR}/resources/help
-  FILES ${CMAKE_SOURCE_DIR}/resources/help/AppIcon64.png ${CMAKE_SOURCE_DIR}/resources/help/AppIcon512.png)
+  FILES ${CMAKE_SOURCE_DIR}/resources/help/AppIcon64.png)

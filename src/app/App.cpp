@@ -136,7 +136,10 @@ int App::Main(int argc, char* argv[]) {
     InstallMenus(window);
     window.Event_Opening();
     window.show();
-    // Decoding the large icon would delay the first frame; the window takes it a moment later.
+#ifndef Q_OS_MACOS
+    // The Mac shows the bundle's own icon. Elsewhere the window takes the small one, a moment after
+    // the first frame, which it would only delay.
     QTimer::singleShot(0, &app, [&app] { app.setWindowIcon(ApplicationIcon()); });
+#endif
     return app.exec();
 }

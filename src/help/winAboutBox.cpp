@@ -23,7 +23,6 @@ const QString winAboutBox::kHomePage = QStringLiteral("https://lunvale.net/zor-p
 namespace {
 const QString kWindow = QStringLiteral("winAboutBox");
 const QString kPicture64 = QStringLiteral(":/about/AppIcon64.png");
-const QString kPicture512 = QStringLiteral(":/about/AppIcon512.png");
 
 const QString kCredits = QStringLiteral(
     "ZOR_Palette is free to use and free to pass on to others, as long as it is passed on whole "
@@ -199,7 +198,6 @@ QDate winAboutBox::BuildDate() {
 QIcon ApplicationIcon() {
     QIcon icon;
     icon.addFile(kPicture64, QSize(64, 64));
-    icon.addFile(kPicture512, QSize(512, 512));
     return icon;
 }
 

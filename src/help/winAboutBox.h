@@ -49,7 +49,7 @@ public:
     static const QString kHomePage;
 };
 
-// The application's picture, for the windows' title bars and the dock.
+// The application's picture for the windows' title bars where the system does not give one.
 QIcon ApplicationIcon();
 
 // Builds the about window and shows it modally.

@@ -15,7 +15,9 @@
 #include <vector>
 
 namespace {
-PictureCache::Stamp stampOf(const QFileInfo& file) { return {file.lastModified(), file.size()}; }
+PictureCache::Stamp stampOf(const QFileInfo& file) {
+    return {file.lastModified(), file.fileTime(QFileDevice::FileMetadataChangeTime), file.size()};
+}
 
 PictureCache::Decoded decode(const QString& path) {
     QImageReader reader(path);
@@ -25,13 +27,22 @@ PictureCache::Decoded decode(const QString& path) {
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     return {std::move(image), {}};
 }
+
+// The decoded copy of an earlier run, or the file decoded now and kept for the next.
+PictureCache::Decoded decodeKept(const QString& folder, const QString& path, const PictureCache::Stamp& stamp) {
+    QImage kept = PictureDiskCache::Read(folder, path, stamp);
+    if (!kept.isNull()) return {std::move(kept), {}};
+    PictureCache::Decoded decoded = decode(path);
+    if (!decoded.image.isNull()) PictureDiskCache::Write(folder, path, stamp, decoded.image);
+    return decoded;
+}
 } // namespace
 
 // Files decoded by a few worker threads. Only decoding happens there: the pixmaps, the cache and
 // every widget stay on the GUI thread.
 class DecodeBatch {
 public:
-    explicit DecodeBatch(const QStringList& paths) {
+    explicit DecodeBatch(const QStringList& paths) : keptFolder(PictureDiskCache::Folder()) {
         for (const QString& path : paths) {
             auto slot = std::make_unique<Slot>();
             slot->path = path;
@@ -56,7 +67,7 @@ public:
         if (found == index.constEnd()) return std::nullopt;
         Slot& slot = *files[*found];
         index.erase(found);
-        if (!slot.claimed.exchange(true)) slot.done.set_value(decode(slot.path));
+        if (!slot.claimed.exchange(true)) slot.done.set_value(decodeKept(keptFolder, slot.path, slot.stamp));
         PictureCache::Decoded decoded = slot.result.get();
         if (slot.stamp != now) return std::nullopt;
         return decoded;
@@ -71,9 +82,24 @@ private:
         std::future<PictureCache::Decoded> result;
     };
     void work() {
-        for (size_t i = next++; i < files.size(); i = next++)
-            if (!files[i]->claimed.exchange(true)) files[i]->done.set_value(decode(files[i]->path));
+        // The copies for the next run are written once the batch is decoded: the window waits
+        // for the pictures, not for them.
+        std::vector<std::pair<const Slot*, QImage>> toKeep;
+        for (size_t i = next++; i < files.size(); i = next++) {
+            Slot& slot = *files[i];
+            if (slot.claimed.exchange(true)) continue;
+            QImage kept = PictureDiskCache::Read(keptFolder, slot.path, slot.stamp);
+            if (!kept.isNull()) {
+                slot.done.set_value({std::move(kept), {}});
+                continue;
+            }
+            PictureCache::Decoded decoded = decode(slot.path);
+            if (!decoded.image.isNull()) toKeep.emplace_back(&slot, decoded.image);
+            slot.done.set_value(std::move(decoded));
+        }
+        for (const auto& [slot, image] : toKeep) PictureDiskCache::Write(keptFolder, slot->path, slot->stamp, image);
     }
+    const QString keptFolder;
     std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
     QHash<QString, size_t> index;             // GUI thread only
     std::atomic<size_t> next{0};
@@ -112,7 +138,7 @@ QPixmap PictureCache::Load(const QString& path) {
     auto found = entries.constFind(path);
     if (found != entries.constEnd() && found->stamp == now) return found->picture;
     std::optional<Decoded> decoded = batch ? batch->Take(path, now) : std::nullopt;
-    if (!decoded) decoded = decode(path);
+    if (!decoded) decoded = decodeKept(keptFolder, path, now);
     if (decoded->image.isNull())
         throw IOException("The picture " + file.fileName() + " could not be opened: " + decoded->error);
     const QPixmap picture = QPixmap::fromImage(std::move(decoded->image));

@@ -1,4 +1,6 @@
 #pragma once
+#include "palette_window/PictureDiskCache.h"
+
 #include <QDateTime>
 #include <QHash>
 #include <QImage>
@@ -11,9 +13,10 @@
 class DecodeBatch;
 
 // Decoded button pictures, so that switching back to a palette does not decode its files again.
-// A file counts as the same while its size and modification time are; a changed file is read anew.
-// Files named ahead with Prefetch are decoded on worker threads; Load, on the GUI thread, takes
-// each one as it is done, or decodes it itself when no worker has begun it yet.
+// A file counts as the same while its size and times are; a changed file is read anew. Files named
+// ahead with Prefetch are decoded on worker threads, or taken from the decoded copies of earlier
+// runs; Load, on the GUI thread, takes each one as it is done, or decodes it itself when no worker
+// has begun it yet.
 class PictureCache {
 public:
     PictureCache();
@@ -28,11 +31,7 @@ public:
     // The same before any window exists: the first cache made adopts the work.
     static void PrefetchAtStart(const QStringList& paths);
 
-    struct Stamp {
-        QDateTime modified;
-        qint64 size = -1;
-        bool operator==(const Stamp&) const = default;
-    };
+    using Stamp = PictureDiskCache::Stamp;
     struct Decoded {
         QImage image;
         QString error;
@@ -45,6 +44,7 @@ private:
     };
     QHash<QString, Entry> entries;
     std::unique_ptr<DecodeBatch> batch;
+    QString keptFolder = PictureDiskCache::Folder();
 };
 
 // The picture files of a palette's folder, by button number; names that do not start with two

@@ -36,9 +36,6 @@ bool mayEndRun(uint64_t v) {
 }
 
 size_t plainRunEnd(std::string_view text, size_t from) {
-    // Keys and most values are short: byte by byte first, in steps once the run is long.
-    for (const size_t shortEnd = std::min(text.size(), from + 16); from < shortEnd; ++from)
-        if (kEndsRun[uint8_t(text[from])]) return from;
     while (from + 8 <= text.size() && !mayEndRun(load8(text.data() + from))) from += 8;
     while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
     return from;
@@ -392,69 +389,93 @@ void Reader::expectEnd() {
     if (pos != text.size()) fail("text after the end of the data");
 }
 
-void Writer::open(char c) {
+void Writer::grow(qsizetype n) {
+    const qsizetype used = cursor ? cursor - reinterpret_cast<char16_t*>(out.data()) : 0;
+    out.resize(std::max(used + n, out.size() * 2)); // the new characters are written before they are read
+    cursor = reinterpret_cast<char16_t*>(out.data()) + used;
+    end = reinterpret_cast<char16_t*>(out.data()) + out.size();
+}
+
+QString Writer::take() {
+    out.truncate(cursor - reinterpret_cast<char16_t*>(out.data()));
+    cursor = end = nullptr;
+    return std::move(out);
+}
+
+void Writer::putLatin1(QLatin1StringView text) {
+    room(text.size());
+    for (const char c : text) *cursor++ = char16_t(uint8_t(c));
+}
+
+void Writer::open(char16_t c) {
     separate();
-    out += QLatin1Char(c);
+    put(c);
     needComma = false;
 }
 
 void Writer::separate() {
-    if (needComma) out += QLatin1Char(',');
+    if (needComma) put(u',');
     needComma = true;
 }
 
 void Writer::key(QLatin1StringView name) {
     separate();
-    out += QLatin1Char('"');
-    out += name;
-    out += QLatin1StringView("\":");
+    room(name.size() + 3);
+    *cursor++ = u'"';
+    for (const char c : name) *cursor++ = char16_t(uint8_t(c));
+    *cursor++ = u'"';
+    *cursor++ = u':';
     needComma = false;
 }
 
 void Writer::escaped(char16_t c) {
     static const char* hex = "0123456789abcdef";
     switch (c) {
-    case '"': out += QLatin1StringView("\\\""); break;
-    case '\\': out += QLatin1StringView("\\\\"); break;
-    case '\n': out += QLatin1StringView("\\n"); break;
-    case '\r': out += QLatin1StringView("\\r"); break;
-    case '\t': out += QLatin1StringView("\\t"); break;
-    case '\b': out += QLatin1StringView("\\b"); break;
-    case '\f': out += QLatin1StringView("\\f"); break;
+    case '"': putLatin1(QLatin1StringView("\\\"")); break;
+    case '\\': putLatin1(QLatin1StringView("\\\\")); break;
+    case '\n': putLatin1(QLatin1StringView("\\n")); break;
+    case '\r': putLatin1(QLatin1StringView("\\r")); break;
+    case '\t': putLatin1(QLatin1StringView("\\t")); break;
+    case '\b': putLatin1(QLatin1StringView("\\b")); break;
+    case '\f': putLatin1(QLatin1StringView("\\f")); break;
     default:
-        out += QLatin1StringView("\\u00");
-        out += QLatin1Char(hex[(c >> 4) & 0xF]);
-        out += QLatin1Char(hex[c & 0xF]);
+        putLatin1(QLatin1StringView("\\u00"));
+        put(char16_t(hex[(c >> 4) & 0xF]));
+        put(char16_t(hex[c & 0xF]));
     }
 }
 
 void Writer::value(const QString& text) {
     separate();
-    out += QLatin1Char('"');
-    const QChar* run = text.constData();
-    const QChar* const end = run + text.size();
-    for (const QChar* c = run; c < end; ++c) {
-        const char16_t u = c->unicode();
-        if (u >= 0x20 && u != '"' && u != '\\') continue;
-        out.append(run, c - run);
-        escaped(u);
+    // The text itself and both quotes; an escape makes its own room.
+    room(text.size() + 2);
+    *cursor++ = u'"';
+    const char16_t* run = reinterpret_cast<const char16_t*>(text.constData());
+    const char16_t* const last = run + text.size();
+    for (const char16_t* c = run; c < last; ++c) {
+        if (*c >= 0x20 && *c != u'"' && *c != u'\\') continue;
+        std::copy(run, c, cursor);
+        cursor += c - run;
+        escaped(*c);
+        room(last - c + 1);
         run = c + 1;
     }
-    out.append(run, end - run);
-    out += QLatin1Char('"');
+    std::copy(run, last, cursor);
+    cursor += last - run;
+    *cursor++ = u'"';
 }
 
 void Writer::value(qint64 number) {
     separate();
     char buffer[24];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, number);
+    const auto [digitsEnd, error] = std::to_chars(buffer, buffer + sizeof buffer, number);
     (void)error;
-    out += QLatin1StringView(buffer, end - buffer);
+    putLatin1(QLatin1StringView(buffer, digitsEnd - buffer));
 }
 
 void Writer::value(bool flag) {
     separate();
-    out += flag ? QLatin1StringView("true") : QLatin1StringView("false");
+    putLatin1(flag ? QLatin1StringView("true") : QLatin1StringView("false"));
 }
 
 } // namespace JsonText

@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -49,27 +50,39 @@ private:
 };
 
 // Writes UTF-16 text straight into a QString: the caller wants a string, and the values are
-// QStrings already, so runs of plain characters are copied whole.
+// QStrings already, so runs of plain characters are copied whole. The string is written through a
+// cursor into room made ahead, not appended to piece by piece: a full store writes 10,000 objects.
 class Writer {
 public:
-    explicit Writer(qsizetype expectedSize = 0) { out.reserve(expectedSize); }
-    void beginArray() { open('['); }
-    void endArray() { out += QLatin1Char(']'); }
-    void beginObject() { open('{'); }
-    void endObject() { out += QLatin1Char('}'); }
+    explicit Writer(qsizetype expectedSize = 0) { grow(std::max<qsizetype>(expectedSize, 64)); }
+    void beginArray() { open(u'['); }
+    void endArray() { put(u']'); }
+    void beginObject() { open(u'{'); }
+    void endObject() { put(u'}'); }
     void key(QLatin1StringView name);
     void value(const QString& text);
     void value(qint64 number);
     void value(bool flag);
     void value(int number) { value(qint64(number)); }
     template <class V> void member(const char* name, const V& v) { key(QLatin1StringView(name)), value(v); }
-    QString take() { return std::move(out); }
+    QString take();
 
 private:
-    void open(char c);
+    void open(char16_t c);
     void separate();
     void escaped(char16_t c); // a quote, backslash or control character
+    void room(qsizetype n) {
+        if (end - cursor < n) grow(n);
+    }
+    void grow(qsizetype n);
+    void put(char16_t c) {
+        room(1);
+        *cursor++ = c;
+    }
+    void putLatin1(QLatin1StringView text);
     QString out;
+    char16_t* cursor = nullptr;
+    char16_t* end = nullptr;
     bool needComma = false;
 };
 

@@ -99,10 +99,12 @@ void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbs
     // A button of an older file that fired nothing else was a macro button.
     if (!(seen & kKM_Active)) b.KM_Active = b.SCname.isEmpty() && b.PaletteGo.isEmpty() && b.ASfile.isEmpty();
     auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; }; // other scripts' digits are no button number
-    if (b.sID.size() != 2 || !isDigit(b.sID[0]) || !isDigit(b.sID[1]))
-        throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(b.sID));
-    b.Row = b.sID[0].digitValue();
-    b.Col = b.sID[1].digitValue();
+    // Read through a const view: the reader shares one copy of each number among all palettes.
+    const QString& sID = b.sID;
+    if (sID.size() != 2 || !isDigit(sID[0]) || !isDigit(sID[1]))
+        throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(sID));
+    b.Row = sID[0].digitValue();
+    b.Col = sID[1].digitValue();
     b.ID = b.Row * 10 + b.Col;
 }
 

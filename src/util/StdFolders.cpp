@@ -19,6 +19,7 @@ QString underTestHome(QStandardPaths::StandardLocation which) {
     case QStandardPaths::DesktopLocation: return testHome + "/Desktop";
     case QStandardPaths::DocumentsLocation: return testHome + "/Documents";
     case QStandardPaths::ApplicationsLocation: return testHome + "/Applications";
+    case QStandardPaths::GenericCacheLocation: return testHome + "/Library/Caches";
     default: return testHome;
     }
 }
@@ -43,3 +44,4 @@ QString StdFolders::home() {
     return QDir::cleanPath(QDir::homePath());
 }
 QString StdFolders::applications() { return folder(QStandardPaths::ApplicationsLocation); }
+QString StdFolders::caches() { return folder(QStandardPaths::GenericCacheLocation); }

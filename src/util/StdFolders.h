@@ -9,6 +9,8 @@ QString desktop();
 QString documents();
 QString home();
 QString applications();
+// The user's cache folder, which the system may empty at any time.
+QString caches();
 // Tests: every folder above lies in `home` (empty: the user's own again).
 void setHomeForTests(const QString& home);
 } // namespace StdFolders

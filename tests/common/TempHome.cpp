@@ -8,10 +8,12 @@
 #include <QFileInfo>
 
 TempHome::TempHome()
-    : oldHome(qgetenv("HOME")), oldDataHome(qgetenv("XDG_DATA_HOME")), oldConfigHome(qgetenv("XDG_CONFIG_HOME")) {
+    : oldHome(qgetenv("HOME")), oldDataHome(qgetenv("XDG_DATA_HOME")), oldConfigHome(qgetenv("XDG_CONFIG_HOME")),
+      oldCacheHome(qgetenv("XDG_CACHE_HOME")) {
     qputenv("HOME", dir.path().toUtf8());
     qputenv("XDG_DATA_HOME", (dir.path() + "/.local/share").toUtf8());
     qputenv("XDG_CONFIG_HOME", (dir.path() + "/.config").toUtf8());
+    qputenv("XDG_CACHE_HOME", (dir.path() + "/.cache").toUtf8());
     QDir(dir.path()).mkpath(".local/share");
     QDir(dir.path()).mkpath("Desktop");
     StdFolders::setHomeForTests(dir.path());
@@ -23,6 +25,7 @@ TempHome::~TempHome() {
     qputenv("HOME", oldHome);
     qputenv("XDG_DATA_HOME", oldDataHome);
     qputenv("XDG_CONFIG_HOME", oldConfigHome);
+    qputenv("XDG_CACHE_HOME", oldCacheHome);
 }
 
 QString TempHome::appSupport() const { return StdFolders::applicationSupport(); }

@@ -20,5 +20,5 @@ public:
 private:
     static QString writeFile(const QString& path, const QByteArray& content);
     QTemporaryDir dir;
-    QByteArray oldHome, oldDataHome, oldConfigHome;
+    QByteArray oldHome, oldDataHome, oldConfigHome, oldCacheHome;
 };

@@ -5,7 +5,7 @@ E2E_BIN="$1"
 E2E_HOME="$(mktemp -d)"
 E2E_DATA="$E2E_HOME/.local/share/net.lunvale.ZOR-Palette"
 mkdir -p "$E2E_HOME/.local/share" "$E2E_HOME/Desktop"
-export HOME="$E2E_HOME" XDG_DATA_HOME="$E2E_HOME/.local/share" XDG_CONFIG_HOME="$E2E_HOME/.config"
+export HOME="$E2E_HOME" XDG_DATA_HOME="$E2E_HOME/.local/share" XDG_CONFIG_HOME="$E2E_HOME/.config" XDG_CACHE_HOME="$E2E_HOME/.cache"
 unset QT_QPA_PLATFORM
 
 fail() { echo "FAIL: $*" >&2; exit 1; }

@@ -1,0 +1,119 @@
+#include "palette_window/PictureDiskCache.h"
+
+#include "util/AppGlobals.h"
+#include "util/StdFolders.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <cstring>
+
+namespace PictureDiskCache {
+
+namespace {
+constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '1', '\n'};
+constexpr qint32 kLargestSide = 4096;
+
+// What an entry says about its picture, in the order written.
+struct Header {
+    char magic[8];
+    qint64 size;
+    qint64 modifiedMs;
+    qint64 changedMs;
+    qint32 width;
+    qint32 height;
+    qint32 format;
+    qint32 bytesPerLine;
+    qint32 pathBytes;
+    qint32 reserved;
+};
+static_assert(sizeof(Header) == 56);
+
+// A checksum of the whole entry, eight bytes at a time: a torn or altered entry does not match.
+quint64 checksum(const char* data, qsizetype n) {
+    quint64 h = 0x9E3779B97F4A7C15ull ^ quint64(n);
+    qsizetype i = 0;
+    for (; i + 8 <= n; i += 8) {
+        quint64 word;
+        std::memcpy(&word, data + i, 8);
+        h = (h ^ word) * 0x100000001B3ull;
+        h ^= h >> 29;
+    }
+    for (; i < n; ++i) h = (h ^ quint8(data[i])) * 0x100000001B3ull;
+    return h;
+}
+
+QString entryPath(const QString& folder, const QByteArray& pathUtf8) {
+    return folder + '/' + QString::fromLatin1(QCryptographicHash::hash(pathUtf8, QCryptographicHash::Sha1).toHex()) +
+           ".pic";
+}
+
+bool formatAllowed(qint32 format) {
+    return format == QImage::Format_ARGB32_Premultiplied || format == QImage::Format_RGB32;
+}
+} // namespace
+
+QString Folder() {
+    const QString caches = StdFolders::caches();
+    return caches.isEmpty() ? QString() : caches + '/' + AppGlobals::kAppFolderName + "/ButtonPictures";
+}
+
+QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
+    if (folder.isEmpty()) return {};
+    const QByteArray pathUtf8 = path.toUtf8();
+    QFile file(entryPath(folder, pathUtf8));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QByteArray bytes = file.readAll();
+    if (bytes.size() < qsizetype(sizeof(Header) + sizeof(quint64))) return {};
+    Header h;
+    std::memcpy(&h, bytes.constData(), sizeof h);
+    if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.size != stamp.size ||
+        h.modifiedMs != stamp.modified.toMSecsSinceEpoch() || h.changedMs != stamp.changed.toMSecsSinceEpoch())
+        return {};
+    if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide || !formatAllowed(h.format) ||
+        h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
+        return {};
+    const qsizetype pixels = qsizetype(h.bytesPerLine) * h.height;
+    const qsizetype body = qsizetype(sizeof h) + h.pathBytes + pixels;
+    if (bytes.size() != body + qsizetype(sizeof(quint64))) return {};
+    if (std::memcmp(bytes.constData() + sizeof h, pathUtf8.constData(), size_t(h.pathBytes)) != 0) return {};
+    quint64 stored;
+    std::memcpy(&stored, bytes.constData() + body, sizeof stored);
+    if (stored != checksum(bytes.constData(), body)) return {};
+    QImage image(h.width, h.height, QImage::Format(h.format));
+    if (image.isNull() || image.bytesPerLine() != h.bytesPerLine) return {};
+    std::memcpy(image.bits(), bytes.constData() + sizeof h + h.pathBytes, size_t(pixels));
+    return image;
+}
+
+void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
+    if (folder.isEmpty() || image.isNull() || !formatAllowed(image.format()) || image.width() > kLargestSide ||
+        image.height() > kLargestSide)
+        return;
+    const QByteArray pathUtf8 = path.toUtf8();
+    Header h{};
+    std::memcpy(h.magic, kMagic, sizeof kMagic);
+    h.size = stamp.size;
+    h.modifiedMs = stamp.modified.toMSecsSinceEpoch();
+    h.changedMs = stamp.changed.toMSecsSinceEpoch();
+    h.width = image.width();
+    h.height = image.height();
+    h.format = image.format();
+    h.bytesPerLine = image.width() * 4;
+    h.pathBytes = qint32(pathUtf8.size());
+    QByteArray bytes;
+    bytes.reserve(qsizetype(sizeof h) + pathUtf8.size() + qsizetype(h.bytesPerLine) * h.height + 8);
+    bytes.append(reinterpret_cast<const char*>(&h), sizeof h);
+    bytes.append(pathUtf8);
+    for (int y = 0; y < image.height(); ++y) bytes.append(reinterpret_cast<const char*>(image.constScanLine(y)), h.bytesPerLine);
+    const quint64 sum = checksum(bytes.constData(), bytes.size());
+    bytes.append(reinterpret_cast<const char*>(&sum), sizeof sum);
+    QDir().mkpath(folder);
+    // Written aside and renamed into place: a reader never meets half an entry.
+    QSaveFile file(entryPath(folder, pathUtf8));
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) file.commit();
+}
+
+} // namespace PictureDiskCache

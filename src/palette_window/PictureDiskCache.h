@@ -1,0 +1,27 @@
+#pragma once
+#include <QDateTime>
+#include <QImage>
+#include <QString>
+
+// Decoded button pictures kept in the platform's cache folder between runs, so that a start
+// shows its palette without decoding the files again. An entry names its picture file by path,
+// size, modification and status-change times, and holds a checksum of all it says: an entry that
+// differs in any of them is not used, so a changed or damaged entry never shows a wrong picture.
+// Safe to use from worker threads: it touches no widget and no shared state.
+namespace PictureDiskCache {
+
+struct Stamp {
+    QDateTime modified;
+    QDateTime changed; // the status-change time: a file written anew changes it, whatever its dates say
+    qint64 size = -1;
+    bool operator==(const Stamp&) const = default;
+};
+
+// The folder of the entries, asked on the GUI thread; empty when there is no cache folder.
+QString Folder();
+// The picture decoded earlier from `path` as it was at `stamp`, or a null image.
+QImage Read(const QString& folder, const QString& path, const Stamp& stamp);
+// Keeps `image` for the next run; a failure to write only loses the time it would have saved.
+void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image);
+
+} // namespace PictureDiskCache
