@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
 #include <future>
+#include <mutex>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -57,6 +59,11 @@ public:
     }
     ~DecodeBatch() {
         next = files.size(); // no new files; those begun are finished
+        {
+            const std::lock_guard lock(mutex);
+            abandoned = true;
+        }
+        shownOrGone.notify_all();
         for (std::thread& t : workers) t.join();
     }
     bool Holds(const QString& path) const { return index.contains(path); }
@@ -67,6 +74,13 @@ public:
         if (found == index.constEnd()) return std::nullopt;
         Slot& slot = *files[*found];
         index.erase(found);
+        if (index.isEmpty()) {
+            {
+                const std::lock_guard lock(mutex);
+                allTaken = true;
+            }
+            shownOrGone.notify_all();
+        }
         if (!slot.claimed.exchange(true)) slot.done.set_value(decodeKept(keptFolder, slot.path, slot.stamp));
         PictureCache::Decoded decoded = slot.result.get();
         if (slot.stamp != now) return std::nullopt;
@@ -82,8 +96,8 @@ private:
         std::future<PictureCache::Decoded> result;
     };
     void work() {
-        // The copies for the next run are written once the batch is decoded: the window waits
-        // for the pictures, not for them.
+        // The copies for the next run are written once the window has taken every picture: it
+        // must not share the cores with them while it draws.
         std::vector<std::pair<const Slot*, QImage>> toKeep;
         for (size_t i = next++; i < files.size(); i = next++) {
             Slot& slot = *files[i];
@@ -97,12 +111,24 @@ private:
             if (!decoded.image.isNull()) toKeep.emplace_back(&slot, decoded.image);
             slot.done.set_value(std::move(decoded));
         }
-        for (const auto& [slot, image] : toKeep) PictureDiskCache::Write(keptFolder, slot->path, slot->stamp, image);
+        if (toKeep.empty()) return;
+        {
+            std::unique_lock lock(mutex);
+            shownOrGone.wait(lock, [this] { return allTaken || abandoned; });
+        }
+        for (const auto& [slot, image] : toKeep) {
+            if (abandoned) break; // the rest is written when next decoded
+            PictureDiskCache::Write(keptFolder, slot->path, slot->stamp, image);
+        }
     }
     const QString keptFolder;
     std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
     QHash<QString, size_t> index;             // GUI thread only
     std::atomic<size_t> next{0};
+    std::mutex mutex; // for the two flags below, and the workers' wait on them
+    std::condition_variable shownOrGone;
+    bool allTaken = false;
+    std::atomic<bool> abandoned{false};
     std::vector<std::thread> workers;
 };
 

@@ -6,8 +6,9 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QThread>
 
+#include <cstdio>
 #include <cstring>
 
 namespace PictureDiskCache {
@@ -111,9 +112,16 @@ void Write(const QString& folder, const QString& path, const Stamp& stamp, const
     const quint64 sum = checksum(bytes.constData(), bytes.size());
     bytes.append(reinterpret_cast<const char*>(&sum), sizeof sum);
     QDir().mkpath(folder);
-    // Written aside and renamed into place: a reader never meets half an entry.
-    QSaveFile file(entryPath(folder, pathUtf8));
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) file.commit();
+    // Written aside and renamed into place, so that a reader never meets half an entry; not
+    // synced to disk, as a copy torn by a crash fails its checksum and is only written again.
+    const QString entry = entryPath(folder, pathUtf8);
+    const QString aside = entry + ".part" + QString::number(quintptr(QThread::currentThreadId()), 16);
+    QFile file(aside);
+    bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    file.close();
+    written = written && file.error() == QFileDevice::NoError;
+    if (!written || std::rename(QFile::encodeName(aside).constData(), QFile::encodeName(entry).constData()) != 0)
+        QFile::remove(aside);
 }
 
 } // namespace PictureDiskCache
