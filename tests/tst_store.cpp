@@ -101,6 +101,7 @@ private slots:
         b.Info = "first line\nsecond line\r\nthird\ttabbed";
         b.Tip = R"(She said "go" \ then C:\path\)";
         b.SCname = QString::fromUtf8("Grüße ✓ 日本語 🎹");
+        b.ASfile = QStringLiteral("four") + QChar(0x1F) + "more"; // the highest control character, after a plain run
         b.AutoMin = 50, b.Clipbrd = 1, b.PaletteGo = "12", b.Vis = false, b.ShortcutShow = true;
         ZOR::idxCP = 42;
         ZOR::initialWinLeft = 11, ZOR::initialWinTop = 22, ZOR::initialWinWidth = 256, ZOR::initialWinHeight = 222;
@@ -112,7 +113,7 @@ private slots:
                                    R"("WinLeft":11,"WinHeight":222,"WinWidth":256})");
         const ordered_json button = {{"sID", "23"}, {"Shortcut", "x"}, {"Tip", b.Tip.toStdString()},
                                      {"Info", b.Info.toStdString()}, {"ShortcutShow", true}, {"Vis", false},
-                                     {"ASfile", ""}, {"SCname", b.SCname.toStdString()}, {"AutoMin", 50},
+                                     {"ASfile", b.ASfile.toStdString()}, {"SCname", b.SCname.toStdString()}, {"AutoMin", 50},
                                      {"Clipbrd", 1}, {"PaletteGo", "12"}, {"KM_Active", false}};
         QCOMPARE(parsed[1 + 5 * 101 + 23].dump(), button.dump());
         ZOR::ResetStore();
