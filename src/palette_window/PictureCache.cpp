@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QImageReader>
+#include <QTimer>
 
 #include <algorithm>
 #include <atomic>
@@ -30,18 +31,25 @@ PictureCache::Decoded decode(const QString& path) {
     return {std::move(image), {}};
 }
 
-// The decoded copy of an earlier run, or the file decoded now and kept for the next.
-PictureCache::Decoded decodeKept(const QString& folder, const QString& path, const PictureCache::Stamp& stamp) {
+// The decoded copy of an earlier run, or the file decoded now, which sets `decodedNow`.
+PictureCache::Decoded obtain(const QString& folder, const QString& path, const PictureCache::Stamp& stamp,
+                             bool& decodedNow) {
     QImage kept = PictureDiskCache::Read(folder, path, stamp);
-    if (!kept.isNull()) return {std::move(kept), {}};
-    PictureCache::Decoded decoded = decode(path);
-    if (!decoded.image.isNull()) PictureDiskCache::Write(folder, path, stamp, decoded.image);
+    decodedNow = kept.isNull();
+    return decodedNow ? decode(path) : PictureCache::Decoded{std::move(kept), {}};
+}
+
+// The same, and a picture decoded now is kept for the next run.
+PictureCache::Decoded decodeKept(const QString& folder, const QString& path, const PictureCache::Stamp& stamp) {
+    bool decodedNow = false;
+    PictureCache::Decoded decoded = obtain(folder, path, stamp, decodedNow);
+    if (decodedNow && !decoded.image.isNull()) PictureDiskCache::Write(folder, path, stamp, decoded.image);
     return decoded;
 }
 } // namespace
 
-// Files decoded by a few worker threads. Only decoding happens there: the pixmaps, the cache and
-// every widget stay on the GUI thread.
+// Files decoded by a few worker threads. Only decoding, and the decoded copies' files, happen
+// there: the pixmaps, the cache and every widget stay on the GUI thread.
 class DecodeBatch {
 public:
     explicit DecodeBatch(const QStringList& paths) : keptFolder(PictureDiskCache::Folder()) {
@@ -74,13 +82,7 @@ public:
         if (found == index.constEnd()) return std::nullopt;
         Slot& slot = *files[*found];
         index.erase(found);
-        if (index.isEmpty()) {
-            {
-                const std::lock_guard lock(mutex);
-                allTaken = true;
-            }
-            shownOrGone.notify_all();
-        }
+        if (index.isEmpty()) QTimer::singleShot(kKeepDelayMs, &timers, [this] { settle(); });
         if (!slot.claimed.exchange(true)) slot.done.set_value(decodeKept(keptFolder, slot.path, slot.stamp));
         PictureCache::Decoded decoded = slot.result.get();
         if (slot.stamp != now) return std::nullopt;
@@ -96,30 +98,34 @@ private:
         std::future<PictureCache::Decoded> result;
     };
     void work() {
-        // The copies for the next run are written once the window has taken every picture: it
-        // must not share the cores with them while it draws.
+        // The copies for the next run are written a moment after the window has taken every
+        // picture: it must not share the cores with them while it draws.
         std::vector<std::pair<const Slot*, QImage>> toKeep;
         for (size_t i = next++; i < files.size(); i = next++) {
             Slot& slot = *files[i];
             if (slot.claimed.exchange(true)) continue;
-            QImage kept = PictureDiskCache::Read(keptFolder, slot.path, slot.stamp);
-            if (!kept.isNull()) {
-                slot.done.set_value({std::move(kept), {}});
-                continue;
-            }
-            PictureCache::Decoded decoded = decode(slot.path);
-            if (!decoded.image.isNull()) toKeep.emplace_back(&slot, decoded.image);
+            bool decodedNow = false;
+            PictureCache::Decoded decoded = obtain(keptFolder, slot.path, slot.stamp, decodedNow);
+            if (decodedNow && !decoded.image.isNull()) toKeep.emplace_back(&slot, decoded.image);
             slot.done.set_value(std::move(decoded));
         }
         if (toKeep.empty()) return;
         {
             std::unique_lock lock(mutex);
-            shownOrGone.wait(lock, [this] { return allTaken || abandoned; });
+            shownOrGone.wait(lock, [this] { return shown || abandoned; });
         }
         for (const auto& [slot, image] : toKeep) {
             if (abandoned) break; // the rest is written when next decoded
             PictureDiskCache::Write(keptFolder, slot->path, slot->stamp, image);
         }
+    }
+    static constexpr int kKeepDelayMs = 300;
+    void settle() {
+        {
+            const std::lock_guard lock(mutex);
+            shown = true;
+        }
+        shownOrGone.notify_all();
     }
     const QString keptFolder;
     std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
@@ -127,7 +133,8 @@ private:
     std::atomic<size_t> next{0};
     std::mutex mutex; // for the two flags below, and the workers' wait on them
     std::condition_variable shownOrGone;
-    bool allTaken = false;
+    bool shown = false;
+    QObject timers; // ends the settling timer with the batch
     std::atomic<bool> abandoned{false};
     std::vector<std::thread> workers;
 };

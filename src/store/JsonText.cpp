@@ -438,6 +438,7 @@ void Writer::separate() {
 
 void Writer::key(QLatin1StringView name) {
     separate();
+    // Each button writes twelve keys: one room check for the whole key.
     room(name.size() + 3);
     *cursor++ = u'"';
     for (const char c : name) *cursor++ = char16_t(uint8_t(c));
