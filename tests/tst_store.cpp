@@ -258,6 +258,12 @@ private slots:
         QTest::newRow("an object for the array") << QByteArray::fromStdString(base[0].dump()) << -1;
         QTest::newRow("an object for a button") << edited(5, nullptr, ordered_json::array()) << -1;
         QTest::newRow("a number for a string") << button("Tip", 5) << -1;
+        // The same faults in a palette the start does not show.
+        const auto hidden = [&](const char* key, ordered_json value) { return edited(1 + 101 + 3, key, value); };
+        QTest::newRow("not shown: sID xx") << hidden("sID", "xx") << -1;
+        QTest::newRow("not shown: a number for a string") << hidden("Tip", 5) << -1;
+        QTest::newRow("not shown: not UTF-8") << hidden("Tip", "t\u00e9p").replace("t\xC3\xA9p", "t\xE9p") << -1;
+        QTest::newRow("not shown: a bad escape") << hidden("Tip", "t\\p").replace(R"(t\\p)", R"(t\p)") << -1;
         // clang-format on
         for (int i = 1; i <= 200; ++i) {
             const qsizetype at = full.size() * i / 201;
@@ -284,6 +290,22 @@ private slots:
         if (startsOn < 0)
             QVERIFY(readAll(file) == content && QFileInfo(file).lastModified() == written && emergencyCopies().isEmpty());
         else QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), startsOn);
+    }
+
+    // Palettes not yet shown are read from the data file's text when first asked for; once the
+    // window is drawn, that text no longer follows the file on disk.
+    void palettesNotShownKeepTheTextTheyStartedWith() {
+        const QString file = writeStoreFile(3);
+        program->start().grab();
+        QCoreApplication::processEvents();
+        const QByteArray before = readAll(file);
+        QFile overwritten(file);
+        QVERIFY(overwritten.open(QIODevice::WriteOnly | QIODevice::Truncate)); // the same file, not a new one
+        overwritten.write(QByteArray(before.size() / 2, ' '));
+        overwritten.close();
+        QCOMPARE(ZOR::DP[2].a_Btn->at(0)->Shortcut, QString("a"));
+        const QByteArray after = ZOR::JSON_CreateData().toUtf8();
+        QCOMPARE(after.mid(after.indexOf("},")), before.mid(before.indexOf("},"))); // all but the window's place
     }
 
     void firstStartEver() {

@@ -20,9 +20,11 @@
 #include "util/ZorError.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QPalette>
 #include <QTimer>
+#include <functional>
 #include <utility>
 
 App::App(int& argc, char** argv) : QApplication(argc, argv) {
@@ -127,6 +129,41 @@ void App::InstallMenus(winMain& window) {
     BackupMenus::Install(window);
 }
 
+namespace {
+// Runs `work` once the window's first frame is drawn: what the first frame does not need waits.
+class AfterFirstFrame : public QObject {
+public:
+    AfterFirstFrame(QWidget& window, std::function<void()> work) : QObject(&window), work(std::move(work)) {
+        window.installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            watched->removeEventFilter(this);
+            // Posted: the rest of the window paints and reaches the screen first.
+            QTimer::singleShot(0, this, [this] {
+                work();
+                deleteLater();
+            });
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> work;
+};
+} // namespace
+
+void App::ShowPaletteWindow(winMain& window) {
+    new AfterFirstFrame(window, [] {
+        ZOR::KeepDataText();
+#ifndef Q_OS_MACOS
+        // The Mac shows the bundle's own icon. Elsewhere the window takes the small one.
+        QApplication::setWindowIcon(ApplicationIcon());
+#endif
+    });
+    window.show();
+}
+
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
@@ -135,11 +172,6 @@ int App::Main(int argc, char* argv[]) {
     winMain window;
     InstallMenus(window);
     window.Event_Opening();
-    window.show();
-#ifndef Q_OS_MACOS
-    // The Mac shows the bundle's own icon. Elsewhere the window takes the small one, a moment after
-    // the first frame, which it would only delay.
-    QTimer::singleShot(0, &app, [&app] { app.setWindowIcon(ApplicationIcon()); });
-#endif
+    ShowPaletteWindow(window);
     return app.exec();
 }

@@ -16,6 +16,8 @@ public:
     static void Event_Closing() {}
     // The windows behind the menus take over their items of the palette window.
     static void InstallMenus(winMain& window);
+    // Shows the palette window; what its first frame does not need follows once it is drawn.
+    static void ShowPaletteWindow(winMain& window);
 
     // Process entry: the order from start to the first palette on screen, then the event loop.
     static int Main(int argc, char* argv[]);

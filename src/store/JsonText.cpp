@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 
 #include <algorithm>
+#include <bit>
 #include <cctype>
 #include <charconv>
 #include <cstring>
@@ -13,95 +14,75 @@
 namespace JsonText {
 
 namespace {
-// Bytes that end a plain run inside a string: the quote, the backslash and control characters.
-constexpr std::array<bool, 256> kEndsRun = [] {
-    std::array<bool, 256> table{};
-    for (int c = 0; c < 0x20; ++c) table[size_t(c)] = true;
-    table['"'] = table['\\'] = true;
-    return table;
-}();
-
-// Eight bytes at a time: whether any of them may be a byte of kEndsRun (a few false alarms
-// above a true one are harmless, the bytes are then looked at one by one).
+// Eight bytes at a time, as one word (the machines we build for are little-endian).
+static_assert(std::endian::native == std::endian::little);
 constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull;
 uint64_t load8(const char* p) {
     uint64_t v;
     std::memcpy(&v, p, 8);
     return v;
 }
-bool mayEndRun(uint64_t v) {
+// The high bit of each of the eight bytes that ends a plain run inside a string: the quote, the
+// backslash, control characters, and bytes of characters beyond ASCII, to be checked. A byte above a flagged one may be flagged wrongly, never one
+// below it: the lowest flag is exact.
+uint64_t runEnds(uint64_t v) {
     const uint64_t quote = v ^ (kOnes * '"'), backslash = v ^ (kOnes * '\\');
     const uint64_t control = (v - kOnes * 0x20) & ~v;
-    return ((control | ((quote - kOnes) & ~quote) | ((backslash - kOnes) & ~backslash)) & kHighs) != 0;
+    return (control | ((quote - kOnes) & ~quote) | ((backslash - kOnes) & ~backslash) | v) & kHighs;
 }
 
 size_t plainRunEnd(std::string_view text, size_t from) {
-    while (from + 8 <= text.size() && !mayEndRun(load8(text.data() + from))) from += 8;
-    while (from < text.size() && !kEndsRun[uint8_t(text[from])]) ++from;
-    return from;
+    for (; from + 8 <= text.size(); from += 8)
+        if (const uint64_t ends = runEnds(load8(text.data() + from))) return from + size_t(std::countr_zero(ends)) / 8;
+    // The last few bytes, padded with zeros: a control character, so the end of the text ends the run.
+    uint64_t last = 0;
+    if (from < text.size()) std::memcpy(&last, text.data() + from, text.size() - from);
+    return std::min(text.size(), from + size_t(std::countr_zero(runEnds(last))) / 8);
 }
 
-// Where the text stops being well-formed UTF-8 (no overlong forms, no surrogates, nothing
-// above U+10FFFF), or its size when it is whole.
-size_t invalidUtf8At(std::string_view text) {
+// The length of the UTF-8 sequence that starts at `i` when it is well-formed (no overlong form,
+// no surrogate, nothing above U+10FFFF), or 0.
+size_t utf8SequenceAt(std::string_view text, size_t i) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
-    const size_t n = text.size();
-    size_t i = 0;
-    while (i < n) {
-        if (i + 8 <= n && (load8(text.data() + i) & kHighs) == 0) {
-            i += 8;
-            continue;
-        }
-        const uint8_t c = bytes[i];
-        if (c < 0x80) {
-            ++i;
-            continue;
-        }
-        size_t length = 0;
-        uint8_t low = 0x80, high = 0xBF; // the range of the second byte
-        if (c >= 0xC2 && c <= 0xDF) length = 2;
-        else if (c == 0xE0) length = 3, low = 0xA0;
-        else if (c == 0xED) length = 3, high = 0x9F;
-        else if (c >= 0xE1 && c <= 0xEF) length = 3;
-        else if (c == 0xF0) length = 4, low = 0x90;
-        else if (c == 0xF4) length = 4, high = 0x8F;
-        else if (c >= 0xF1 && c <= 0xF3) length = 4;
-        else return i;
-        if (i + length > n || bytes[i + 1] < low || bytes[i + 1] > high) return i;
-        for (size_t k = 2; k < length; ++k)
-            if ((bytes[i + k] & 0xC0) != 0x80) return i;
-        i += length;
-    }
-    return n;
+    const uint8_t c = bytes[i];
+    size_t length = 0;
+    uint8_t low = 0x80, high = 0xBF; // the range of the second byte
+    if (c >= 0xC2 && c <= 0xDF) length = 2;
+    else if (c == 0xE0) length = 3, low = 0xA0;
+    else if (c == 0xED) length = 3, high = 0x9F;
+    else if (c >= 0xE1 && c <= 0xEF) length = 3;
+    else if (c == 0xF0) length = 4, low = 0x90;
+    else if (c == 0xF4) length = 4, high = 0x8F;
+    else if (c >= 0xF1 && c <= 0xF3) length = 4;
+    else return 0;
+    if (i + length > text.size() || bytes[i + 1] < low || bytes[i + 1] > high) return 0;
+    for (size_t k = 2; k < length; ++k)
+        if ((bytes[i + k] & 0xC0) != 0x80) return 0;
+    return length;
 }
 } // namespace
 
 Reader::Reader(std::string_view utf8) : text(utf8) {
     if (text.size() >= 3 && text.substr(0, 3) == "\xEF\xBB\xBF") pos = 3; // tolerate a byte-order mark
-    // Altered text would be saved over the file at the quit: refuse it whole instead.
-    const size_t bad = invalidUtf8At(text);
-    if (bad != text.size()) {
-        pos = bad;
-        fail("the text is not UTF-8");
+}
+
+size_t Reader::runEnd(size_t from) {
+    for (;;) {
+        from = plainRunEnd(text, from);
+        if (from >= text.size() || uint8_t(text[from]) < 0x80) return from;
+        // Only strings may hold characters beyond ASCII; anywhere else the grammar refuses them.
+        // Altered text would be saved over the file at the quit: refuse it whole instead.
+        const size_t length = utf8SequenceAt(text, from);
+        if (length == 0) {
+            pos = from;
+            fail("the text is not UTF-8");
+        }
+        from += length;
     }
 }
 
 void Reader::fail(const char* what) const {
     throw JSONException(QStringLiteral("Invalid JSON at character %1: %2").arg(pos).arg(QString::fromUtf8(what)));
-}
-
-void Reader::skipSpace() {
-    while (pos < text.size()) {
-        const char c = text[pos];
-        if (c != ' ' && c != '\n' && c != '\r' && c != '\t') return;
-        ++pos;
-    }
-}
-
-char Reader::peek() {
-    skipSpace();
-    if (pos >= text.size()) fail("unexpected end of the text");
-    return text[pos];
 }
 
 void Reader::expect(char c) {
@@ -192,75 +173,90 @@ char32_t Reader::readHex4() {
     return v;
 }
 
-void Reader::parseString(std::string& out) {
-    out.clear();
+void Reader::parseString(std::string* out) {
+    if (out) out->clear();
     ++pos; // opening quote
     for (;;) {
         const size_t start = pos;
-        pos = plainRunEnd(text, pos);
-        out.append(text.substr(start, pos - start));
+        pos = runEnd(pos);
+        if (out) out->append(text.substr(start, pos - start));
         if (pos >= text.size()) fail("unterminated string");
         const char c = text[pos++];
         if (c == '"') return;
         if (c != '\\') fail("control character in a string");
         if (pos >= text.size()) fail("unterminated string");
-        switch (text[pos++]) {
-        case '"': out += '"'; break;
-        case '\\': out += '\\'; break;
-        case '/': out += '/'; break;
-        case 'b': out += '\b'; break;
-        case 'f': out += '\f'; break;
-        case 'n': out += '\n'; break;
-        case 'r': out += '\r'; break;
-        case 't': out += '\t'; break;
-        case 'u': {
-            char32_t cp = readHex4();
-            // A pair makes one character. A lone half is valid JSON but no character: it reads
-            // as the replacement character, as UTF-8 cannot hold it.
-            if (cp >= 0xD800 && cp <= 0xDBFF && text.substr(pos, 2) == "\\u") {
-                const size_t back = pos;
-                pos += 2;
-                const char32_t low = readHex4();
-                if (low >= 0xDC00 && low <= 0xDFFF) cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
-                else pos = back;
-            }
-            if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
-            appendUtf8(out, cp);
-            break;
+        static constexpr std::string_view kSimple = "\"\\/bfnrt", kMeaning = "\"\\/\b\f\n\r\t";
+        const char escape = text[pos++];
+        if (const size_t k = kSimple.find(escape); k != std::string_view::npos) {
+            if (out) *out += kMeaning[k];
+            continue;
         }
-        default:
-            fail("bad escape");
+        if (escape != 'u') fail("bad escape");
+        char32_t cp = readHex4();
+        // A pair makes one character. A lone half is valid JSON but no character: it reads as
+        // the replacement character, as UTF-8 cannot hold it.
+        if (cp >= 0xD800 && cp <= 0xDBFF && text.substr(pos, 2) == "\\u") {
+            const size_t back = pos;
+            pos += 2;
+            const char32_t low = readHex4();
+            if (low >= 0xDC00 && low <= 0xDFFF) cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
+            else pos = back;
         }
+        if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
+        if (out) appendUtf8(*out, cp);
     }
 }
 
 std::string_view Reader::stringView() {
     // Most strings hold no escape: their bytes are used where they stand.
     const size_t start = pos + 1;
-    const size_t end = plainRunEnd(text, start);
+    const size_t end = runEnd(start);
     if (end < text.size() && text[end] == '"') {
         pos = end + 1;
         return text.substr(start, end - start);
     }
-    parseString(scratch);
+    parseString(&scratch);
     return scratch;
 }
 
-QString Reader::readString() {
+std::string_view Reader::readStringBytes() {
     if (peek() != '"') fail("expected a string");
-    const std::string_view bytes = stringView();
-    if (bytes.empty()) return {};
+    return stringView();
+}
+
+void Reader::skipString() {
+    if (peek() != '"') fail("expected a string");
+    const size_t end = runEnd(pos + 1);
+    if (end < text.size() && text[end] == '"') pos = end + 1;
+    else parseString(nullptr);
+}
+
+namespace {
+// Most strings of the store are a letter or two digits (shortcuts, button numbers): shared
+// copies spare ten thousands of small allocations.
+const QString* sharedShortString(std::string_view bytes) {
+    static const auto letters = [] {
+        std::array<QString, 128> all;
+        for (size_t c = 0; c < all.size(); ++c) all[c] = QString(QChar(char16_t(c)));
+        return all;
+    }();
+    static const auto digitPairs = [] {
+        std::array<QString, 100> all;
+        for (size_t n = 0; n < all.size(); ++n) all[n] = QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+        return all;
+    }();
     const auto c0 = uint8_t(bytes[0]);
-    if (bytes.size() == 1 && c0 < 0x80) {
-        QString& shared = letters[c0];
-        if (shared.isEmpty()) shared = QString(QChar(c0));
-        return shared;
-    }
-    if (bytes.size() == 2 && isdigit(c0) && isdigit(uint8_t(bytes[1]))) {
-        QString& shared = digitPairs[size_t((c0 - '0') * 10 + (bytes[1] - '0'))];
-        if (shared.isEmpty()) shared = QString::fromLatin1(bytes.data(), 2);
-        return shared;
-    }
+    if (bytes.size() == 1 && c0 < 0x80) return &letters[c0];
+    if (bytes.size() == 2 && isdigit(c0) && isdigit(uint8_t(bytes[1])))
+        return &digitPairs[size_t((c0 - '0') * 10 + (bytes[1] - '0'))];
+    return nullptr;
+}
+} // namespace
+
+QString Reader::readString() {
+    const std::string_view bytes = readStringBytes();
+    if (bytes.empty()) return {};
+    if (const QString* shared = sharedShortString(bytes)) return *shared;
     return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
 }
 
@@ -315,6 +311,12 @@ qint64 decimalMagnitude(std::string_view number) {
 qint64 Reader::readInteger() {
     const char c = peek();
     if (c != '-' && (c < '0' || c > '9')) fail("expected a number");
+    // Most numbers of the store are one digit.
+    const char next = pos + 1 < text.size() ? text[pos + 1] : '\0';
+    if (c != '-' && !(next >= '0' && next <= '9') && next != '.' && next != 'e' && next != 'E') {
+        ++pos;
+        return c - '0';
+    }
     const size_t start = pos;
     skipNumber();
     const std::string_view number = text.substr(start, pos - start);
@@ -352,7 +354,7 @@ bool Reader::readBool() {
 void Reader::skipScalar() {
     const char c = peek();
     if (c == '"') {
-        parseString(scratch);
+        parseString(nullptr);
     } else if (c == 't' || c == 'f') {
         readBool();
     } else if (text.substr(pos, 4) == "null") {

@@ -22,18 +22,35 @@ public:
     bool nextKey(std::string_view& key); // false at the closing brace; valid until the next read
 
     QString readString();
+    std::string_view readStringBytes(); // unescaped UTF-8; valid until the next read
+    void skipString();                  // checked as readString checks it, but not converted
     qint64 readInteger(); // a number; fractions are cut
     bool readBool();
     void skipValue();
     void expectEnd();
+    void expect(char c);
+    // Steps over `bytes` when the text goes on with exactly them; the text stays put otherwise.
+    bool skipLiteral(std::string_view bytes) {
+        if (text.substr(pos, bytes.size()) != bytes) return false;
+        pos += bytes.size();
+        return true;
+    }
+    size_t position() const { return pos; }
+    void rewind(size_t to) { pos = to; }
 
 private:
     [[noreturn]] void fail(const char* what) const;
-    char peek();
-    void skipSpace();
-    void expect(char c);
+    void skipSpace() {
+        while (pos < text.size() && (text[pos] == ' ' || text[pos] == '\n' || text[pos] == '\r' || text[pos] == '\t')) ++pos;
+    }
+    char peek() {
+        skipSpace();
+        if (pos >= text.size()) fail("unexpected end of the text");
+        return text[pos];
+    }
     char32_t readHex4();
-    void parseString(std::string& out);
+    void parseString(std::string* out); // only checks the string when `out` is null
+    size_t runEnd(size_t from);         // where a run of plain characters ends; checks their encoding
     std::string_view stringView(); // the string's bytes, unescaped only where it must be
     void skipNumber();
     void skipScalar();
@@ -43,10 +60,6 @@ private:
     bool firstInContainer = false;
     std::string scratch;
     std::string keyScratch;
-    // Most strings of the store are a letter or two digits (shortcuts, button numbers): shared
-    // copies spare ten thousands of small allocations.
-    std::array<QString, 128> letters;
-    std::array<QString, 100> digitPairs;
 };
 
 // Writes UTF-16 text straight into a QString: the caller wants a string, and the values are

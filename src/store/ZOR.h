@@ -1,5 +1,6 @@
 #pragma once
 #include "store/Btn.h"
+#include "store/PaletteButtons.h"
 #include "store/PaletteView.h"
 
 #include <QString>
@@ -9,7 +10,7 @@
 
 // The palette dictionary of one slot. A slot is free when its alias is the no-shortcut mark.
 struct PaletteDict {
-    BtnArray a_Btn;
+    PaletteButtons a_Btn;
     qint64 i_NumRows = 0;
     qint64 i_NumColumns = 0;
     QString s_Name;
@@ -54,6 +55,7 @@ void ActivatePalette(qint64 index);
 void SavePaletteToDP();
 void BreakBtnLinkToDP();
 BtnArray NewButtonArray(); // 100 default buttons, as a new palette has them
+const QString& ButtonNumber(qint64 id); // "00" to "99", one shared copy each
 void ResetStore();         // every property back to its value at program load
 
 // the life of a palette
@@ -79,6 +81,9 @@ void GetZOR_DataFromDisk();
 QString JSON_CreateData();
 bool JSON_ParseData(const QString& text); // false when the text could not be read
 bool JSON_ParseData(std::string_view utf8);
+// Palettes not yet shown keep their buttons as the data file's text; from now on that text no
+// longer depends on the file on disk. Called once the first palette is on screen.
+void KeepDataText();
 QString DataFilePath();
 // The active palette's index from the head of the data file, read before the file itself; -1
 // when the head cannot be told. It only lets the start begin on that palette's pictures early.

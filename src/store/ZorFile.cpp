@@ -2,6 +2,7 @@
 
 #include "help/GeneralMethods.h"
 #include "store/JsonText.h"
+#include "store/PaletteButtons.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
@@ -65,23 +66,77 @@ constexpr unsigned kObligatoryButtonKeys = kSID | kShortcut | kTip | kInfo | kSh
     throw JSONException(QStringLiteral("The key %1 is missing from the data.").arg(QLatin1String(key)));
 }
 
-void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
+// How a button's values are taken: into a record, or, with `keep` false, only checked as reading
+// would check them.
+template <bool keep> struct ButtonValues {
+    JsonText::Reader& r;
+    Btn& b;
+    int id = -1;    // the button number, while sID is two digits
+    QString badSID; // otherwise its text, for the message
+
+    void text(QString& field) {
+        if constexpr (keep) field = r.readString();
+        else r.skipString();
+    }
+    void flag(bool& field) {
+        const bool value = r.readBool();
+        if constexpr (keep) field = value;
+    }
+    void number(qint64& field) {
+        const qint64 value = r.readInteger();
+        if constexpr (keep) field = value;
+    }
+    void sID() {
+        // Other scripts' digits are no button number.
+        const std::string_view bytes = r.readStringBytes();
+        auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+        const bool digits = bytes.size() == 2 && isDigit(bytes[0]) && isDigit(bytes[1]);
+        id = digits ? (bytes[0] - '0') * 10 + (bytes[1] - '0') : -1;
+        badSID = digits ? QString() : QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    }
+};
+
+// A button as this program writes it: every key in its order, nothing between. False, with the
+// text where it was, when the button is written otherwise (by hand, by another tool).
+template <bool keep> bool readWrittenButton(ButtonValues<keep>& v) {
+    JsonText::Reader& r = v.r;
+    Btn& b = v.b;
+    const size_t start = r.position();
+    const bool whole = r.skipLiteral(R"({"sID":)") && (v.sID(), r.skipLiteral(R"(,"Shortcut":)")) &&
+                       (v.text(b.Shortcut), r.skipLiteral(R"(,"Tip":)")) && (v.text(b.Tip), r.skipLiteral(R"(,"Info":)")) &&
+                       (v.text(b.Info), r.skipLiteral(R"(,"ShortcutShow":)")) &&
+                       (v.flag(b.ShortcutShow), r.skipLiteral(R"(,"Vis":)")) &&
+                       (v.flag(b.Vis), r.skipLiteral(R"(,"ASfile":)")) && (v.text(b.ASfile), r.skipLiteral(R"(,"SCname":)")) &&
+                       (v.text(b.SCname), r.skipLiteral(R"(,"AutoMin":)")) &&
+                       (v.number(b.AutoMin), r.skipLiteral(R"(,"Clipbrd":)")) &&
+                       (v.number(b.Clipbrd), r.skipLiteral(R"(,"PaletteGo":)")) &&
+                       (v.text(b.PaletteGo), r.skipLiteral(R"(,"KM_Active":)")) && (v.flag(b.KM_Active), r.skipLiteral("}"));
+    // Read again from its start: each value taken so far is taken again.
+    if (!whole) r.rewind(start);
+    return whole;
+}
+
+template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
+    ButtonValues<keep> v{r, b};
     unsigned seen = 0;
-    r.beginObject();
-    while (r.nextKey(key)) {
-        // Dispatch on length first: the keys are few and fixed.
-        if (key == "sID") b.sID = r.readString(), seen |= kSID;
-        else if (key == "Shortcut") b.Shortcut = r.readString(), seen |= kShortcut;
-        else if (key == "Tip") b.Tip = r.readString(), seen |= kTip;
-        else if (key == "Info") b.Info = r.readString(), seen |= kInfo;
-        else if (key == "ShortcutShow") b.ShortcutShow = r.readBool(), seen |= kShortcutShow;
-        else if (key == "Vis") b.Vis = r.readBool(), seen |= kVis;
-        else if (key == "ASfile") b.ASfile = r.readString(), seen |= kASfile;
-        else if (key == "SCname") b.SCname = r.readString(), seen |= kSCname;
-        else if (key == "AutoMin") b.AutoMin = r.readInteger(), seen |= kAutoMin;
-        else if (key == "Clipbrd") b.Clipbrd = r.readInteger(), seen |= kClipbrd;
-        else if (key == "PaletteGo") b.PaletteGo = r.readString(), seen |= kPaletteGo;
-        else if (key == "KM_Active") b.KM_Active = r.readBool(), seen |= kKM_Active;
+    if (readWrittenButton(v)) {
+        seen = ~0u;
+    } else {
+        r.beginObject();
+    }
+    while (seen != ~0u && r.nextKey(key)) {
+        if (key == "sID") v.sID(), seen |= kSID;
+        else if (key == "Shortcut") v.text(b.Shortcut), seen |= kShortcut;
+        else if (key == "Tip") v.text(b.Tip), seen |= kTip;
+        else if (key == "Info") v.text(b.Info), seen |= kInfo;
+        else if (key == "ShortcutShow") v.flag(b.ShortcutShow), seen |= kShortcutShow;
+        else if (key == "Vis") v.flag(b.Vis), seen |= kVis;
+        else if (key == "ASfile") v.text(b.ASfile), seen |= kASfile;
+        else if (key == "SCname") v.text(b.SCname), seen |= kSCname;
+        else if (key == "AutoMin") v.number(b.AutoMin), seen |= kAutoMin;
+        else if (key == "Clipbrd") v.number(b.Clipbrd), seen |= kClipbrd;
+        else if (key == "PaletteGo") v.text(b.PaletteGo), seen |= kPaletteGo;
+        else if (key == "KM_Active") v.flag(b.KM_Active), seen |= kKM_Active;
         else r.skipValue();
     }
     if ((seen & kObligatoryButtonKeys) != kObligatoryButtonKeys) {
@@ -96,16 +151,15 @@ void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbs
         for (const auto& [bit, name] : optional)
             if (!(seen & bit)) Dialogs::message(transitionMessage(name));
     }
-    // A button of an older file that fired nothing else was a macro button.
-    if (!(seen & kKM_Active)) b.KM_Active = b.SCname.isEmpty() && b.PaletteGo.isEmpty() && b.ASfile.isEmpty();
-    auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; }; // other scripts' digits are no button number
-    // Read through a const view: the reader shares one copy of each number among all palettes.
-    const QString& sID = b.sID;
-    if (sID.size() != 2 || !isDigit(sID[0]) || !isDigit(sID[1]))
-        throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(sID));
-    b.Row = sID[0].digitValue();
-    b.Col = sID[1].digitValue();
-    b.ID = b.Row * 10 + b.Col;
+    if (v.id < 0) throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(v.badSID));
+    if constexpr (keep) {
+        // A button of an older file that fired nothing else was a macro button.
+        if (!(seen & kKM_Active)) b.KM_Active = b.SCname.isEmpty() && b.PaletteGo.isEmpty() && b.ASfile.isEmpty();
+        b.ID = v.id;
+        b.Row = v.id / 10;
+        b.Col = v.id % 10;
+        b.sID = ZOR::ButtonNumber(v.id);
+    }
 }
 
 void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, bool tellAbsentKeys) {
@@ -204,14 +258,29 @@ QString ZOR::JSON_CreateData() {
     });
 }
 
-bool ZOR::JSON_ParseData(const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
-    return JSON_ParseData(std::string_view(utf8.constData(), size_t(utf8.size())));
+void PaletteButtons::read() const {
+    const std::string_view all = text->View();
+    JsonText::Reader r(all.substr(begin, end - begin));
+    std::string_view key;
+    auto buttons = std::make_shared<std::vector<BtnRef>>();
+    buttons->reserve(kButtonsPerPalette);
+    for (int i = 0; i < kButtonsPerPalette; ++i) {
+        if (i > 0) r.expect(',');
+        auto b = std::make_shared<Btn>();
+        readButton<true>(r, *b, key, false);
+        buttons->push_back(std::move(b));
+    }
+    array = std::move(buttons);
+    text.reset();
 }
 
-bool ZOR::JSON_ParseData(std::string_view utf8) {
-    return Guard::run(where("JSON_ParseData"), [utf8] {
-        JsonText::Reader r(utf8);
+namespace {
+// Reads the head and every palette object, and checks every button; the buttons themselves stay
+// text in `source` until they are first asked for.
+bool parseStore(const std::shared_ptr<StoreText>& source) {
+    return Guard::run(where("JSON_ParseData"), [&source] {
+        using namespace ZOR;
+        JsonText::Reader r(source->View());
         std::string_view key;
         qint64 lastPaletteIndex = -1;
         qint64 currentPalette = 0;
@@ -233,16 +302,15 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
         if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
             throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
         while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
+        Btn unused;
         for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
-            auto buttons = std::make_shared<std::vector<BtnRef>>();
-            buttons->reserve(kButtonsPerPalette);
+            nextElementOrFail(r);
+            const size_t begin = r.position();
             for (int i = 0; i < kButtonsPerPalette; ++i) {
-                nextElementOrFail(r);
-                auto b = std::make_shared<Btn>();
-                readButton(r, *b, key, p == 0 && i == 0);
-                buttons->push_back(std::move(b));
+                if (i > 0) nextElementOrFail(r);
+                readButton<false>(r, unused, key, p == 0 && i == 0);
             }
-            DP[size_t(p)].a_Btn = std::move(buttons);
+            DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
             nextElementOrFail(r);
             readPalette(r, DP[size_t(p)], key, p == 0);
         }
@@ -256,6 +324,17 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
         idxCP = usable ? currentPalette : 0;
         return true;
     });
+}
+} // namespace
+
+bool ZOR::JSON_ParseData(const QString& text) { return parseStore(std::make_shared<StoreText>(text.toUtf8())); }
+
+bool ZOR::JSON_ParseData(std::string_view utf8) {
+    return parseStore(std::make_shared<StoreText>(QByteArray(utf8.data(), qsizetype(utf8.size()))));
+}
+
+void ZOR::KeepDataText() {
+    for (const PaletteDict& slot : DP) slot.a_Btn.KeepText();
 }
 
 namespace {
@@ -275,15 +354,8 @@ void startBesideUnreadableFile() {
 
 // Every way the file can fail, from opening to the last palette, reports once and gives false.
 bool readDataFile(const QFileInfo& file) {
-    const bool read = Guard::run(where("GetZOR_DataFromDisk"), [&] {
-        QFile in(file.filePath());
-        if (!file.isFile() || !in.open(QIODevice::ReadOnly))
-            throw IOException("PreserveState.txt could not be opened: " + in.errorString());
-        const QByteArray bytes = in.readAll();
-        if (in.error() != QFileDevice::NoError || bytes.size() != file.size())
-            throw IOException("PreserveState.txt could not be read whole: " + in.errorString());
-        return ZOR::JSON_ParseData(std::string_view(bytes.constData(), size_t(bytes.size())));
-    });
+    const bool read = Guard::run(where("GetZOR_DataFromDisk"),
+                                 [&] { return parseStore(StoreText::FromFile(file.filePath())); });
     return read && !ZOR::DP.empty() && ZOR::idxCP >= 0 && ZOR::idxCP < qint64(ZOR::DP.size());
 }
 } // namespace

@@ -5,6 +5,8 @@
 #include "util/StringUtils.h"
 #include "util/ZorError.h"
 
+#include <array>
+
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 PaletteView* view = nullptr;
@@ -28,13 +30,22 @@ BtnArray ZOR::NewButtonArray() {
     for (int i = 0; i < kButtonsPerPalette; ++i) {
         auto b = std::make_shared<Btn>();
         b->ID = i;
-        b->sID = twoDigits(i);
+        b->sID = ButtonNumber(i);
         b->Row = i / 10;
         b->Col = i % 10;
         b->Shortcut = i < 52 && i < aAlphabetShortcut.size() ? aAlphabetShortcut[i] : kNoShortcut;
         buttons->push_back(std::move(b));
     }
     return buttons;
+}
+
+const QString& ZOR::ButtonNumber(qint64 id) {
+    static const auto numbers = [] {
+        std::array<QString, kButtonsPerPalette> all;
+        for (size_t n = 0; n < all.size(); ++n) all[n] = twoDigits(qint64(n));
+        return all;
+    }();
+    return numbers.at(size_t(id));
 }
 
 void ZOR::DefaultValuesPalette(qint64 index) {

@@ -29,7 +29,7 @@ winMain& Program::start() {
     win = std::make_unique<winMain>();
     App::InstallMenus(*win);
     win->Event_Opening();
-    win->show();
+    App::ShowPaletteWindow(*win);
     return *win;
 }
 
