@@ -5,6 +5,7 @@
 #include "palette_window/PictureDiskCache.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
+#include "store/ZOR.h"
 
 #include <QDir>
 #include <QLabel>
@@ -87,6 +88,25 @@ private slots:
 
         program = std::make_unique<Program>();
         QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
+    }
+
+    // While the window idles, the pictures of palettes one key away (Cmd+0 to Cmd+9, and those
+    // the shown palette's buttons switch to) are decoded ahead for their first showing.
+    void palettesOneKeyAwayAreDecodedAhead() {
+        const QDateTime old = QDateTime::currentDateTime().addSecs(-60);
+        const QString folder = home->programFolder() + "/ButtonPictures/P";
+        for (const char* palette : {"01", "10", "11"}) paint(folder + palette + "/05 button.bmp", Qt::red, 64, old);
+        winMain& w = startWith(12);
+        ZOR::aBtn->at(3)->PaletteGo = " 11";
+        QTest::mouseClick(w.labSeeNum, Qt::LeftButton); // a redraw, as after any change
+        const auto kept = [&](const char* palette) {
+            const QString path = folder + palette + "/05 button.bmp";
+            const QFileInfo file(path);
+            return PictureDiskCache::Holds(PictureDiskCache::Folder(), path,
+                                           {file.lastModified(), file.fileTime(QFileDevice::FileMetadataChangeTime), file.size()});
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(kept("01") && kept("11"), 60000); // at idle priority: slow on a busy machine
+        QVERIFY(!kept("10"));
     }
 };
 

@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QImageReader>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -146,9 +147,39 @@ std::unique_ptr<DecodeBatch>& startBatch() {
 }
 } // namespace
 
+// Decoding ahead on one thread of idle priority: it takes only time that nothing else wants.
+class PictureCache::Warmer {
+public:
+    Warmer(const QString& keptFolder, const QStringList& paths) {
+        thread.reset(QThread::create([this, keptFolder, paths] {
+            for (const QString& path : paths) {
+                if (stop) return;
+                const Stamp stamp = stampOf(QFileInfo(path));
+                if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
+                const Decoded decoded = decode(path);
+                if (!decoded.image.isNull()) PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
+            }
+        }));
+        thread->start(QThread::IdlePriority);
+    }
+    ~Warmer() {
+        stop = true;
+        thread->wait();
+    }
+
+private:
+    std::atomic<bool> stop{false};
+    std::unique_ptr<QThread> thread;
+};
+
 PictureCache::PictureCache() : batch(std::move(startBatch())) {}
 
 PictureCache::~PictureCache() = default;
+
+void PictureCache::WarmAhead(const QStringList& paths) {
+    warmer.reset();
+    if (!paths.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, paths);
+}
 
 void PictureCache::PrefetchAtStart(const QStringList& paths) {
     startBatch() = paths.isEmpty() ? nullptr : std::make_unique<DecodeBatch>(paths);

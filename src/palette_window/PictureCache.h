@@ -30,6 +30,10 @@ public:
     void Prefetch(const QStringList& paths);
     // The same before any window exists: the first cache made adopts the work.
     static void PrefetchAtStart(const QStringList& paths);
+    // Decodes, at idle priority, those of the files that no kept copy of an earlier run holds, and
+    // keeps them for the next Load, in this run or the next: the pictures of palettes that may be
+    // shown next. Stops what an earlier call began.
+    void WarmAhead(const QStringList& paths);
 
     using Stamp = PictureDiskCache::Stamp;
     struct Decoded {
@@ -42,8 +46,10 @@ private:
         Stamp stamp;
         QPixmap picture;
     };
+    class Warmer;
     QHash<QString, Entry> entries;
     std::unique_ptr<DecodeBatch> batch;
+    std::unique_ptr<Warmer> warmer;
     QString keptFolder = PictureDiskCache::Folder();
 };
 

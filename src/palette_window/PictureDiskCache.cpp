@@ -14,7 +14,7 @@
 namespace PictureDiskCache {
 
 namespace {
-constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '1', '\n'};
+constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '2', '\n'};
 constexpr qint32 kLargestSide = 4096;
 
 // What an entry says about its picture, in the order written.
@@ -32,19 +32,21 @@ struct Header {
 };
 static_assert(sizeof(Header) == 56);
 
-// A checksum of the whole entry, eight bytes at a time: a torn or altered entry does not match.
-quint64 checksum(const char* data, qsizetype n) {
-    quint64 h = 0x9E3779B97F4A7C15ull ^ quint64(n);
+// A checksum of the whole entry, taken over its parts in turn, eight bytes at a time: a torn or
+// altered entry does not match.
+constexpr quint64 kSeed = 0x9E3779B97F4A7C15ull, kPrime = 0x100000001B3ull;
+quint64 checksum(const char* data, qsizetype n, quint64 h) {
     qsizetype i = 0;
     for (; i + 8 <= n; i += 8) {
         quint64 word;
         std::memcpy(&word, data + i, 8);
-        h = (h ^ word) * 0x100000001B3ull;
+        h = (h ^ word) * kPrime;
         h ^= h >> 29;
     }
-    for (; i < n; ++i) h = (h ^ quint8(data[i])) * 0x100000001B3ull;
+    for (; i < n; ++i) h = (h ^ quint8(data[i])) * kPrime;
     return h;
 }
+quint64 finish(quint64 h, qsizetype length) { return (h ^ quint64(length)) * kPrime; }
 
 QString entryPath(const QString& folder, const QByteArray& pathUtf8) {
     return folder + '/' + QString::fromLatin1(QCryptographicHash::hash(pathUtf8, QCryptographicHash::Sha1).toHex()) +
@@ -61,32 +63,48 @@ QString Folder() {
     return caches.isEmpty() ? QString() : caches + '/' + AppGlobals::kAppFolderName + "/ButtonPictures";
 }
 
-QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
-    if (folder.isEmpty()) return {};
-    const QByteArray pathUtf8 = path.toUtf8();
-    QFile file(entryPath(folder, pathUtf8));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray bytes = file.readAll();
-    if (bytes.size() < qsizetype(sizeof(Header) + sizeof(quint64))) return {};
-    Header h;
-    std::memcpy(&h, bytes.constData(), sizeof h);
+namespace {
+// The entry of `path` opened, its header read and found to describe the file as it is at `stamp`.
+bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& stamp, QFile& file, Header& h) {
+    if (folder.isEmpty()) return false;
+    file.setFileName(entryPath(folder, pathUtf8));
+    // Unbuffered: the pixels go from the file straight into the picture.
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.read(reinterpret_cast<char*>(&h), sizeof h) != qint64(sizeof h))
+        return false;
     if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.size != stamp.size ||
         h.modifiedMs != stamp.modified.toMSecsSinceEpoch() || h.changedMs != stamp.changed.toMSecsSinceEpoch())
-        return {};
+        return false;
     if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide || !formatAllowed(h.format) ||
         h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
-        return {};
-    const qsizetype pixels = qsizetype(h.bytesPerLine) * h.height;
-    const qsizetype body = qsizetype(sizeof h) + h.pathBytes + pixels;
-    if (bytes.size() != body + qsizetype(sizeof(quint64))) return {};
-    if (std::memcmp(bytes.constData() + sizeof h, pathUtf8.constData(), size_t(h.pathBytes)) != 0) return {};
-    quint64 stored;
-    std::memcpy(&stored, bytes.constData() + body, sizeof stored);
-    if (stored != checksum(bytes.constData(), body)) return {};
+        return false;
+    const qsizetype body = qsizetype(sizeof h) + h.pathBytes + qsizetype(h.bytesPerLine) * h.height;
+    return file.size() == body + qsizetype(sizeof(quint64)) && file.read(h.pathBytes) == pathUtf8;
+}
+} // namespace
+
+bool Holds(const QString& folder, const QString& path, const Stamp& stamp) {
+    QFile file;
+    Header h;
+    return openEntry(folder, path.toUtf8(), stamp, file, h);
+}
+
+QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
+    const QByteArray pathUtf8 = path.toUtf8();
+    QFile file;
+    Header h;
+    if (!openEntry(folder, pathUtf8, stamp, file, h)) return {};
+    // The pixels go straight into the picture; the checksum covers all that was read.
     QImage image(h.width, h.height, QImage::Format(h.format));
     if (image.isNull() || image.bytesPerLine() != h.bytesPerLine) return {};
-    std::memcpy(image.bits(), bytes.constData() + sizeof h + h.pathBytes, size_t(pixels));
-    return image;
+    const qint64 pixels = qint64(h.bytesPerLine) * h.height;
+    quint64 stored = 0;
+    if (file.read(reinterpret_cast<char*>(image.bits()), pixels) != pixels ||
+        file.read(reinterpret_cast<char*>(&stored), sizeof stored) != qint64(sizeof stored))
+        return {};
+    quint64 sum = checksum(reinterpret_cast<const char*>(&h), sizeof h, kSeed);
+    sum = checksum(pathUtf8.constData(), pathUtf8.size(), sum);
+    sum = checksum(reinterpret_cast<const char*>(image.constBits()), pixels, sum);
+    return stored == finish(sum, qsizetype(sizeof h) + pathUtf8.size() + pixels) ? image : QImage();
 }
 
 void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
@@ -104,12 +122,15 @@ void Write(const QString& folder, const QString& path, const Stamp& stamp, const
     h.format = image.format();
     h.bytesPerLine = image.width() * 4;
     h.pathBytes = qint32(pathUtf8.size());
+    const qsizetype pixels = qsizetype(h.bytesPerLine) * h.height;
     QByteArray bytes;
-    bytes.reserve(qsizetype(sizeof h) + pathUtf8.size() + qsizetype(h.bytesPerLine) * h.height + 8);
+    bytes.reserve(qsizetype(sizeof h) + pathUtf8.size() + pixels + 8);
     bytes.append(reinterpret_cast<const char*>(&h), sizeof h);
     bytes.append(pathUtf8);
     for (int y = 0; y < image.height(); ++y) bytes.append(reinterpret_cast<const char*>(image.constScanLine(y)), h.bytesPerLine);
-    const quint64 sum = checksum(bytes.constData(), bytes.size());
+    quint64 sum = checksum(bytes.constData(), qsizetype(sizeof h), kSeed);
+    sum = checksum(bytes.constData() + sizeof h, pathUtf8.size(), sum);
+    sum = finish(checksum(bytes.constData() + sizeof h + pathUtf8.size(), pixels, sum), bytes.size());
     bytes.append(reinterpret_cast<const char*>(&sum), sizeof sum);
     QDir().mkpath(folder);
     // Written aside and renamed into place, so that a reader never meets half an entry; not

@@ -19,6 +19,8 @@ struct Stamp {
 
 // The folder of the entries, asked on the GUI thread; empty when there is no cache folder.
 QString Folder();
+// Whether a picture decoded earlier from `path` as it is at `stamp` is kept (its pixels unchecked).
+bool Holds(const QString& folder, const QString& path, const Stamp& stamp);
 // The picture decoded earlier from `path` as it was at `stamp`, or a null image.
 QImage Read(const QString& folder, const QString& path, const Stamp& stamp);
 // Keeps `image` for the next run; a failure to write only loses the time it would have saved.

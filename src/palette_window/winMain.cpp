@@ -57,7 +57,8 @@ template <class Label> Label* barLabel(QWidget* parent, const char* name, int le
 }
 } // namespace
 
-winMain::winMain(QWidget* parent) : QMainWindow(parent) {
+winMain::winMain(QWidget* parent)
+    : QMainWindow(parent), numberFont(Fonts::Sized("Helvetica", 24)), letterFont(Fonts::Sized("Menlo", 12)) {
     setObjectName("winMain");
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinimizeButtonHint);
@@ -92,6 +93,11 @@ winMain::winMain(QWidget* parent) : QMainWindow(parent) {
     tiMinimize->setInterval(1000);
 
     connect(tiMinimize, &QTimer::timeout, this, &winMain::tiMinimize_Action);
+    tiWarmAhead = new QTimer(this);
+    tiWarmAhead->setObjectName("tiWarmAhead");
+    tiWarmAhead->setSingleShot(true);
+    tiWarmAhead->setInterval(500);
+    connect(tiWarmAhead, &QTimer::timeout, this, &winMain::tiWarmAhead_Action);
     labSeeNum->installEventFilter(this);
 
 #ifdef Q_OS_MACOS
@@ -188,6 +194,31 @@ void winMain::RedrawGrid() {
             cnButs[i]->setVisible(i < ZOR::aBtn->size() ? (*ZOR::aBtn)[i]->Vis : false);
         // Cmd+0 to Cmd+9 answer without the menu being opened: keep their state with the palette.
         Event_MenuBarSelected();
+        tiWarmAhead->start();
+    });
+}
+
+QList<qint64> winMain::PalettesWithinReach() const {
+    QList<qint64> reach;
+    const auto add = [&](qint64 index) {
+        if (index != ZOR::idxCP && !reach.contains(index) && ZOR::IsPaletteExistant(index)) reach << index;
+    };
+    for (qint64 k = 0; k <= 9; ++k) add(k); // Cmd+0 to Cmd+9
+    for (const BtnRef& b : *ZOR::aBtn) {
+        bool ok = false;
+        const qint64 target = b->PaletteGo.trimmed().toLongLong(&ok);
+        if (ok) add(target);
+    }
+    return reach;
+}
+
+void winMain::tiWarmAhead_Action() {
+    Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
+        QStringList paths;
+        for (qint64 index : PalettesWithinReach())
+            for (const auto& file : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name))
+                paths << file.second;
+        pictures.WarmAhead(paths);
     });
 }
 
@@ -209,19 +240,22 @@ QRect winMain::WindowRect() const { return geometry(); }
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {
-        const QFont numberFont = Fonts::Sized("Helvetica", 24);
-        g.setFont(numberFont);
-        const QFontMetricsF metrics(numberFont);
-        const qreal w = metrics.horizontalAdvance("01");
-        const qreal h = metrics.boundingRect(QRectF(0, 0, canvas.width(), 1000), Qt::TextWordWrap, "01").height();
-        const qreal x = (canvas.width() - w) / 2, y = (canvas.height() - h) / 2;
+        // The same for every canvas: measured once, not at each of a hundred paints.
+        if (numberBox.isNull()) {
+            const QFontMetricsF metrics(numberFont);
+            const qreal w = metrics.horizontalAdvance("01");
+            const qreal h = metrics.boundingRect(QRectF(0, 0, kCell, 1000), Qt::TextWordWrap, "01").height();
+            numberBox = QRectF((kCell - w) / 2, (kCell - h) / 2, w, h - metrics.descent());
+        }
         const int index = canvas.Index();
-        if (!hasPicture.contains(index))
-            g.drawText(QPointF(x, y + h - metrics.descent()), QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
-        g.setFont(Fonts::Sized("Menlo", 12));
+        if (!hasPicture.contains(index)) {
+            g.setFont(numberFont);
+            g.drawText(numberBox.bottomLeft(), QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+        }
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         if (b.ShortcutShow && b.Shortcut != kNoShortcut) {
+            g.setFont(letterFont);
             g.fillRect(QRect(canvas.width() - 13, canvas.height() - 13, 13, 13), QColor(255, 255, 255, 255 - 75));
             g.setPen(kShortcutOrange);
             g.drawText(QPointF(canvas.width() - 10, canvas.height() - 3), b.Shortcut);

@@ -45,6 +45,7 @@ public:
     bool cnBut_MouseDown(int index);
     void cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers);
     void tiMinimize_Action();
+    void tiWarmAhead_Action();
     QString LabTipText(int index);
     void labSeeNum_MouseUp();
 
@@ -64,6 +65,7 @@ public:
     labZorVisible* labSeeSC = nullptr;
     QLabel* labSeeNum = nullptr;
     QTimer* tiMinimize = nullptr;
+    QTimer* tiWarmAhead = nullptr; // a moment after a redraw: the pictures of palettes one key away
     MainMenuBar* mainMenuBar = nullptr;
 
 protected:
@@ -79,6 +81,9 @@ private:
     void ShowButtonInformation(int index);
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
+    QList<qint64> PalettesWithinReach() const;
+    const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
+    QRectF numberBox;                   // where a canvas's number stands, measured at the first paint
     PictureCache pictures;
     QSet<QString> badPictures; // files named like pictures that are none, reported once per run
     QWidget* gridArea = nullptr;
