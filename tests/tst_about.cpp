@@ -1,11 +1,6 @@
-#include "common/ScriptedDialogs.h"
 #include "help/StaticURL.h"
 #include "help/winAboutBox.h"
-
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
-#include <QtTest>
+#include "tst_windows.h"
 
 class tst_about : public QObject {
     Q_OBJECT

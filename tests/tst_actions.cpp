@@ -1,13 +1,5 @@
 #include "actions/Launchers.h"
-#include "common/FakeTools.h"
-#include "common/ScriptedDialogs.h"
-#include "common/TempHome.h"
-#include "store/ZOR.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QtTest>
+#include "tst_windows.h"
 
 class tst_actions : public QObject {
     Q_OBJECT

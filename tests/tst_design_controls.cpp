@@ -6,8 +6,6 @@
 #include "design/ccGC.h"
 #include "tst_windows.h"
 
-#include <QSignalSpy>
-
 namespace {
 // One press on the arrows ("up", "Shift down", ...): the value shown after it and how many
 // changes were told.

@@ -6,15 +6,7 @@
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "help/Help.h"
-#include "palette_window/cnBut.h"
 #include "tst_windows.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFocusEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 
 namespace {
 std::vector<Btn> buttons() {
@@ -47,7 +39,7 @@ QString state(const winConstruct& w) {
 }
 } // namespace
 
-class DesignWindowTest : public QObject, ProgramFixture {
+class DesignWindowTest : public WindowTest {
     Q_OBJECT
 
     std::unique_ptr<winConstruct> open() { return std::make_unique<winConstruct>(program->window()); }
@@ -61,9 +53,6 @@ class DesignWindowTest : public QObject, ProgramFixture {
     }
 
 private slots:
-    void init() { setUpProgram(); }
-    void cleanup() { tearDownProgram(); }
-
     // A kind begun, taken away and begun again, then OK with the button hidden and a delay.
     void editOfEachKind_data() {
         QTest::addColumn<QString>("kind");

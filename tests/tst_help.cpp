@@ -1,14 +1,9 @@
-#include "common/ScriptedDialogs.h"
-#include "common/TempHome.h"
 #include "help/Help.h"
 #include "help/HelpFit.h"
-#include "help/HelpLabels.h"
 #include "help/winExplainHTML.h"
 #include "help/winHelp.h"
 #include "help/winHelpSimple.h"
-
-#include <QAbstractScrollArea>
-#include <QtTest>
+#include "tst_windows.h"
 
 // Records like ScriptedDialogs, and notes each built window's title, class, place and shown text.
 struct PeekingDialogs : ScriptedDialogs {
@@ -17,13 +12,12 @@ struct PeekingDialogs : ScriptedDialogs {
         QRect geometry;
     };
     QList<Seen> seen;
-
-    Dialogs::Answer answer(const Dialogs::Request& request) override {
-        if (QDialog* d = request.dialog) // each has one text control
-            seen.append({d->windowTitle(), d->metaObject()->className(),
-                         d->findChild<QAbstractScrollArea*>()->property("plainText").toString(),
-                         QRect(d->pos(), d->size())});
-        return ScriptedDialogs::answer(request);
+    PeekingDialogs() {
+        onWindow = [this](QDialog& d) { // each has one text control
+            seen.append({d.windowTitle(), d.metaObject()->className(),
+                         d.findChild<QAbstractScrollArea*>()->property("plainText").toString(),
+                         QRect(d.pos(), d.size())});
+        };
     }
 };
 
@@ -219,10 +213,9 @@ private slots:
                 QTest::mouseClick(&info, Qt::LeftButton, keys);
             }
         }
-        QString titles;
-        for (const auto& request : dialogs.requests) titles += request.title + ' ';
-        QCOMPARE(titles.trimmed(), "Tip Information Tip Information Tip Information Tip Information "
-                                   "Information Tip Information Tip Information Information");
+        QCOMPARE(dialogs.titles().join(' '),
+                 "Tip Information Tip Information Tip Information Tip Information "
+                 "Information Tip Information Tip Information Information");
     }
 
     void labelHover() {

@@ -1,29 +1,20 @@
 // The information bar: what it tells about the button under the pointer, and how it fits tips.
-#include "common/Program.h"
-#include "help/HelpLabels.h"
-#include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-
-#include <QApplication>
-#include <QEnterEvent>
-#include <QTest>
+#include "tst_windows.h"
 
 namespace {
 QColor barColour(const winMain& w) { return w.rectBackgroundTip->palette().color(QPalette::Window); }
 const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
 } // namespace
 
-class InfoBarTest : public QObject, ProgramFixture {
+class InfoBarTest : public WindowTest {
     Q_OBJECT
 
     winMain& startWith(int columns) { return ProgramFixture::startWith(1, 3, columns); }
 
 private slots:
-    void init() { setUpProgram(); }
     void cleanup() {
         QVERIFY(dialogs->texts().isEmpty());
-        tearDownProgram();
+        WindowTest::cleanup();
     }
 
     void barTellsTheKind_data() {

@@ -1,5 +1,3 @@
-#include "common/FakeTools.h"
-#include "common/ScriptedDialogs.h"
 #include "help/ErrorHandling.h"
 #include "help/GeneralMethods.h"
 #include "help/MessageCanvas.h"
@@ -7,28 +5,11 @@
 #include "help/winReportError.h"
 #include "help/winShowText.h"
 #include "help/winTimed.h"
-#include "util/AppGlobals.h"
+#include "tst_windows.h"
 #include "util/Guard.h"
 #include "util/ZorError.h"
 
-#include <QLabel>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QtTest>
-
 Q_DECLARE_METATYPE(Guard::Where)
-
-// Records like ScriptedDialogs, and keeps what `describe` makes of each built window before it goes.
-struct PeekingDialogs : ScriptedDialogs {
-    std::function<QString(QDialog&)> describe;
-    QStringList seen;
-    Dialogs::Answer answer(const Dialogs::Request& request) override {
-        if (describe && request.dialog) seen << describe(*request.dialog);
-        return ScriptedDialogs::answer(request);
-    }
-};
 
 // The text format of every label that shows text.
 static QString labelFormats(QDialog& d) {
@@ -158,8 +139,9 @@ private slots:
 
     // Each helper's window as built: users' texts show as written, every label that shows text plain.
     void helpersBuildTheirWindows() {
-        PeekingDialogs dialogs;
-        dialogs.describe = [](QDialog& d) {
+        ScriptedDialogs dialogs;
+        QStringList seen;
+        dialogs.onWindow = [&seen](QDialog& d) {
             QString text = d.windowTitle() + '|';
             if (auto* w = qobject_cast<winOKCancel*>(&d)) // the message|whether OK, then Cancel, is the default
                 text += w->labMessage->text() + '|' + QString::number(w->pbOK->isDefault()) +
@@ -173,7 +155,7 @@ private slots:
                         captions.join(',');
             } else
                 text += QString(d.metaObject()->className()) + '|' + d.findChild<QPlainTextEdit*>()->toPlainText();
-            return text + '|' + labelFormats(d);
+            seen << text + '|' + labelFormats(d);
         };
         for (const bool ok : {true, false, true}) dialogs.queueOK(ok);
         QVERIFY(RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 0, "Palette") &&
@@ -183,12 +165,12 @@ private slots:
         GeneralMethods::MesDlg("Keep it?", "", "", false, "");
         GeneralMethods::ShowText("line one\nline two", "Manage PreserveState Backup");
         GeneralMethods::ShowTimed("This button is not active.", "No Action for Button", true, 12);
-        QCOMPARE(dialogs.seen, QStringList({"Palette|Delete <b>x</b>?|00|0", "Palette|Delete <b>x</b>?|10|0",
-                                            "Palette|Delete <b>x</b>?|01|0",
-                                            "|Keep <b>x</b>?|<i>Make sure.</i>|1|Cancel=0,Discard=2,Save=1|00",
-                                            "|Keep it?||1|OK=1|0",
-                                            "Manage PreserveState Backup|winShowText|line one\nline two|",
-                                            "No Action for Button|winTimed|This button is not active.|"}));
+        QCOMPARE(seen, QStringList({"Palette|Delete <b>x</b>?|00|0", "Palette|Delete <b>x</b>?|10|0",
+                                    "Palette|Delete <b>x</b>?|01|0",
+                                    "|Keep <b>x</b>?|<i>Make sure.</i>|1|Cancel=0,Discard=2,Save=1|00",
+                                    "|Keep it?||1|OK=1|0",
+                                    "Manage PreserveState Backup|winShowText|line one\nline two|",
+                                    "No Action for Button|winTimed|This button is not active.|"}));
         QVERIFY(AppGlobals::iGlobalInteger == 12 && AppGlobals::fGlobalBoolean);
         QCOMPARE(Dialogs::plainMessageBox("<b>x</b>")->textFormat(), Qt::PlainText);
     }
