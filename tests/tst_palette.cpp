@@ -1,8 +1,14 @@
-// The palette window at work: painting, clicks, keys, menus and palette switching.
+// The palette window at work: painting, clicks, keys, menus, palette switching, the information
+// bar's word on the button under the pointer, and the launchers a click runs.
+#include "actions/Launchers.h"
 #include "tst_windows.h"
 
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
+const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
+QColor barColour(const winMain& w) {
+    return w.rectBackgroundTip->palette().color(QPalette::Window);
+}
 
 // '1' for each enabled item of the palette list.
 QString enabled(const MainMenuBar& bar) {
@@ -264,6 +270,159 @@ private slots:
         }
         QCOMPARE(created, QStringList({"P011", "P044", "P055"}));
         QVERIFY(ZOR::DP.size() == 6 && !ZOR::IsPaletteExistant(-1) && !ZOR::IsPaletteExistant(100));
+    }
+
+    void barTellsTheKind_data() {
+        QTest::addColumn<QStringList>("kinds"); // ASfile, SCname, PaletteGo
+        QTest::addColumn<QColor>("colour");
+        const QColor script(0xFF, 0xB3, 0xB0), palette(0xF0, 0xDB, 0xFF);
+        QTest::newRow("Keyboard Maestro or nothing") << QStringList{"", "", ""} << QColor(0xFE, 0xFF, 0x96);
+        QTest::newRow("Shortcut") << QStringList{"", "Mail", ""} << QColor(0xE1, 0xFF, 0xFF);
+        QTest::newRow("AppleScript") << QStringList{"Mail.scpt", "", ""} << script;
+        QTest::newRow("palette switch") << QStringList{"", "", "2"} << palette;
+        QTest::newRow("Shortcut and switch: the switch colours") << QStringList{"", "Mail", "2"} << palette;
+        QTest::newRow("script and Shortcut: the script colours") << QStringList{"a", "Mail", ""} << script;
+        QTest::newRow("script and switch: the switch colours") << QStringList{"a", "", "2"} << palette;
+    }
+    void barTellsTheKind() {
+        QFETCH(QStringList, kinds);
+        QFETCH(QColor, colour);
+        winMain& w = startWith(1, 3, 10);
+        Btn& b = button(12);
+        b.ASfile = kinds[0], b.SCname = kinds[1], b.PaletteGo = kinds[2], b.Tip = "Mail";
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(w.cnButs[12], &enter); // the canvas's own event reaches the handler
+        QCOMPARE(QStringList({barColour(w).name(), w.labSeeNum->text(), w.labTip->text(), w.labSeeSC->text(),
+                              w.labSeeSC->textColor().name()}),
+                 QStringList({colour.name(), "P00 12", "Mail", "m", "#797979"}));
+
+        b.ShortcutShow = true;
+        w.cnBut_MouseEnter(12);
+        QCOMPARE(w.labSeeSC->textColor(), QColor(0xDC, 0x6E, 0x00));
+        button(60).Vis = false; // a hidden button leaves the colour as it was
+        button(60).ASfile = "x";
+        w.cnBut_MouseEnter(60);
+        QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
+
+        w.cnBut_MouseExit(60);
+        QCOMPARE(
+            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+            QStringList({"#feff96", "Original", "P00", ""}));
+        QVERIFY(dialogs->texts().isEmpty());
+    }
+
+    void tipFitsTheWidth_data() {
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
+        QTest::addColumn<bool>("small");    // drawn at size 10
+        QTest::newRow("one column has no room") << 1 << "Mail"
+                                                << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << ""
+                                        << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << ""
+                                      << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail"
+                                                      << "Mail" << true;
+        QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
+        QTest::newRow("narrow, one long word")
+            << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious"
+                                                << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail"
+                                               << "Open the mail" << false;
+        QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
+    }
+    void tipFitsTheWidth() {
+        QFETCH(int, columns);
+        QFETCH(QString, tip);
+        QFETCH(QString, shown);
+        QFETCH(bool, small);
+        winMain& w = startWith(1, 3, columns);
+        button(1).Tip = tip;
+        w.cnBut_MouseEnter(1);
+        const QString text = w.labTip->text();
+        if (shown == "cut") // the first words, as many as fit
+            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size() &&
+                         tip.startsWith(text.chopped(1)) &&
+                         QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width(),
+                     qPrintable(text));
+        else
+            QCOMPARE(text, shown);
+        if (columns > 1) QCOMPARE(w.labTip->font().pixelSize() == 10, small);
+        w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
+        QVERIFY((w.labTip->font().pixelSize() == 10) == (columns < 4) && dialogs->texts().isEmpty());
+    }
+
+    // Without and with ".scpt": only the first full stop counts, and a "$" before it ends the name.
+    void scriptNamesNormalised() {
+        QStringList forms;
+        for (const char* name : {"Mail.scpt", " Mail\t", "Mail.txt", "", ".", ".scpt", "a.b.c", "x$y.scpt"})
+            forms << ZOR::rsWithWithoutScpt(name, false) + '|' + ZOR::rsWithWithoutScpt(name, true);
+        QCOMPARE(forms, (QStringList{"Mail|Mail.scpt", "Mail|Mail.scpt", "Mail|Mail.scpt", "|", "|", "|",
+                                     "a|a.scpt", "x|x.scpt"}));
+    }
+
+    // Found in the scripts folder only, with its case as on disk.
+    void scriptNameFromTheFolder() {
+        home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
+        home->writeInProgram("Old.scpt", "x");
+        QCOMPARE(
+            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+    }
+
+    void shortcutRuns_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("openExit");
+        QTest::addColumn<QString>("url"); // open's one argument; empty when open must not run
+        QTest::addColumn<QStringList>("messages");
+        const QString run = "shortcuts://run-shortcut?name=";
+        QTest::newRow("one encoded argument")
+            << "Café \"hi\"; rm ~" << 0 << run + "Caf%C3%A9%20%22hi%22%3B%20rm%20~" << QStringList();
+        for (const char* name : {"mail", "My"}) // listed are "Mail" and "My Day"
+            QTest::newRow(name)
+                << name << 0 << QString()
+                << QStringList{QString("The Shortcut, %1 does not exist on this computer.").arg(name)};
+        QTest::newRow("open fails") << "Mail" << 3 << run + "Mail" << QStringList{"Error Code: 3"};
+    }
+    void shortcutRuns() {
+        QFETCH(QString, name);
+        QFETCH(int, openExit);
+        QFETCH(QString, url);
+        tools->setAnswer("shortcuts", "\nMail\nCafé \"hi\"; rm ~\nMy Day\n");
+        tools->setAnswer("open.exit", QString::number(openExit));
+        ZOR::FireSC(name);
+        QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
+                                   (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+        QTEST(dialogs->texts(), "messages");
+    }
+
+    // Either Keyboard Maestro engine will do: its own, or the one inside the editor.
+    void keyboardMaestroEngineCheck() {
+        QList<bool> runs;
+        for (auto [engine, editor] : {std::pair{"true", "false"}, {"false", "true"}, {"false", "false"}}) {
+            tools->setAnswer(kEngine, engine);
+            tools->setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editor);
+            runs << ZOR::KeyboardMaestroEngineRuns();
+        }
+        QCOMPARE(runs, (QList<bool>{true, true, false}));
+    }
+
+    // Each argument reaches the bundled script whole; without osascript the user is told.
+    void scriptBridges() {
+        const auto fire = [] { ZOR::FireKM("P02", "07"), ZOR::FireAS("Say \"hi\"; now.scpt"); };
+        fire();
+        QTRY_COMPARE(tools->log().size(), 2); // the two run side by side
+        QStringList log = tools->log();
+        log.sort();
+        QCOMPARE(log, QStringList({"osascript\t" + resources + "/FireAppleScript.scpt\tSay \"hi\"; now.scpt",
+                                   "osascript\t" + resources + "/FirePalette.scpt\tP02\t07"}));
+        tools->remove("osascript");
+        fire();
+        QCOMPARE(dialogs->texts(),
+                 QStringList({"Cannot run FirePalette.scpt: osascript could not be started.",
+                              "Cannot run FireAppleScript.scpt: osascript could not be started."}));
     }
 };
 
