@@ -84,26 +84,12 @@ private slots:
         QTest::addColumn<QString>("undone"); // after taking it away again
         QTest::addColumn<QString>("label");
         QTest::addColumn<QString>("stored"); // Keyboard Maestro, script, Shortcut, palette
-        QTest::newRow("Keyboard Maestro") << "KM"
-                                          << "1000 110 0"
-                                          << "1111 110 0"
-                                          << "Keyboard Maestro"
-                                          << "KM|||";
-        QTest::newRow("AppleScript") << "AS"
-                                     << "0100 110 0"
-                                     << "1111 011 0"
-                                     << "AppleScript"
-                                     << "|Mail||";
-        QTest::newRow("Shortcut") << "SC"
-                                  << "0010 110 0"
-                                  << "1111 011 0"
-                                  << "Shortcut"
-                                  << "||Day|";
-        QTest::newRow("palette switch") << "PS"
-                                        << "0001 110 0"
-                                        << "1111 011 0"
-                                        << "Palette Switcher"
-                                        << "|||01";
+        // clang-format off
+        QTest::newRow("Keyboard Maestro") << "KM" << "1000 110 0" << "1111 110 0" << "Keyboard Maestro" << "KM|||";
+        QTest::newRow("AppleScript") << "AS" << "0100 110 0" << "1111 011 0" << "AppleScript" << "|Mail||";
+        QTest::newRow("Shortcut") << "SC" << "0010 110 0" << "1111 011 0" << "Shortcut" << "||Day|";
+        QTest::newRow("palette switch") << "PS" << "0001 110 0" << "1111 011 0" << "Palette Switcher" << "|||01";
+        // clang-format on
     }
     void editOfEachKind() {
         QFETCH(QString, kind);
@@ -374,17 +360,12 @@ private slots:
         QTest::addColumn<QString>("arrow");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<int>("events");
-        QTest::newRow("up by one") << false << 4 << "up"
-                                   << "5" << 1;
-        QTest::newRow("Shift up stops at the top") << false << 9 << "Shift up"
-                                                   << "10" << 1;
-        QTest::newRow("down at the bottom: no event") << false << 1 << "down"
-                                                      << "1" << 0;
+        QTest::newRow("up by one") << false << 4 << "up" << "5" << 1;
+        QTest::newRow("Shift up stops at the top") << false << 9 << "Shift up" << "10" << 1;
+        QTest::newRow("down at the bottom: no event") << false << 1 << "down" << "1" << 0;
         QTest::newRow("letter up at none: no event") << true << 0 << "up" << QString(kNoShortcut) << 0;
-        QTest::newRow("letter down to a") << true << 0 << "down"
-                                          << "a" << 1;
-        QTest::newRow("letter Shift down stops at Z") << true << 50 << "Shift down"
-                                                      << "Z" << 1;
+        QTest::newRow("letter down to a") << true << 0 << "down" << "a" << 1;
+        QTest::newRow("letter Shift down stops at Z") << true << 50 << "Shift down" << "Z" << 1;
     }
     void steps() {
         bareStore();

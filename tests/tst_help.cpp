@@ -337,8 +337,7 @@ private slots:
         QCOMPARE(Guard::run(where, failing), 0); // the result's default value
         // One report: a titled window, or a message when direct. The library words its own messages.
         const auto r = dialogs.requests.value(0);
-        QCOMPARE(QString::number(dialogs.requests.size()) + ' ' +
-                     (r.kind == Dialogs::Kind::Window ? r.title : "-") + ": " +
+        QCOMPARE(QString::number(dialogs.requests.size()) + ' ' + (r.kind == Dialogs::Kind::Window ? r.title : "-") + ": " +
                      (ours ? r.text : r.text.section("\nERROR MESSAGE: ", 0, 0)),
                  (where.direct ? "1 -: " : "1 Oops! Error Message: ") + expected);
     }
@@ -401,8 +400,7 @@ private slots:
         QCOMPARE(QList<int>({w.tiChangeCanvas->interval(), w.tiAutoClose->interval()}),
                  QList<int>({93, 12000})); // 128 steps in 12 s
         const auto steps = [&w](int n) {   // the angle afterwards, in ten-thousandths
-            while (n-- > 0)
-                w.tiChangeCanvas_Action();
+            while (n-- > 0) w.tiChangeCanvas_Action();
             return qRound(w.theArc.arcAngle * 10000);
         };
         // Steps of 0.0490875 from one step's worth, held short of the full circle by a tenth of a step.
@@ -434,26 +432,21 @@ private slots:
         QStringList seen;
         dialogs.onWindow = [&seen](QDialog& d) {
             QString text = d.windowTitle() + '|';
-            if (auto* w =
-                    qobject_cast<winOKCancel*>(&d)) // the message|whether OK, then Cancel, is the default
+            if (auto* w = qobject_cast<winOKCancel*>(&d)) // the message|whether OK, then Cancel, is the default
                 text += w->labMessage->text() + '|' + QString::number(w->pbOK->isDefault()) +
                         QString::number(w->pbCancel->isDefault());
-            else if (auto* box =
-                         qobject_cast<QMessageBox*>(&d)) { // explanation|icon|caption=number of each button
+            else if (auto* box = qobject_cast<QMessageBox*>(&d)) { // explanation|icon|caption=number of each button
                 QStringList captions;
                 for (QAbstractButton* b : box->buttons())
-                    captions << b->text() + '=' +
-                                    QString::number(GeneralMethods::MesDlgButtonNumber(*box, b));
+                    captions << b->text() + '=' + QString::number(GeneralMethods::MesDlgButtonNumber(*box, b));
                 captions.sort();
-                text += box->text() + '|' + box->informativeText() + '|' + QString::number(box->icon()) +
-                        '|' + captions.join(',');
+                text += box->text() + '|' + box->informativeText() + '|' + QString::number(box->icon()) + '|' +
+                        captions.join(',');
             } else
-                text += QString(d.metaObject()->className()) + '|' +
-                        d.findChild<QPlainTextEdit*>()->toPlainText();
+                text += QString(d.metaObject()->className()) + '|' + d.findChild<QPlainTextEdit*>()->toPlainText();
             seen << text + '|' + labelFormats(d);
         };
-        for (const bool ok : {true, false, true})
-            dialogs.queueOK(ok);
+        for (const bool ok : {true, false, true}) dialogs.queueOK(ok);
         QVERIFY(RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 0, "Palette") &&
                 !RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 1, "Palette") &&
                 RtrnBoolean::rbOKCancel("Delete <b>x</b>?", 2, "Palette"));
@@ -476,8 +469,7 @@ private slots:
         GeneralMethods::ForgetVersionOS_Major();
         QList<int> majors{GeneralMethods::VersionOS_Major()}; // no sw_vers at all
         // No version in its answer, a version from a run that failed, then one to remember.
-        for (const auto& [answer, exit] :
-             {std::pair{"\n", "0"}, {"14.6.1\n", "1"}, {"14.6.1\n", "0"}, {"15.0\n", "0"}}) {
+        for (const auto& [answer, exit] : {std::pair{"\n", "0"}, {"14.6.1\n", "1"}, {"14.6.1\n", "0"}, {"15.0\n", "0"}}) {
             tools.setAnswer("sw_vers", answer);
             tools.setAnswer("sw_vers.exit", exit);
             majors << GeneralMethods::VersionOS_Major();

@@ -305,9 +305,8 @@ private slots:
         QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
         w.cnBut_MouseExit(60);
-        QCOMPARE(
-            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-            QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+                 QStringList({"#feff96", "Original", "P00", ""}));
         QVERIFY(dialogs->texts().isEmpty());
     }
 
@@ -316,21 +315,14 @@ private slots:
         QTest::addColumn<QString>("tip");
         QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
         QTest::addColumn<bool>("small");    // drawn at size 10
-        QTest::newRow("one column has no room") << 1 << "Mail"
-                                                << "" << false;
-        QTest::newRow("narrow, no tip") << 3 << ""
-                                        << "no tip" << false;
-        QTest::newRow("wide, no tip") << 4 << ""
-                                      << "no tip for this button" << false;
-        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail"
-                                                      << "Mail" << true;
+        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
         QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
-        QTest::newRow("narrow, one long word")
-            << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
-        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious"
-                                                << "Supercalifragilistic" << true;
-        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail"
-                                               << "Open the mail" << false;
+        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
         QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
     }
     void tipFitsTheWidth() {
@@ -343,12 +335,9 @@ private slots:
         w.cnBut_MouseEnter(1);
         const QString text = w.labTip->text();
         if (shown == "cut") // the first words, as many as fit
-            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size() &&
-                         tip.startsWith(text.chopped(1)) &&
-                         QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width(),
-                     qPrintable(text));
-        else
-            QCOMPARE(text, shown);
+            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size() && tip.startsWith(text.chopped(1)) &&
+                         QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width(), qPrintable(text));
+        else QCOMPARE(text, shown);
         if (columns > 1) QCOMPARE(w.labTip->font().pixelSize() == 10, small);
         w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
         QVERIFY((w.labTip->font().pixelSize() == 10) == (columns < 4) && dialogs->texts().isEmpty());
@@ -367,9 +356,8 @@ private slots:
     void scriptNameFromTheFolder() {
         home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home->writeInProgram("Old.scpt", "x");
-        QCOMPARE(
-            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
-            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
     }
 
     void shortcutRuns_data() {
@@ -394,7 +382,7 @@ private slots:
         tools->setAnswer("open.exit", QString::number(openExit));
         ZOR::FireSC(name);
         QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
-                                   (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
         QTEST(dialogs->texts(), "messages");
     }
 
