@@ -51,8 +51,7 @@ class ManageTest : public WindowTest {
 private slots:
     // The menu items open the four windows; each window's help button shows its own record.
     void menuItemsAndHelpButtons() {
-        winMain& w = startWith(2);
-        MainMenuBar& bar = *w.mainMenuBar;
+        MainMenuBar& bar = *startWith(2).mainMenuBar;
         for (QAction* item :
              {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
             item->trigger();
