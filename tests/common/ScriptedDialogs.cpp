@@ -15,11 +15,7 @@ Dialogs::Answer ScriptedDialogs::answer(const Dialogs::Request& request) {
     if (request.kind == K::Window && request.dialog && onWindow)
         return {request.dialog->result(), request.dialog->result() == QDialog::Accepted, {}};
     if (!question) return {0, true, {}};
-    if (answers.isEmpty()) {
-        unexpected << request.text + request.title;
-        return {};
-    }
-    return answers.takeFirst();
+    return answers.isEmpty() ? Dialogs::Answer{} : answers.takeFirst();
 }
 
 QStringList ScriptedDialogs::texts() const {

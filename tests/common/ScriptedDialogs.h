@@ -7,7 +7,7 @@
 
 // Installed for the life of the object: every dialog is recorded instead of shown. Questions
 // (OK/Cancel, MesDlg, open-file) take the queued answers in order; a question with none queued
-// is recorded in `unexpected`, which a test checks.
+// is answered as cancelled.
 class ScriptedDialogs : public Dialogs::Script {
 public:
     ScriptedDialogs();
@@ -29,7 +29,6 @@ public:
     // a window of the menus then answers with its own result.
     std::function<void(QDialog&)> onWindow;
     QList<Dialogs::Request> requests;
-    QStringList unexpected;
 
 private:
     QList<Dialogs::Answer> answers;
