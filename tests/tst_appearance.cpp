@@ -1,14 +1,5 @@
 // The colours stay the program's own when the system gives the application a dark palette.
-#include "common/Program.h"
-#include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-
-#include <QApplication>
-#include <QImage>
-#include <QLabel>
-#include <QTest>
-
-#include <algorithm>
+#include "tst_windows.h"
 
 namespace {
 // The lightness of each pixel of an area that differs from the colour at its corner, darkest first.
@@ -22,7 +13,7 @@ QList<int> inkOf(const QImage& image, const QRect& area) {
 }
 } // namespace
 
-class AppearanceTest : public QObject, ProgramFixture {
+class AppearanceTest : public WindowTest {
     Q_OBJECT
 
     QPalette systemPalette;
@@ -30,7 +21,7 @@ class AppearanceTest : public QObject, ProgramFixture {
 private slots:
     void initTestCase() { systemPalette = QApplication::palette(); }
     void init() {
-        setUpProgram();
+        WindowTest::init();
         // What a dark system appearance hands the application before any window opens.
         QPalette dark(QColor(0x32, 0x32, 0x32), QColor(0x1E, 0x1E, 0x1E));
         for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
@@ -38,7 +29,7 @@ private slots:
         QApplication::setPalette(dark);
     }
     void cleanup() {
-        tearDownProgram();
+        WindowTest::cleanup();
         QApplication::setPalette(systemPalette);
     }
 

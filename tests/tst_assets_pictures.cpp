@@ -4,8 +4,6 @@
 #include "assets/winButtonPics.h"
 #include "tst_windows.h"
 
-#include <QtEndian>
-
 namespace {
 const QString kRemoved = "RemovedZOR_PaletteButtonPictures";
 const QString kSize = "The file is supposed to be an ~ 64 pixel picture. File: ";
@@ -27,7 +25,7 @@ QByteArray huge() {
 }
 } // namespace
 
-class AssetPicturesTest : public QObject, ProgramFixture {
+class AssetPicturesTest : public WindowTest {
     Q_OBJECT
 
     QString butFolder() const { return home->programFolder() + "/ButtonPictures"; }
@@ -39,9 +37,6 @@ class AssetPicturesTest : public QObject, ProgramFixture {
     }
 
 private slots:
-    void init() { setUpProgram(); }
-    void cleanup() { tearDownProgram(); }
-
     void auditTakesOutExactlyTheOffenders() {
         startWith(3);
         const QString longName = "16" + QString(249, 'a') + ".png"; // 255 bytes, the longest a name can be
@@ -197,11 +192,10 @@ private slots:
         for (QLabel* label : std::initializer_list<QLabel*>{w->labRSelectPic, w->labAllButton, w->labRemove,
                                                             w->labPathButFolder})
             QTest::mouseClick(label, Qt::LeftButton);
-        QStringList shown;
-        for (const auto& r : dialogs->requests) shown << r.title;
-        QCOMPARE(shown, QStringList({"Button Pictures: " + ZOR::paleWinTitle, "Button Pictures Overview",
-                                     "Select Pictures to Add", "All Button Pictures",
-                                     "Removed From Button Pictures", "Complete Path"}));
+        QCOMPARE(dialogs->titles(),
+                 QStringList({"Button Pictures: " + ZOR::paleWinTitle, "Button Pictures Overview",
+                              "Select Pictures to Add", "All Button Pictures", "Removed From Button Pictures",
+                              "Complete Path"}));
     }
 };
 

@@ -13,15 +13,12 @@ void link(int palette, int button, const QString& script) {
 }
 } // namespace
 
-class AssetScriptsTest : public QObject, ProgramFixture {
+class AssetScriptsTest : public WindowTest {
     Q_OBJECT
 
     QString workshop() const { return home->desktop() + "/AppleScriptWorkshop"; }
 
 private slots:
-    void init() { setUpProgram(); }
-    void cleanup() { tearDownProgram(); }
-
     void openingSortsOutTheFolderAndTheLinks() {
         startWith(3);
         for (const QString name : {"good.scpt", "orphan.scpt", "readme.txt", "a.b.scpt"})

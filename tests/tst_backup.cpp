@@ -1,45 +1,10 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
-#include "common/Program.h"
-#include "palette_window/MainMenuBar.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
 #include "store/winManageBU.h"
-#include "util/AppGlobals.h"
-#include "util/Clock.h"
+#include "tst_windows.h"
 
-#include <QAction>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QPushButton>
-#include <QTest>
-#include <functional>
 #include <unistd.h>
 
 namespace {
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QStringList namesIn(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-}
-
-// Presses a button of the backup window when the menu runs it, as the user would.
-class PressingDialogs : public ScriptedDialogs {
-public:
-    std::function<void(winManageBU&)> press;
-    Dialogs::Answer answer(const Dialogs::Request& request) override {
-        auto* window = qobject_cast<winManageBU*>(request.dialog);
-        if (!window || !press) return ScriptedDialogs::answer(request);
-        ScriptedDialogs::answer(request);
-        press(*window);
-        return {window->result(), window->result() == QDialog::Accepted, {}};
-    }
-};
-
 // A folder that refuses every change, to root as well; unlocked again when it goes.
 class LockedFolder {
 public:
@@ -60,10 +25,9 @@ private:
 };
 } // namespace
 
-class BackupTest : public QObject, private ProgramFixture {
+class BackupTest : public WindowTest {
     Q_OBJECT
 
-    PressingDialogs* pressing = nullptr;
     QString emergency() const { return home->programFolder() + "/EmergencyPreserveStateBU"; }
     QString dataFile() const { return home->programFolder() + "/PreserveState.txt"; }
     void writeFile(const QString& path, const QByteArray& content) const {
@@ -79,30 +43,17 @@ class BackupTest : public QObject, private ProgramFixture {
         return content;
     }
 
-    // Starts on three palettes, changes one thing, and restores `chosen` through the menu.
-    // Gives the data file as it was.
-    QByteArray restoreThroughMenu(const QString& chosen) {
-        winMain& window = startWith(3);
-        const QByteArray former = readAll(dataFile());
-        ZOR::ChangeToPalette(2);
-        dialogs->queueFile(chosen);
-        pressing->press = [](winManageBU& w) { w.pbRestoreBU->click(); };
-        window.mainMenuBar->miPreserveStateBU->trigger();
-        return former;
+    // Presses a button of the backup window when the menu runs it, as the user would.
+    void pressOnOpening(QPushButton* winManageBU::*button) {
+        dialogs->onWindow = [button](QDialog& d) {
+            if (auto* w = qobject_cast<winManageBU*>(&d)) (w->*button)->click();
+        };
     }
 
 private slots:
     void init() {
         setUpProgram();
-        dialogs.reset();
-        auto script = std::make_unique<PressingDialogs>();
-        pressing = script.get();
-        dialogs = std::move(script);
         Clock::set(QDateTime(QDate(2023, 5, 8), QTime(23, 14, 7)));
-    }
-    void cleanup() {
-        Clock::reset();
-        tearDownProgram();
     }
 
     void makeBackupCopiesTheFileOnDiskAndQuitsSaving() {
@@ -110,7 +61,7 @@ private slots:
         const QByteArray onDisk = readAll(dataFile());
         writeFile(home->desktop() + "/PreserveState.txt", "left over");
         ZOR::ChangeToPalette(1); // a change of this run, saved only by the quit
-        pressing->press = [](winManageBU& w) { w.pbMakeBU->click(); };
+        pressOnOpening(&winManageBU::pbMakeBU);
         window.mainMenuBar->miPreserveStateBU->trigger();
 
         const QString made = "230508_2314PreserveStateBU.txt";
@@ -126,95 +77,76 @@ private slots:
         QCOMPARE(readAll(emergency() + '/' + made), onDisk);
     }
 
-    void restoreRefusesOtherFiles_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("message");
-        const QString start = "You did not select an appropriate file. ";
-        QTest::newRow("29 characters") << "230508_2314PreserveStatBU.txt" << start + "It should have a name like 230508_2314PreserveStateBU.txt";
-        QTest::newRow("31 April") << "230431_2314PreserveStateBU.txt" << start + "It should start with a valid date stamp in the form YYMMDD_HHSS";
-        QTest::newRow(".text") << "230508_2314PreserveStateB.text" << start + "It should have the extension .txt";
-        QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt" << start + "It should have the basic name PreserveStateBU";
-        QTest::newRow("cancelled") << "" << "";
+    // Every way a restore through the menu, or offered at the start for a data file that cannot be
+    // read, ends. A refused or failed one leaves the data file, the backup and the program as they
+    // were; a done one keeps the data file in the emergency folder, under the next free minute when
+    // a quit a moment ago took this one, and quits without writing.
+    void restoreThroughTheMenu_data() {
+        QTest::addColumn<QString>("name");        // chosen on the Desktop; empty: cancelled
+        QTest::addColumn<QString>("setting");     // a folder that refuses every change, or "unreadable"
+        QTest::addColumn<QStringList>("earlier"); // in the emergency folder
+        QTest::addColumn<QString>("told");        // the message, or the name the data file is kept under
+        // clang-format off
+        const QString bad = "You did not select an appropriate file. ", good = "230101_0900PreserveStateBU.txt";
+        QTest::newRow("29 characters") << "230508_2314PreserveStatBU.txt" << "" << QStringList() << bad + "It should have a name like 230508_2314PreserveStateBU.txt";
+        QTest::newRow("31 April") << "230431_2314PreserveStateBU.txt" << "" << QStringList() << bad + "It should start with a valid date stamp in the form YYMMDD_HHSS";
+        QTest::newRow(".text") << "230508_2314PreserveStateB.text" << "" << QStringList() << bad + "It should have the extension .txt";
+        QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt" << "" << QStringList() << bad + "It should have the basic name PreserveStateBU";
+        QTest::newRow("cancelled") << "" << "" << QStringList() << "";
+        QTest::newRow("the backup cannot be moved") << good << "locked backups" << QStringList() << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not restored. The PreserveState.txt in use before is still in its place, unchanged.";
+        QTest::newRow("the data file cannot be kept") << good << "locked emergency" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
+        QTest::newRow("restored") << good << "" << QStringList() << "230508_2314PreserveStateBU.txt";
+        QTest::newRow("offered at the start") << good << "unreadable" << QStringList() << "230508_2314PreserveStateBU.txt";
+        QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2316PreserveStateBU.txt";
+        // clang-format on
     }
-    void restoreRefusesOtherFiles() {
+    void restoreThroughTheMenu() {
         QFETCH(QString, name);
-        QFETCH(QString, message);
-        const QString chosen = name.isEmpty() ? QString() : home->desktop() + '/' + name;
-        if (!chosen.isEmpty()) writeBackup(chosen);
-        startWith(2);
-        const QByteArray before = readAll(dataFile());
-        dialogs->queueFile(chosen);
-        QVERIFY(!ZOR::PreserveStateRestore());
-        QCOMPARE(dialogs->requests[0].title + '|' + dialogs->requests[0].detail + '|' + dialogs->texts(Dialogs::Kind::Message).join('|'),
-                 "Choose Restoring File|" + home->desktop() + '|' + message);
-        QCOMPARE(readAll(dataFile()), before);
-        QVERIFY((chosen.isEmpty() || QFileInfo::exists(chosen)) && namesIn(emergency()).isEmpty() && ZOR::QuitSavePaletteChanges);
-    }
-
-    void restoreReplacesTheDataFileAndQuitsWithoutWriting_data() {
-        QTest::addColumn<QStringList>("before");
-        QTest::addColumn<QString>("keptAs");
-        QTest::newRow("the stamp of now") << QStringList() << "230508_2314PreserveStateBU.txt";
-        // A quit a moment ago holds the stamp of this minute: the data file is kept under the next one.
-        QTest::newRow("a copy of this minute")
-            << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"}
-            << "230508_2316PreserveStateBU.txt";
-    }
-    void restoreReplacesTheDataFileAndQuitsWithoutWriting() {
-        QFETCH(QStringList, before);
-        QFETCH(QString, keptAs);
-        for (const QString& name : before)
-            writeFile(emergency() + '/' + name, "earlier");
+        QFETCH(QString, setting);
+        QFETCH(QStringList, earlier);
+        QFETCH(QString, told);
+        // A folder of that name on the Desktop is a copy, never the program's own.
         const QString backups = home->desktop() + "/EmergencyPreserveStateBU";
-        const QString chosen = backups + "/230101_0900PreserveStateBU.txt";
-        const QByteArray backup = writeBackup(chosen);
+        const QString chosen = name.isEmpty() ? QString() : backups + '/' + name;
+        const QByteArray backup = chosen.isEmpty() ? QByteArray() : writeBackup(chosen);
         writeFile(backups + "/PreserveState.txt", "a leftover beside the backup");
-        const QByteArray former = restoreThroughMenu(chosen);
+        QDir().mkpath(emergency());
+        for (const QString& file : earlier)
+            writeFile(emergency() + '/' + file, "earlier");
+        std::optional<LockedFolder> lock;
+        if (setting.startsWith("locked") &&
+            !lock.emplace(setting.endsWith("backups") ? backups : emergency()).holds())
+            QSKIP("this system lets every change through a locked folder");
+        const bool offered = setting == "unreadable"; // by the start, for a data file it cannot read
+        offered ? home->writeInProgram("PreserveState.txt", "not a palette store") : writeStoreFile(3);
+        const QByteArray former = readAll(dataFile());
+        if (offered) dialogs->queueOK(true);
+        dialogs->queueFile(chosen);
+        pressOnOpening(&winManageBU::pbRestoreBU);
+        winMain& window = program->start();
+        if (!offered) // a change of this run, never saved, then the menu
+            ZOR::ChangeToPalette(2), window.mainMenuBar->miPreserveStateBU->trigger();
 
-        QVERIFY(!program->window()->isVisible());
+        QTRY_VERIFY(dialogs->titles().contains("Choose Restoring File"));
+        QCOMPARE(dialogs->requests[dialogs->titles().indexOf("Choose Restoring File")].detail,
+                 home->desktop());
+        if (told.isEmpty() || told.contains(' ')) { // refused or failed, with a message if any
+            QCOMPARE(dialogs->texts(Dialogs::Kind::Message),
+                     told.isEmpty() ? QStringList() : QStringList{told});
+            QVERIFY(window.isVisible() && ZOR::QuitSavePaletteChanges);
+            QVERIFY(readAll(dataFile()) == former && (chosen.isEmpty() || readAll(chosen) == backup) &&
+                    namesIn(emergency()) == earlier);
+            return;
+        }
+        QTRY_VERIFY(!window.isVisible());
         QCOMPARE(readAll(dataFile()), backup);
         QCOMPARE(namesIn(backups), QStringList{"PreserveState230508_231407.txt"});
-        QCOMPARE(namesIn(emergency()), QStringList(before) << keptAs);
-        QCOMPARE(readAll(emergency() + '/' + keptAs), former);
+        QCOMPARE(namesIn(emergency()), earlier << told);
+        QCOMPARE(readAll(emergency() + '/' + told), former);
         QCOMPARE(dialogs->requests.last().title + ": " + dialogs->texts(Dialogs::Kind::ShowText).join('|'),
                  "Backup Data Restored: A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
                  "PreserveState.txt file.\nThe application is quitting. Restart to access the "
                  "PreserveState.txt file that was restored.");
-    }
-
-    void failedRestoreKeepsTheDataFileAndTheProgram_data() {
-        QTest::addColumn<bool>("lockEmergency");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("the backup cannot be moved") << false << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not restored. The PreserveState.txt in use before is still in its place, unchanged.";
-        QTest::newRow("the data file cannot be kept") << true << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
-    }
-    void failedRestoreKeepsTheDataFileAndTheProgram() {
-        QFETCH(bool, lockEmergency);
-        QFETCH(QString, message);
-        const QString backups = home->desktop() + "/Backups";
-        const QString chosen = backups + "/230101_0900PreserveStateBU.txt";
-        const QByteArray backup = writeBackup(chosen);
-        QDir().mkpath(emergency());
-        LockedFolder locked(lockEmergency ? emergency() : backups);
-        if (!locked.holds()) QSKIP("this system lets every change through a locked folder");
-        const QByteArray former = restoreThroughMenu(chosen);
-
-        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList{message});
-        QVERIFY(program->window()->isVisible() && ZOR::QuitSavePaletteChanges);
-        QVERIFY(readAll(dataFile()) == former && readAll(chosen) == backup && namesIn(emergency()).isEmpty());
-    }
-
-    void unreadableDataFileOffersTheRestore() {
-        const QString chosen = home->desktop() + "/230101_0900PreserveStateBU.txt";
-        const QByteArray backup = writeBackup(chosen);
-        home->writeInProgram("PreserveState.txt", "not a palette store");
-        dialogs->queueOK(true);
-        dialogs->queueFile(chosen);
-        pressing->press = [](winManageBU& w) { w.pbRestoreBU->click(); };
-        winMain& window = program->start();
-        QTRY_VERIFY(!window.isVisible());
-        QCOMPARE(readAll(dataFile()), backup);
-        QCOMPARE(readAll(emergency() + "/230508_2314PreserveStateBU.txt"), QByteArray("not a palette store"));
     }
 
     void copyEmergencyFolder() {
@@ -274,8 +206,8 @@ private slots:
         button(0).Tip = "again";
         window.mainMenuBar->miPaletteData->trigger();
         QCOMPARE(namesIn(home->desktop()), QStringList{"230523_195507MyTools_P00Data"});
-        QVERIFY(readAll(folder + "/TextData.txt").contains("\tagain\t"));
-        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
+        QVERIFY(readAll(folder + "/TextData.txt").contains("\tagain\t") &&
+                dialogs->texts(Dialogs::Kind::Message).isEmpty());
     }
 };
 

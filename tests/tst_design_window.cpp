@@ -1,20 +1,12 @@
 // The design window driven as a user drives it: clicks on the grid and the arrows, typing into
-// the fields, OK, Cancel and Done, checked against the buttons of the active palette.
+// the fields, OK, Cancel and Done, checked against the buttons of the active palette; and its
+// small controls on their own: the up-downs' steps and limits, and the looks of a grid cell.
 #include "design/UpDownArrows.h"
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
-#include "help/Help.h"
-#include "palette_window/cnBut.h"
 #include "tst_windows.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFocusEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 
 namespace {
 std::vector<Btn> buttons() {
@@ -39,15 +31,30 @@ void arrows(UpDownArrows* control, bool up, int times = 1, bool shift = false) {
 // "KM AS SC PS / OK Cancel Done / palette", 1 for on.
 QString state(const winConstruct& w) {
     QString s;
-    for (const QWidget* c : {(QWidget*)w.cbKM, (QWidget*)w.tfAS, (QWidget*)w.tfSC, (QWidget*)w.tfPaletteGo,
-                             (QWidget*)nullptr, (QWidget*)w.pbOK, (QWidget*)w.pbCancel, (QWidget*)w.pbDone,
-                             (QWidget*)nullptr, (QWidget*)w.ccRowUpDown})
+    for (const QWidget* c :
+         std::initializer_list<QWidget*>{w.cbKM, w.tfAS, w.tfSC, w.tfPaletteGo, nullptr, w.pbOK, w.pbCancel,
+                                         w.pbDone, nullptr, w.ccRowUpDown})
         s += !c ? ' ' : c->isEnabled() ? '1' : '0';
     return s;
 }
+// One press on the arrows ("up", "Shift down", ...): the value shown after it and how many
+// changes were told, as "value changes".
+template <class Control> QString press(Control& control, const QString& arrow) {
+    QSignalSpy changed(&control, &Control::ValueChanged);
+    arrows(control.udChangeVal, arrow.endsWith("up"), 1, arrow.startsWith("Shift"));
+    return control.labValue->text() + ' ' + QString::number(changed.count());
+}
+
+// Whether any pixel of the rectangle has exactly that colour.
+bool hasColour(const QImage& shot, const QRect& area, const QColor& colour) {
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            if (shot.pixelColor(x, y) == colour) return true;
+    return false;
+}
 } // namespace
 
-class DesignWindowTest : public QObject, ProgramFixture {
+class DesignWindowTest : public WindowTest {
     Q_OBJECT
 
     std::unique_ptr<winConstruct> open() { return std::make_unique<winConstruct>(program->window()); }
@@ -60,20 +67,27 @@ class DesignWindowTest : public QObject, ProgramFixture {
         return QTest::qWaitFor([&] { return QApplication::focusWidget() == field; });
     }
 
-private slots:
-    void init() { setUpProgram(); }
-    void cleanup() { tearDownProgram(); }
+    // A store without a program: one palette's buttons on a grid of 3 x 4, none chosen.
+    static void bareStore() {
+        ZOR::MakeAlphabetShortcuts();
+        ZOR::aBtn = ZOR::NewButtonArray();
+        ZOR::numRows = 3, ZOR::numColumns = 4, ZOR::idxCurrentBtn = -1;
+    }
 
+private slots:
     // A kind begun, taken away and begun again, then OK with the button hidden and a delay.
     void editOfEachKind_data() {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("begun");  // state once the kind is begun
         QTest::addColumn<QString>("undone"); // after taking it away again
         QTest::addColumn<QString>("label");
-        QTest::newRow("Keyboard Maestro") << "KM" << "1000 110 0" << "1111 110 0" << "Keyboard Maestro";
-        QTest::newRow("AppleScript") << "AS" << "0100 110 0" << "1111 011 0" << "AppleScript";
-        QTest::newRow("Shortcut") << "SC" << "0010 110 0" << "1111 011 0" << "Shortcut";
-        QTest::newRow("palette switch") << "PS" << "0001 110 0" << "1111 011 0" << "Palette Switcher";
+        QTest::addColumn<QString>("stored"); // Keyboard Maestro, script, Shortcut, palette
+        // clang-format off
+        QTest::newRow("Keyboard Maestro") << "KM" << "1000 110 0" << "1111 110 0" << "Keyboard Maestro" << "KM|||";
+        QTest::newRow("AppleScript") << "AS" << "0100 110 0" << "1111 011 0" << "AppleScript" << "|Mail||";
+        QTest::newRow("Shortcut") << "SC" << "0010 110 0" << "1111 011 0" << "Shortcut" << "||Day|";
+        QTest::newRow("palette switch") << "PS" << "0001 110 0" << "1111 011 0" << "Palette Switcher" << "|||01";
+        // clang-format on
     }
     void editOfEachKind() {
         QFETCH(QString, kind);
@@ -98,10 +112,8 @@ private slots:
         QCOMPARE(state(*w) + w->labButtSpec->text(), "0000 001 1Button Specification");
         QVERIFY(ZOR::idxCurrentBtn == -1 && ZOR::paletteContentChange);
         const Btn& b = button(5);
-        QCOMPARE(QStringList({b.KM_Active ? "KM" : "", b.ASfile, b.SCname, b.PaletteGo, QString::number(b.AutoMin),
-                              b.Vis ? "shown" : "hidden"}),
-                 QStringList({kind == "KM" ? "KM" : "", kind == "AS" ? "Mail" : "", kind == "SC" ? "Day" : "",
-                              kind == "PS" ? "01" : "", "50", "hidden"}));
+        QTEST(QStringList({b.KM_Active ? "KM" : "", b.ASfile, b.SCname, b.PaletteGo}).join('|'), "stored");
+        QVERIFY(b.AutoMin == 50 && !b.Vis);
     }
 
     void fieldFilters_data() {
@@ -183,8 +195,8 @@ private slots:
                  kNoShortcut + "2");
         QTest::keyClicks(w->tfTip, "!");
         QTest::mouseClick(w->pbCancel, Qt::LeftButton);
-        QVERIFY(buttons() == before);
-        QVERIFY(ZOR::idxCurrentBtn == -1 && w->accGC[6]->CurrentLook() == ccGC::Look::Used);
+        QVERIFY(buttons() == before && ZOR::idxCurrentBtn == -1 &&
+                w->accGC[6]->CurrentLook() == ccGC::Look::Used);
         QCOMPARE(state(*w), "0000 001 1");
 
         // A stored delay that is none of the choices is stored as Never at OK.
@@ -296,25 +308,20 @@ private slots:
         QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
     }
 
-    // The menu, an old system's missing Shortcuts field, and labels that open help records.
+    // The menu, an old system's missing Shortcuts field, and a help button and labels that open
+    // their help records.
     void menuAndHelp() {
         tools->setAnswer("sw_vers", "11.7.10\n");
-        winMain& palette = startWith(1);
-        palette.mainMenuBar->miConstruct->trigger();
-        QVERIFY(dialogs->requests.size() == 1 && dialogs->requests[0].kind == Dialogs::Kind::Window &&
-                dialogs->requests[0].title == "Grid Construct: ZOR Palette (P00)");
-        dialogs->clear();
+        startWith(1).mainMenuBar->miConstruct->trigger();
         auto w = open();
         QVERIFY(w->tfSC->isHidden());
         for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC})
             QVERIFY(!icon->pixmap().isNull());
-        for (const auto& [name, id] : {std::pair<const char*, int>{"pbHelpGridCon", 10}, {"labPalePart", 12},
-                                       {"labAllShortcut", 15}, {"labAutoMin", 0}}) {
-            dialogs->clear();
+        for (const char* name : {"pbHelpGridCon", "labPalePart", "labAllShortcut", "labAutoMin"})
             QTest::mouseClick(w->findChild<QWidget*>(name), Qt::LeftButton);
-            const QString title = Help::helpDict.value(id).section('\t', 0, 0).trimmed();
-            QVERIFY2(!title.isEmpty() && dialogs->requests.value(0).title == title, name);
-        }
+        QCOMPARE(dialogs->titles(),
+                 QStringList({"Grid Construct: ZOR Palette (P00)", "Grid Construct Overview",
+                              "Palette Particulars", "The Grid", "Overview"}));
     }
 
     // OK takes the field being typed in, and Clear in the Edit menu removes only the selection.
@@ -342,6 +349,80 @@ private slots:
         QTest::mouseClick(w->pbOK, Qt::LeftButton);
         QCOMPARE(QStringList({button(5).PaletteGo, button(5).Tip, button(5).Info}),
                  QStringList({"01", "Change palette to 01", "one"}));
+    }
+
+    // Numbers 1 to 10 by 1 or 2 (Shift); letters by 1 or 8 from none through a..Z, down the list.
+    void steps_data() {
+        QTest::addColumn<bool>("letters");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<QString>("arrow");
+        QTest::addColumn<QString>("shown"); // the value and the number of changes told
+        // clang-format off
+        QTest::newRow("up by one") << false << 4 << "up" << "5 1";
+        QTest::newRow("Shift up stops at the top") << false << 9 << "Shift up" << "10 1";
+        QTest::newRow("down at the bottom: no event") << false << 1 << "down" << "1 0";
+        QTest::newRow("letter up at none: no event") << true << 0 << "up" << kNoShortcut + " 0";
+        QTest::newRow("letter down to a") << true << 0 << "down" << "a 1";
+        QTest::newRow("letter Shift down stops at Z") << true << 50 << "Shift down" << "Z 1";
+        // clang-format on
+    }
+    void steps() {
+        bareStore();
+        QFETCH(bool, letters);
+        QFETCH(int, start);
+        QFETCH(QString, arrow);
+        QString seen;
+        if (letters) {
+            ccDataStrUpDown control;
+            control.aStrChoices << kNoShortcut << ZOR::aAlphabetShortcut;
+            control.jump = 1, control.jumpShift = 8, control.minIndex = 0, control.maxIndex = 52;
+            control.theValueIndex = start, control.theValue = control.aStrChoices[start];
+            seen = press(control, arrow);
+            QCOMPARE(control.ValueColor(), QColor(Qt::black)); // also after a press that could not move
+        } else {
+            ccDataIntUpDown control;
+            control.jump = 1, control.jumpShift = 2, control.minValue = 1, control.maxValue = 10;
+            control.theValue = start;
+            seen = press(control, arrow);
+        }
+        QTEST(seen, "shown");
+    }
+
+    void cellLooks_data() {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QColor>("fill");
+        QTest::addColumn<QColor>("frame");
+        QTest::addColumn<QColor>("kind"); // a colour the upper left mark is drawn in
+        QTest::addColumn<bool>("tipMark");
+        using C = QColor;
+        QTest::newRow("used, no action shows KM") << 0 << C(0xFFFFFF) << C(0x7F7F7F) << C(0xCFCFCF) << false;
+        QTest::newRow("used, hidden button") << 1 << C(0xCDFFF2) << C(0x7F7F7F) << C(0xFF0000) << true;
+        QTest::newRow("used, shortcut") << 2 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x008080) << true;
+        QTest::newRow("used, palette switch") << 10 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x8000FF) << true;
+        QTest::newRow("outside the used columns") << 4 << C(0xFFFFFF) << C(0xCFCFCF) << C(0xE6E6E6) << false;
+        QTest::newRow("selected, also when hidden") << 11 << C(0x6666FF) << C(0xCCCCCC) << C() << false;
+    }
+    void cellLooks() {
+        bareStore();
+        QFETCH(int, index);
+        QFETCH(QColor, kind);
+        const auto& b = *ZOR::aBtn;
+        b[1]->Vis = false, b[1]->ASfile = "Mail", b[1]->SCname = "Ignored", b[1]->Tip = "t";
+        b[2]->SCname = "Open", b[2]->Info = "i", b[4]->KM_Active = true, b[11]->Vis = false;
+        b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i";
+        ZOR::idxCurrentBtn = 11;
+        ccGC cell;
+        cell.butID = QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0'));
+        const QImage shot = cell.grab().toImage();
+        QTEST(shot.pixelColor(48, 28), "fill");
+        QTEST(shot.pixelColor(27, index == 11 ? 1 : 0), "frame");
+        if (kind.isValid()) QVERIFY(hasColour(shot, QRect(4, 3, 22, 15), kind));
+        QTEST(hasColour(shot, QRect(3, 38, 50, 14), QColor(0x0000FF)), "tipMark");
+        // A press let go off the cell still counts.
+        QSignalSpy clicked(&cell, &ccGC::MouseUp);
+        QTest::mousePress(&cell, Qt::LeftButton, {}, QPoint(10, 10));
+        QTest::mouseRelease(&cell, Qt::LeftButton, {}, QPoint(90, 90));
+        QVERIFY(clicked.count() == 1 && clicked[0][0].toInt() == index);
     }
 };
 

@@ -7,11 +7,6 @@
 #include "manage/winNewPalette.h"
 #include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
-#include "util/Clock.h"
-
-#include <QLineEdit>
-#include <QRegularExpression>
-#include <QTimer>
 
 namespace {
 const QString kNoSuch = "The palette requested, P%1, does not exist";
@@ -29,7 +24,7 @@ QMap<QString, QByteArray> filesBelow(const QString& folder) {
 }
 } // namespace
 
-class ManageTest : public QObject, ProgramFixture {
+class ManageTest : public WindowTest {
     Q_OBJECT
 
     QString pictures(const QString& palette) const {
@@ -54,16 +49,9 @@ class ManageTest : public QObject, ProgramFixture {
     }
 
 private slots:
-    void init() { setUpProgram(); }
-    void cleanup() {
-        Clock::reset();
-        tearDownProgram();
-    }
-
     // The menu items open the four windows; each window's help button shows its own record.
     void menuItemsAndHelpButtons() {
-        winMain& w = startWith(2);
-        MainMenuBar& bar = *w.mainMenuBar;
+        MainMenuBar& bar = *startWith(2).mainMenuBar;
         for (QAction* item :
              {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
             item->trigger();
@@ -72,11 +60,10 @@ private slots:
         for (const auto& window : windows)
             QTest::mouseClick(window->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0),
                               Qt::LeftButton);
-        QStringList titles; // the four windows, then the four help records
-        for (const auto& r : dialogs->requests) titles << r.title;
-        QCOMPARE(titles, QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette",
-                                      "Switch to Another Palette", "New Palette", "Rename Palette",
-                                      "Delete Palette"}));
+        // The four windows, then the four help records.
+        QCOMPARE(dialogs->titles(), QStringList({"ZOR Palette", "New Palette", "Change Name/Alias",
+                                                 "Delete Palette", "Switch to Another Palette", "New Palette",
+                                                 "Rename Palette", "Delete Palette"}));
     }
 
     // Keys go to the list, which has the focus when the window opens and would take digits as a

@@ -1,12 +1,14 @@
-// The palette window at work: painting, clicks, keys, menus and palette switching.
-#include "palette_window/cnBut.h"
+// The palette window at work: painting, clicks, keys, menus, palette switching, the information
+// bar's word on the button under the pointer, and the launchers a click runs.
+#include "actions/Launchers.h"
 #include "tst_windows.h"
-
-#include <QApplication>
-#include <QTimer>
 
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
+const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
+QColor barColour(const winMain& w) {
+    return w.rectBackgroundTip->palette().color(QPalette::Window);
+}
 
 // '1' for each enabled item of the palette list.
 QString enabled(const MainMenuBar& bar) {
@@ -16,7 +18,7 @@ QString enabled(const MainMenuBar& bar) {
 }
 } // namespace
 
-class PaletteTest : public QObject, ProgramFixture {
+class PaletteTest : public WindowTest {
     Q_OBJECT
 
     QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
@@ -27,9 +29,6 @@ class PaletteTest : public QObject, ProgramFixture {
     QColor centre(int index) const { return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32); }
 
 private slots:
-    void init() { setUpProgram(); }
-    void cleanup() { tearDownProgram(); }
-
     void windowFollowsTheGrid_data() {
         QTest::addColumn<int>("rows");
         QTest::addColumn<int>("columns");
@@ -160,28 +159,25 @@ private slots:
 
     void optionClickShowsInformation_data() {
         QTest::addColumn<QStringList>("fields"); // Info, Tip, SCname, ASfile
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("Info first") << QStringList{"Line 1\nLine 2", "tip", "Day", "Mail"} << "Line 1\nLine 2";
-        QTest::newRow("then the tip") << QStringList{"", "tip", "Day", "Mail"} << "tip";
-        QTest::newRow("then the Shortcut") << QStringList{"", "", "Day", "Mail.scpt"} << "Day";
-        QTest::newRow("only a script") << QStringList{"", "", "", "Mail.scpt"} << "Mail.scpt";
-        QTest::newRow("only Keyboard Maestro") << QStringList{"", "", "", ""} << "";
+        QTest::addColumn<QString>("shown");      // the window's title and text, or the message
+        const QString title = "Button Information: ";
+        QTest::newRow("Info first") << QStringList{"Line 1\nLine 2", "tip", "Day", "Mail"}
+                                    << title + "Line 1\nLine 2";
+        QTest::newRow("then the tip") << QStringList{"", "tip", "Day", "Mail"} << title + "tip";
+        QTest::newRow("then the Shortcut") << QStringList{"", "", "Day", "Mail.scpt"} << title + "Day";
+        QTest::newRow("only a script") << QStringList{"", "", "", "Mail.scpt"} << title + "Mail.scpt";
+        QTest::newRow("only Keyboard Maestro")
+            << QStringList{"", "", "", ""} << ": No Additional Information about this button.";
     }
     void optionClickShowsInformation() {
         QFETCH(QStringList, fields);
-        QFETCH(QString, shown);
         startWith(1);
         Btn& b = button(9);
         b.Info = fields[0], b.Tip = fields[1], b.SCname = fields[2], b.ASfile = fields[3];
         b.KM_Active = true, b.AutoMin = 2;
         click(9, Qt::AltModifier);
-        QCOMPARE(dialogs->requests.size(), 1);
-        const Dialogs::Request& r = dialogs->requests[0];
-        if (shown.isEmpty())
-            QVERIFY(r.kind == Dialogs::Kind::Message && r.text == "No Additional Information about this button.");
-        else
-            QVERIFY(r.kind == Dialogs::Kind::ShowText && r.title == "Button Information" && r.text == shown &&
-                    ZOR::idxCurrentBtn == 9);
+        // Only the information: nothing runs, and the window stays.
+        QTEST(dialogs->titles().join('|') + ": " + dialogs->texts().join('|'), "shown");
         QVERIFY(tools->log().isEmpty() && !program->window()->tiMinimize->isActive());
     }
 
@@ -218,6 +214,7 @@ private slots:
     }
 
     // Items up to the last palette are enabled but for freed ones, the active one up to P09 is not.
+    // Then the changes that are refused, and new palettes.
     void paletteMenuFollowsTheStore() {
         winMain& w = startWith(5);
         MainMenuBar* bar = w.mainMenuBar;
@@ -251,29 +248,164 @@ private slots:
         QTest::keyClick(&w, Qt::Key_3, Qt::ControlModifier);
         QCOMPARE(ZOR::idxCP, qint64(3)); // the digit is the palette's number
         QTest::keyClick(&w, Qt::Key_2, Qt::ControlModifier);
-        QVERIFY(ZOR::idxCP == 2 && w.labTip->text() == "Mail tools");
-        QVERIFY(dialogs->texts().isEmpty());
-    }
+        QVERIFY(ZOR::idxCP == 2 && w.labTip->text() == "Mail tools" && dialogs->texts().isEmpty());
 
-    void changeAndCreatePalettes() {
-        startWith(5);
-        ZOR::DP[1].s_Alias = kNoShortcut;
-        ZOR::DP[4].s_Alias = kNoShortcut;
-        ZOR::ChangeToPalette(0);
-        ZOR::ChangeToPalette(4);
-        ZOR::ChangeToPalette(5); // one past the last
+        // No change to the active palette, a freed one or one past the last; an alias found in any case.
+        for (int p : {2, 1, 12})
+            ZOR::ChangeToPalette(p);
         const QString none = "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
         QCOMPARE(dialogs->texts(),
                  QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
-                              none.arg("04"), none.arg("05")}));
-        QVERIFY(ZOR::IndexFromAlias("ORIGINAL") == 0 && ZOR::IndexFromAlias("nobody") == -1);
+                              none.arg("01"), none.arg("12")}));
+        QVERIFY(ZOR::IndexFromAlias("MAIL TOOLS") == 2 && ZOR::IndexFromAlias("nobody") == -1);
         QStringList created; // free slots first, lowest first; then the store grows
-        for (const char* alias : {"Second", "Third", "Fourth"}) {
+        for (const char* alias : {"Second", "Third"}) {
             ZOR::CreateNewPalette(alias);
             created << ZOR::paleName + QString::number(ZOR::idxCP);
         }
-        QCOMPARE(created, QStringList({"P011", "P044", "P055"}));
-        QVERIFY(ZOR::DP.size() == 6 && !ZOR::IsPaletteExistant(-1) && !ZOR::IsPaletteExistant(100));
+        QCOMPARE(created, QStringList({"P011", "P1212"}));
+        QVERIFY(ZOR::DP.size() == 13 && !ZOR::IsPaletteExistant(-1) && !ZOR::IsPaletteExistant(100));
+    }
+
+    void barTellsTheKind_data() {
+        QTest::addColumn<QStringList>("kinds"); // ASfile, SCname, PaletteGo
+        QTest::addColumn<QColor>("colour");
+        const QColor script(0xFF, 0xB3, 0xB0), palette(0xF0, 0xDB, 0xFF);
+        QTest::newRow("Keyboard Maestro or nothing") << QStringList{"", "", ""} << QColor(0xFE, 0xFF, 0x96);
+        QTest::newRow("Shortcut") << QStringList{"", "Mail", ""} << QColor(0xE1, 0xFF, 0xFF);
+        QTest::newRow("AppleScript") << QStringList{"Mail.scpt", "", ""} << script;
+        QTest::newRow("palette switch") << QStringList{"", "", "2"} << palette;
+        QTest::newRow("Shortcut and switch: the switch colours") << QStringList{"", "Mail", "2"} << palette;
+        QTest::newRow("script and Shortcut: the script colours") << QStringList{"a", "Mail", ""} << script;
+        QTest::newRow("script and switch: the switch colours") << QStringList{"a", "", "2"} << palette;
+    }
+    void barTellsTheKind() {
+        QFETCH(QStringList, kinds);
+        QFETCH(QColor, colour);
+        winMain& w = startWith(1, 3, 10);
+        Btn& b = button(12);
+        b.ASfile = kinds[0], b.SCname = kinds[1], b.PaletteGo = kinds[2], b.Tip = "Mail";
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(w.cnButs[12], &enter); // the canvas's own event reaches the handler
+        QCOMPARE(QStringList({barColour(w).name(), w.labSeeNum->text(), w.labTip->text(), w.labSeeSC->text(),
+                              w.labSeeSC->textColor().name()}),
+                 QStringList({colour.name(), "P00 12", "Mail", "m", "#797979"}));
+
+        b.ShortcutShow = true;
+        w.cnBut_MouseEnter(12);
+        QCOMPARE(w.labSeeSC->textColor(), QColor(0xDC, 0x6E, 0x00));
+        button(60).Vis = false; // a hidden button leaves the colour as it was
+        button(60).ASfile = "x";
+        w.cnBut_MouseEnter(60);
+        QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
+
+        w.cnBut_MouseExit(60);
+        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+                 QStringList({"#feff96", "Original", "P00", ""}));
+        QVERIFY(dialogs->texts().isEmpty());
+    }
+
+    void tipFitsTheWidth_data() {
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QString>("tip");
+        QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
+        QTest::addColumn<bool>("small");    // drawn at size 10
+        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
+        QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
+        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
+        QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
+    }
+    void tipFitsTheWidth() {
+        QFETCH(int, columns);
+        QFETCH(QString, tip);
+        QFETCH(QString, shown);
+        QFETCH(bool, small);
+        winMain& w = startWith(1, 3, columns);
+        button(1).Tip = tip;
+        w.cnBut_MouseEnter(1);
+        const QString text = w.labTip->text();
+        if (shown == "cut") // the first words, as many as fit
+            QVERIFY2(text.endsWith(QString::fromUtf8("…")) && text.size() < tip.size() && tip.startsWith(text.chopped(1)) &&
+                         QFontMetricsF(w.labTip->font()).horizontalAdvance(text) < w.labTip->width(), qPrintable(text));
+        else QCOMPARE(text, shown);
+        if (columns > 1) QCOMPARE(w.labTip->font().pixelSize() == 10, small);
+        w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
+        QVERIFY((w.labTip->font().pixelSize() == 10) == (columns < 4) && dialogs->texts().isEmpty());
+    }
+
+    // Without and with ".scpt": only the first full stop counts, and a "$" before it ends the name.
+    void scriptNamesNormalised() {
+        QStringList forms;
+        for (const char* name : {"Mail.scpt", " Mail\t", "Mail.txt", "", ".", ".scpt", "a.b.c", "x$y.scpt"})
+            forms << ZOR::rsWithWithoutScpt(name, false) + '|' + ZOR::rsWithWithoutScpt(name, true);
+        QCOMPARE(forms, (QStringList{"Mail|Mail.scpt", "Mail|Mail.scpt", "Mail|Mail.scpt", "|", "|", "|",
+                                     "a|a.scpt", "x|x.scpt"}));
+    }
+
+    // Found in the scripts folder only, with its case as on disk.
+    void scriptNameFromTheFolder() {
+        home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
+        home->writeInProgram("Old.scpt", "x");
+        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+    }
+
+    void shortcutRuns_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("openExit");
+        QTest::addColumn<QString>("url"); // open's one argument; empty when open must not run
+        QTest::addColumn<QStringList>("messages");
+        const QString run = "shortcuts://run-shortcut?name=";
+        QTest::newRow("one encoded argument")
+            << "Café \"hi\"; rm ~" << 0 << run + "Caf%C3%A9%20%22hi%22%3B%20rm%20~" << QStringList();
+        for (const char* name : {"mail", "My"}) // listed are "Mail" and "My Day"
+            QTest::newRow(name)
+                << name << 0 << QString()
+                << QStringList{QString("The Shortcut, %1 does not exist on this computer.").arg(name)};
+        QTest::newRow("open fails") << "Mail" << 3 << run + "Mail" << QStringList{"Error Code: 3"};
+    }
+    void shortcutRuns() {
+        QFETCH(QString, name);
+        QFETCH(int, openExit);
+        QFETCH(QString, url);
+        tools->setAnswer("shortcuts", "\nMail\nCafé \"hi\"; rm ~\nMy Day\n");
+        tools->setAnswer("open.exit", QString::number(openExit));
+        ZOR::FireSC(name);
+        QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
+                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+        QTEST(dialogs->texts(), "messages");
+    }
+
+    // Either Keyboard Maestro engine will do: its own, or the one inside the editor.
+    void keyboardMaestroEngineCheck() {
+        QList<bool> runs;
+        for (auto [engine, editor] : {std::pair{"true", "false"}, {"false", "true"}, {"false", "false"}}) {
+            tools->setAnswer(kEngine, engine);
+            tools->setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editor);
+            runs << ZOR::KeyboardMaestroEngineRuns();
+        }
+        QCOMPARE(runs, (QList<bool>{true, true, false}));
+    }
+
+    // Each argument reaches the bundled script whole; without osascript the user is told.
+    void scriptBridges() {
+        const auto fire = [] { ZOR::FireKM("P02", "07"), ZOR::FireAS("Say \"hi\"; now.scpt"); };
+        fire();
+        QTRY_COMPARE(tools->log().size(), 2); // the two run side by side
+        QStringList log = tools->log();
+        log.sort();
+        QCOMPARE(log, QStringList({"osascript\t" + resources + "/FireAppleScript.scpt\tSay \"hi\"; now.scpt",
+                                   "osascript\t" + resources + "/FirePalette.scpt\tP02\t07"}));
+        tools->remove("osascript");
+        fire();
+        QCOMPARE(dialogs->texts(),
+                 QStringList({"Cannot run FirePalette.scpt: osascript could not be started.",
+                              "Cannot run FireAppleScript.scpt: osascript could not be started."}));
     }
 };
 

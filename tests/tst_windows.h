@@ -1,23 +1,19 @@
 #pragma once
-// What the window tests share: the program's parts they drive, pictures made to measure, every
-// file under a folder by content (links by their target, folders not at all) with where it lies,
-// so that a snapshot before an action tells after it whether anything the user had is gone or
-// changed, and a list's rows as the user reads them.
+// What the tests share: the program's parts they drive, Qt's test and widget modules, pictures
+// made to measure, a file's bytes, every file under a folder by content (links by their target,
+// folders not at all) with where it lies, so that a snapshot before an action tells after it
+// whether anything the user had is gone or changed, and a list's rows as the user reads them.
 #include "common/Program.h"
 #include "help/HelpLabels.h"
 #include "palette_window/MainMenuBar.h"
+#include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
+#include "util/AppGlobals.h"
+#include "util/Clock.h"
 
-#include <QBuffer>
-#include <QDirIterator>
-#include <QFile>
-#include <QImage>
-#include <QLabel>
-#include <QMap>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 // A picture's file as bytes.
 inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
@@ -28,6 +24,18 @@ inline QByteArray picture(int width, int height, QColor colour = Qt::red, const 
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format);
     return bytes;
+}
+
+// A file's bytes; empty when it cannot be read.
+inline QByteArray readAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The names in a folder, hidden ones too, in order.
+inline QStringList namesIn(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                  QDir::Name);
 }
 
 using HomeFiles = QMap<QByteArray, QStringList>;

@@ -28,8 +28,6 @@ QStringList FakeTools::log() const {
     return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
 }
 
-void FakeTools::clearLog() const { QFile::remove(logPath()); }
-
 void FakeTools::setAnswer(const QString& key, const QString& text) const {
     install(dir.path(), key.section(':', 0, 0) == "running" ? "osascript" : key);
     QFile file(dir.path() + "/answers/" + key);

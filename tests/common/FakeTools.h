@@ -9,16 +9,14 @@ class FakeTools {
 public:
     FakeTools();
     ~FakeTools();
-    QString folder() const { return dir.path(); }
-    QString logPath() const { return dir.path() + "/tools.log"; }
     QStringList log() const; // one line per call
-    void clearLog() const;
     // The text the tool prints to standard output; for osascript a key such as
     // "running:com.stairways.keyboardmaestro.engine" answers the bundle check for that identifier.
     void setAnswer(const QString& key, const QString& text) const;
     void remove(const QString& tool) const; // the tool is absent
 
 private:
+    QString logPath() const { return dir.path() + "/tools.log"; }
     QTemporaryDir dir;
     QByteArray oldPath;
 };

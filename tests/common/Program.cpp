@@ -6,6 +6,7 @@
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
+#include "util/Clock.h"
 #include "util/FileTools.h"
 #include "util/StdFolders.h"
 
@@ -66,6 +67,7 @@ void ProgramFixture::setUpProgram() {
 }
 
 void ProgramFixture::tearDownProgram() {
+    Clock::reset();
     program.reset();
     dialogs.reset();
     tools.reset();

@@ -4,6 +4,7 @@
 #include "common/TempHome.h"
 #include "store/Btn.h"
 
+#include <QObject>
 #include <QRect>
 #include <QString>
 #include <memory>
@@ -30,7 +31,8 @@ private:
 QString writeStoreFile(int palettes, int rows = 10, int columns = 10, QRect window = {});
 
 // A fresh home, fake Mac tools, scripted dialogs and a program for each test function of a
-// window test: call setUpProgram() in init() and tearDownProgram() in cleanup().
+// window test: call setUpProgram() in init() and tearDownProgram() in cleanup(), which also puts
+// the clock back.
 class ProgramFixture {
 protected:
     void setUpProgram();
@@ -43,4 +45,13 @@ protected:
     std::unique_ptr<FakeTools> tools;
     std::unique_ptr<ScriptedDialogs> dialogs;
     std::unique_ptr<Program> program;
+};
+
+// A window test: each test function in a fresh home, with fake tools, scripted dialogs and a
+// program not yet started; a test class may add to either step with a slot of its own.
+class WindowTest : public QObject, protected ProgramFixture {
+    Q_OBJECT
+protected slots:
+    void init() { setUpProgram(); }
+    void cleanup() { tearDownProgram(); }
 };

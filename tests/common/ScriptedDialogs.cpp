@@ -1,5 +1,7 @@
 #include "common/ScriptedDialogs.h"
 
+#include <QDialog>
+
 ScriptedDialogs::ScriptedDialogs() { Dialogs::installScript(this); }
 ScriptedDialogs::~ScriptedDialogs() { Dialogs::installScript(nullptr); }
 
@@ -9,12 +11,11 @@ Dialogs::Answer ScriptedDialogs::answer(const Dialogs::Request& request) {
     requests.append(kept);
     using K = Dialogs::Kind;
     const bool question = request.kind == K::OKCancel || request.kind == K::MesDlg || request.kind == K::OpenFile;
+    if (request.dialog && onWindow) onWindow(*request.dialog);
+    if (request.kind == K::Window && request.dialog && onWindow)
+        return {request.dialog->result(), request.dialog->result() == QDialog::Accepted, {}};
     if (!question) return {0, true, {}};
-    if (answers.isEmpty()) {
-        unexpected << request.text + request.title;
-        return {};
-    }
-    return answers.takeFirst();
+    return answers.isEmpty() ? Dialogs::Answer{} : answers.takeFirst();
 }
 
 QStringList ScriptedDialogs::texts() const {
@@ -28,6 +29,13 @@ QStringList ScriptedDialogs::texts(Dialogs::Kind kind) const {
     QStringList out;
     for (const auto& r : requests)
         if (r.kind == kind) out << r.text;
+    return out;
+}
+
+QStringList ScriptedDialogs::titles() const {
+    QStringList out;
+    for (const auto& r : requests)
+        out << r.title;
     return out;
 }
 
