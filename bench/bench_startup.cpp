@@ -2,7 +2,10 @@
 // menu bar, started alternately under a private Xvfb. For each start: the time from spawning
 // the process to the X server's MapNotify of its window, then the CPU time and peak memory of
 // the whole run, which a WM_DELETE_WINDOW sent right after the map ends. Prints medians and
-// ratios. With --prepare DIR it only lays out the full store in DIR (for profiling by hand).
+// ratios. A first session of each program comes before the series and lasts until ZOR_Palette has
+// kept its decoded pictures, as the user's last session would have; a second series starts it
+// with no picture kept, as at its very first start. With --prepare DIR it only lays out the full
+// store in DIR (for profiling by hand).
 #include "FullStore.h"
 
 #include "util/AppGlobals.h"
@@ -18,6 +21,7 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <functional>
 #include <poll.h>
 #include <spawn.h>
 #include <string>
@@ -30,7 +34,7 @@
 extern char** environ;
 
 namespace {
-constexpr int kRuns = 15;
+constexpr int kRuns = 31;
 
 double now() {
     timespec t{};
@@ -175,7 +179,9 @@ private:
     xcb_atom_t protocols = 0, deleteWindow = 0;
 };
 
-Start measure(Watcher& watcher, const std::string& program, const std::vector<std::string>& env) {
+// One start; with `session` set, the window stays open until it returns true.
+Start measure(Watcher& watcher, const std::string& program, const std::vector<std::string>& env,
+              const std::function<bool()>& session = {}) {
     Start s;
     watcher.drain();
     const double t0 = now();
@@ -184,6 +190,7 @@ Start measure(Watcher& watcher, const std::string& program, const std::vector<st
     const xcb_window_t window = watcher.waitForMap(20000);
     if (window) {
         s.mapMs = now() - t0;
+        for (const double end = now() + 20000; session && !session() && now() < end;) usleep(20000);
         watcher.close(window);
     } else {
         kill(pid, SIGKILL);
@@ -221,29 +228,41 @@ int main(int argc, char** argv) {
     env.push_back("DISPLAY=" + x.display);
 
     const std::string programs[2] = {ZOR_PALETTE_BINARY, BARE_WINDOW_BINARY};
-    // One start of each first: the system's font and file caches warm up for both alike.
-    for (const auto& p : programs) measure(watcher, p, env);
-    std::vector<double> map[2], cpu[2], rss[2];
-    int failed = 0;
-    for (int run = 0; run < kRuns; ++run)
-        for (int k = 0; k < 2; ++k) {
-            const int which = (run % 2) ? 1 - k : k; // alternate which goes first
-            const Start s = measure(watcher, programs[which], env);
-            if (s.mapMs < 0) {
-                ++failed;
-                continue;
+    const QDir kept(home.path() + "/.cache/" + AppGlobals::kAppFolderName + "/ButtonPictures");
+    const auto keptAll = [&kept] { return kept.entryList(QDir::Files).size() >= 100; };
+    // A first session of each: the system's font and file caches warm up for both alike, and
+    // ZOR_Palette keeps its decoded pictures for the starts that follow, as it does for a user.
+    measure(watcher, programs[0], env, keptAll);
+    measure(watcher, programs[1], env);
+    if (!keptAll()) std::printf("  the first session kept no decoded pictures\n");
+
+    // `forget` runs before each start of ZOR_Palette.
+    const auto series = [&](const char* title, const std::function<void()>& forget) {
+        std::vector<double> map[2], cpu[2], rss[2];
+        int failed = 0;
+        for (int run = 0; run < kRuns; ++run)
+            for (int k = 0; k < 2; ++k) {
+                const int which = (run % 2) ? 1 - k : k; // alternate which goes first
+                if (which == 0 && forget) forget();
+                const Start s = measure(watcher, programs[which], env);
+                if (s.mapMs < 0) {
+                    ++failed;
+                    continue;
+                }
+                map[which].push_back(s.mapMs);
+                cpu[which].push_back(s.cpuMs);
+                rss[which].push_back(s.rssMiB);
             }
-            map[which].push_back(s.mapMs);
-            cpu[which].push_back(s.cpuMs);
-            rss[which].push_back(s.rssMiB);
-        }
-    std::printf("cold start, %d alternating runs under Xvfb, medians\n", kRuns);
-    if (failed) std::printf("  %d starts showed no window within 20 s\n", failed);
-    std::printf("                            ZOR_Palette   bare window   ratio / difference\n");
-    const double m0 = median(map[0]), m1 = median(map[1]), c0 = median(cpu[0]), c1 = median(cpu[1]);
-    const double r0 = median(rss[0]), r1 = median(rss[1]);
-    std::printf("  start to window mapped   %8.1f ms   %8.1f ms   %5.2fx   (goal <= 1.25x)\n", m0, m1, m0 / m1);
-    std::printf("  CPU of start and quit    %8.1f ms   %8.1f ms   %5.2fx   (+%.1f ms)\n", c0, c1, c0 / c1, c0 - c1);
-    std::printf("  peak memory              %8.1f MiB  %8.1f MiB  %+5.1f MiB (goal <= +15 MiB)\n", r0, r1, r0 - r1);
+        std::printf("%s, %d alternating runs under Xvfb, medians\n", title, kRuns);
+        if (failed) std::printf("  %d starts showed no window within 20 s\n", failed);
+        std::printf("                            ZOR_Palette   bare window   ratio / difference\n");
+        const double m0 = median(map[0]), m1 = median(map[1]), c0 = median(cpu[0]), c1 = median(cpu[1]);
+        const double r0 = median(rss[0]), r1 = median(rss[1]);
+        std::printf("  start to window mapped   %8.1f ms   %8.1f ms   %5.2fx   (goal <= 1.25x)\n", m0, m1, m0 / m1);
+        std::printf("  CPU of start and quit    %8.1f ms   %8.1f ms   %5.2fx   (+%.1f ms)\n", c0, c1, c0 / c1, c0 - c1);
+        std::printf("  peak memory              %8.1f MiB  %8.1f MiB  %+5.1f MiB (goal <= +15 MiB)\n", r0, r1, r0 - r1);
+    };
+    series("cold start, pictures kept by an earlier run", {});
+    series("very first start, every picture decoded", [&kept] { QDir(kept).removeRecursively(); });
     return 0;
 }

@@ -101,9 +101,7 @@ private slots:
         QTest::mouseClick(w.labSeeNum, Qt::LeftButton); // a redraw, as after any change
         const auto kept = [&](const char* palette) {
             const QString path = folder + palette + "/05 button.bmp";
-            const QFileInfo file(path);
-            return PictureDiskCache::Holds(PictureDiskCache::Folder(), path,
-                                           {file.lastModified(), file.fileTime(QFileDevice::FileMetadataChangeTime), file.size()});
+            return PictureDiskCache::Holds(PictureDiskCache::Folder(), path, PictureDiskCache::StampOf(path));
         };
         QTRY_VERIFY_WITH_TIMEOUT(kept("01") && kept("11"), 60000); // at idle priority: slow on a busy machine
         QVERIFY(!kept("10"));

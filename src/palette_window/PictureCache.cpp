@@ -19,10 +19,6 @@
 #include <vector>
 
 namespace {
-PictureCache::Stamp stampOf(const QFileInfo& file) {
-    return {file.lastModified(), file.fileTime(QFileDevice::FileMetadataChangeTime), file.size()};
-}
-
 PictureCache::Decoded decode(const QString& path) {
     QImageReader reader(path);
     QImage image = reader.read();
@@ -57,7 +53,7 @@ public:
         for (const QString& path : paths) {
             auto slot = std::make_unique<Slot>();
             slot->path = path;
-            slot->stamp = stampOf(QFileInfo(path));
+            slot->stamp = PictureDiskCache::StampOf(path);
             slot->result = slot->done.get_future();
             index.insert(path, files.size());
             files.push_back(std::move(slot));
@@ -154,7 +150,7 @@ public:
         thread.reset(QThread::create([this, keptFolder, paths] {
             for (const QString& path : paths) {
                 if (stop) return;
-                const Stamp stamp = stampOf(QFileInfo(path));
+                const Stamp stamp = PictureDiskCache::StampOf(path);
                 if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
                 const Decoded decoded = decode(path);
                 if (!decoded.image.isNull()) PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
@@ -197,14 +193,13 @@ void PictureCache::Prefetch(const QStringList& paths) {
 }
 
 QPixmap PictureCache::Load(const QString& path) {
-    const QFileInfo file(path);
-    const Stamp now = stampOf(file);
+    const Stamp now = PictureDiskCache::StampOf(path);
     auto found = entries.constFind(path);
     if (found != entries.constEnd() && found->stamp == now) return found->picture;
     std::optional<Decoded> decoded = batch ? batch->Take(path, now) : std::nullopt;
     if (!decoded) decoded = decodeKept(keptFolder, path, now);
     if (decoded->image.isNull())
-        throw IOException("The picture " + file.fileName() + " could not be opened: " + decoded->error);
+        throw IOException("The picture " + QFileInfo(path).fileName() + " could not be opened: " + decoded->error);
     const QPixmap picture = QPixmap::fromImage(std::move(decoded->image));
     entries.insert(path, {now, picture});
     return picture;

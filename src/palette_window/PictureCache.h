@@ -1,7 +1,6 @@
 #pragma once
 #include "palette_window/PictureDiskCache.h"
 
-#include <QDateTime>
 #include <QHash>
 #include <QImage>
 #include <QPixmap>

@@ -10,19 +10,20 @@
 
 #include <cstdio>
 #include <cstring>
+#include <sys/stat.h>
 
 namespace PictureDiskCache {
 
 namespace {
-constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '2', '\n'};
+constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '3', '\n'};
 constexpr qint32 kLargestSide = 4096;
 
 // What an entry says about its picture, in the order written.
 struct Header {
     char magic[8];
     qint64 size;
-    qint64 modifiedMs;
-    qint64 changedMs;
+    qint64 modifiedNs;
+    qint64 changedNs;
     qint32 width;
     qint32 height;
     qint32 format;
@@ -58,6 +59,18 @@ bool formatAllowed(qint32 format) {
 }
 } // namespace
 
+Stamp StampOf(const QString& path) {
+    struct stat st {};
+    if (::stat(QFile::encodeName(path).constData(), &st) != 0) return {};
+#ifdef Q_OS_DARWIN
+    const timespec modified = st.st_mtimespec, changed = st.st_ctimespec;
+#else
+    const timespec modified = st.st_mtim, changed = st.st_ctim;
+#endif
+    const auto ns = [](const timespec& t) { return qint64(t.tv_sec) * 1'000'000'000 + t.tv_nsec; };
+    return {ns(modified), ns(changed), qint64(st.st_size)};
+}
+
 QString Folder() {
     const QString caches = StdFolders::caches();
     return caches.isEmpty() ? QString() : caches + '/' + AppGlobals::kAppFolderName + "/ButtonPictures";
@@ -72,7 +85,7 @@ bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& s
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.read(reinterpret_cast<char*>(&h), sizeof h) != qint64(sizeof h))
         return false;
     if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.size != stamp.size ||
-        h.modifiedMs != stamp.modified.toMSecsSinceEpoch() || h.changedMs != stamp.changed.toMSecsSinceEpoch())
+        h.modifiedNs != stamp.modified || h.changedNs != stamp.changed)
         return false;
     if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide || !formatAllowed(h.format) ||
         h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
@@ -115,8 +128,8 @@ void Write(const QString& folder, const QString& path, const Stamp& stamp, const
     Header h{};
     std::memcpy(h.magic, kMagic, sizeof kMagic);
     h.size = stamp.size;
-    h.modifiedMs = stamp.modified.toMSecsSinceEpoch();
-    h.changedMs = stamp.changed.toMSecsSinceEpoch();
+    h.modifiedNs = stamp.modified;
+    h.changedNs = stamp.changed;
     h.width = image.width();
     h.height = image.height();
     h.format = image.format();

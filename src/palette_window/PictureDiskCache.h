@@ -1,5 +1,4 @@
 #pragma once
-#include <QDateTime>
 #include <QImage>
 #include <QString>
 
@@ -10,12 +9,16 @@
 // Safe to use from worker threads: it touches no widget and no shared state.
 namespace PictureDiskCache {
 
+// Times in nanoseconds since 1970, as the file system keeps them.
 struct Stamp {
-    QDateTime modified;
-    QDateTime changed; // the status-change time: a file written anew changes it, whatever its dates say
-    qint64 size = -1;
+    qint64 modified = 0;
+    qint64 changed = 0; // the status-change time: a file written anew changes it, whatever its dates say
+    qint64 size = -1;   // -1: no such file
     bool operator==(const Stamp&) const = default;
 };
+// The stamp of the file at `path` as it is now. Asked of the file system directly: a start asks
+// it of every picture of the palette twice, and dates in local time would cost ten times more.
+Stamp StampOf(const QString& path);
 
 // The folder of the entries, asked on the GUI thread; empty when there is no cache folder.
 QString Folder();
