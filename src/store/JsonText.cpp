@@ -31,7 +31,20 @@ uint64_t runEnds(uint64_t v) {
     return (control | ((quote - kOnes) & ~quote) | ((backslash - kOnes) & ~backslash) | v) & kHighs;
 }
 
+// Sixteen bytes at a time where the compiler has vectors of them (SSE2, NEON): each lane that ends
+// a run becomes 0xFF, and the lowest such lane is found in the two halves.
+using Bytes16 = uint8_t __attribute__((vector_size(16)));
+
 size_t plainRunEnd(std::string_view text, size_t from) {
+    for (; from + 16 <= text.size(); from += 16) {
+        Bytes16 v;
+        std::memcpy(&v, text.data() + from, 16);
+        const auto ends = (v == uint8_t('"')) | (v == uint8_t('\\')) | (v < uint8_t(0x20)) | (v >= uint8_t(0x80));
+        uint64_t half[2];
+        std::memcpy(half, &ends, 16);
+        if (half[0]) return from + size_t(std::countr_zero(half[0])) / 8;
+        if (half[1]) return from + 8 + size_t(std::countr_zero(half[1])) / 8;
+    }
     for (; from + 8 <= text.size(); from += 8)
         if (const uint64_t ends = runEnds(load8(text.data() + from))) return from + size_t(std::countr_zero(ends)) / 8;
     // The last few bytes, padded with zeros: a control character, so the end of the text ends the run.
@@ -173,13 +186,11 @@ char32_t Reader::readHex4() {
     return v;
 }
 
-void Reader::parseString(std::string* out) {
-    if (out) out->clear();
-    ++pos; // opening quote
+void Reader::parseString(std::string* out, size_t firstRunEnd) {
+    // The opening quote and the plain run after it are behind: reading goes on from the run's end.
+    if (out) out->assign(text.substr(pos + 1, firstRunEnd - pos - 1));
+    pos = firstRunEnd;
     for (;;) {
-        const size_t start = pos;
-        pos = runEnd(pos);
-        if (out) out->append(text.substr(start, pos - start));
         if (pos >= text.size()) fail("unterminated string");
         const char c = text[pos++];
         if (c == '"') return;
@@ -189,21 +200,24 @@ void Reader::parseString(std::string* out) {
         const char escape = text[pos++];
         if (const size_t k = kSimple.find(escape); k != std::string_view::npos) {
             if (out) *out += kMeaning[k];
-            continue;
+        } else {
+            if (escape != 'u') fail("bad escape");
+            char32_t cp = readHex4();
+            // A pair makes one character. A lone half is valid JSON but no character: it reads as
+            // the replacement character, as UTF-8 cannot hold it.
+            if (cp >= 0xD800 && cp <= 0xDBFF && text.substr(pos, 2) == "\\u") {
+                const size_t back = pos;
+                pos += 2;
+                const char32_t low = readHex4();
+                if (low >= 0xDC00 && low <= 0xDFFF) cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
+                else pos = back;
+            }
+            if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
+            if (out) appendUtf8(*out, cp);
         }
-        if (escape != 'u') fail("bad escape");
-        char32_t cp = readHex4();
-        // A pair makes one character. A lone half is valid JSON but no character: it reads as
-        // the replacement character, as UTF-8 cannot hold it.
-        if (cp >= 0xD800 && cp <= 0xDBFF && text.substr(pos, 2) == "\\u") {
-            const size_t back = pos;
-            pos += 2;
-            const char32_t low = readHex4();
-            if (low >= 0xDC00 && low <= 0xDFFF) cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
-            else pos = back;
-        }
-        if (cp >= 0xD800 && cp <= 0xDFFF) cp = 0xFFFD;
-        if (out) appendUtf8(*out, cp);
+        const size_t start = pos;
+        pos = runEnd(pos);
+        if (out) out->append(text.substr(start, pos - start));
     }
 }
 
@@ -215,7 +229,7 @@ std::string_view Reader::stringView() {
         pos = end + 1;
         return text.substr(start, end - start);
     }
-    parseString(&scratch);
+    parseString(&scratch, end);
     return scratch;
 }
 
@@ -228,7 +242,7 @@ void Reader::skipString() {
     if (peek() != '"') fail("expected a string");
     const size_t end = runEnd(pos + 1);
     if (end < text.size() && text[end] == '"') pos = end + 1;
-    else parseString(nullptr);
+    else parseString(nullptr, end);
 }
 
 namespace {
@@ -354,7 +368,7 @@ bool Reader::readBool() {
 void Reader::skipScalar() {
     const char c = peek();
     if (c == '"') {
-        parseString(nullptr);
+        parseString(nullptr, runEnd(pos + 1));
     } else if (c == 't' || c == 'f') {
         readBool();
     } else if (text.substr(pos, 4) == "null") {
@@ -392,16 +406,19 @@ void Reader::expectEnd() {
 }
 
 namespace {
-// The first character from `from` on that must be escaped, or `last`: four at a time while none
-// of them may be one (a false alarm above a true one is harmless, they are then looked at singly).
+using Chars8 = uint16_t __attribute__((vector_size(16)));
+
+// The first character from `from` on that must be escaped, or `last`: eight at a time while none
+// of them is one.
 const char16_t* toEscape(const char16_t* from, const char16_t* last) {
-    constexpr uint64_t ones = 0x0001000100010001ull, highs = 0x8000800080008000ull;
-    for (; last - from >= 4; from += 4) {
-        uint64_t v;
-        std::memcpy(&v, from, 8);
-        const uint64_t quote = v ^ (ones * u'"'), backslash = v ^ (ones * u'\\');
-        const uint64_t control = (v - ones * 0x20) & ~v;
-        if (((control | ((quote - ones) & ~quote) | ((backslash - ones) & ~backslash)) & highs) != 0) break;
+    for (; last - from >= 8; from += 8) {
+        Chars8 v;
+        std::memcpy(&v, from, 16);
+        const auto escape = (v < uint16_t(0x20)) | (v == uint16_t(u'"')) | (v == uint16_t(u'\\'));
+        uint64_t half[2];
+        std::memcpy(half, &escape, 16);
+        if (half[0]) return from + std::countr_zero(half[0]) / 16;
+        if (half[1]) return from + 4 + std::countr_zero(half[1]) / 16;
     }
     for (; from < last; ++from)
         if (*from < 0x20 || *from == u'"' || *from == u'\\') return from;
@@ -422,45 +439,18 @@ QString Writer::take() {
     return std::move(out);
 }
 
-void Writer::putLatin1(QLatin1StringView text) {
-    room(text.size());
-    for (const char c : text) *cursor++ = char16_t(uint8_t(c));
-}
-
-void Writer::open(char16_t c) {
-    separate();
-    put(c);
-    needComma = false;
-}
-
-void Writer::separate() {
-    if (needComma) put(u',');
-    needComma = true;
-}
-
-void Writer::key(QLatin1StringView name) {
-    separate();
-    // Each button writes twelve keys: one room check for the whole key.
-    room(name.size() + 3);
-    *cursor++ = u'"';
-    for (const char c : name) *cursor++ = char16_t(uint8_t(c));
-    *cursor++ = u'"';
-    *cursor++ = u':';
-    needComma = false;
-}
-
 void Writer::escaped(char16_t c) {
     static const char* hex = "0123456789abcdef";
     switch (c) {
-    case '"': putLatin1(QLatin1StringView("\\\"")); break;
-    case '\\': putLatin1(QLatin1StringView("\\\\")); break;
-    case '\n': putLatin1(QLatin1StringView("\\n")); break;
-    case '\r': putLatin1(QLatin1StringView("\\r")); break;
-    case '\t': putLatin1(QLatin1StringView("\\t")); break;
-    case '\b': putLatin1(QLatin1StringView("\\b")); break;
-    case '\f': putLatin1(QLatin1StringView("\\f")); break;
+    case '"': putAscii("\\\""); break;
+    case '\\': putAscii("\\\\"); break;
+    case '\n': putAscii("\\n"); break;
+    case '\r': putAscii("\\r"); break;
+    case '\t': putAscii("\\t"); break;
+    case '\b': putAscii("\\b"); break;
+    case '\f': putAscii("\\f"); break;
     default:
-        putLatin1(QLatin1StringView("\\u00"));
+        putAscii("\\u00");
         put(char16_t(hex[(c >> 4) & 0xF]));
         put(char16_t(hex[c & 0xF]));
     }
@@ -490,12 +480,7 @@ void Writer::value(qint64 number) {
     char buffer[24];
     const auto [digitsEnd, error] = std::to_chars(buffer, buffer + sizeof buffer, number);
     (void)error;
-    putLatin1(QLatin1StringView(buffer, digitsEnd - buffer));
-}
-
-void Writer::value(bool flag) {
-    separate();
-    putLatin1(flag ? QLatin1StringView("true") : QLatin1StringView("false"));
+    putAscii(std::string_view(buffer, size_t(digitsEnd - buffer)));
 }
 
 } // namespace JsonText

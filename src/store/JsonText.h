@@ -49,7 +49,8 @@ private:
         return text[pos];
     }
     char32_t readHex4();
-    void parseString(std::string* out); // only checks the string when `out` is null
+    // From the end of the string's first plain run on; only checks the string when `out` is null.
+    void parseString(std::string* out, size_t firstRunEnd);
     size_t runEnd(size_t from);         // where a run of plain characters ends; checks their encoding
     std::string_view stringView(); // the string's bytes, unescaped only where it must be
     void skipNumber();
@@ -72,17 +73,36 @@ public:
     void endArray() { put(u']'); }
     void beginObject() { open(u'{'); }
     void endObject() { put(u'}'); }
-    void key(QLatin1StringView name);
+    // A key is a literal: its length is known here, and its characters are stored as they stand.
+    template <size_t N> void key(const char (&name)[N]) {
+        separate();
+        room(qsizetype(N) + 2);
+        *cursor++ = u'"';
+        for (size_t i = 0; i + 1 < N; ++i) *cursor++ = char16_t(uint8_t(name[i]));
+        *cursor++ = u'"';
+        *cursor++ = u':';
+        needComma = false;
+    }
     void value(const QString& text);
     void value(qint64 number);
-    void value(bool flag);
+    void value(bool flag) {
+        separate();
+        flag ? putAscii("true") : putAscii("false");
+    }
     void value(int number) { value(qint64(number)); }
-    template <class V> void member(const char* name, const V& v) { key(QLatin1StringView(name)), value(v); }
+    template <size_t N, class V> void member(const char (&name)[N], const V& v) { key(name), value(v); }
     QString take();
 
 private:
-    void open(char16_t c);
-    void separate();
+    void open(char16_t c) {
+        separate();
+        put(c);
+        needComma = false;
+    }
+    void separate() {
+        if (needComma) put(u',');
+        needComma = true;
+    }
     void escaped(char16_t c); // a quote, backslash or control character
     void room(qsizetype n) {
         if (end - cursor < n) grow(n);
@@ -92,7 +112,10 @@ private:
         room(1);
         *cursor++ = c;
     }
-    void putLatin1(QLatin1StringView text);
+    void putAscii(std::string_view text) {
+        room(qsizetype(text.size()));
+        for (const char c : text) *cursor++ = char16_t(uint8_t(c));
+    }
     QString out;
     char16_t* cursor = nullptr;
     char16_t* end = nullptr;
