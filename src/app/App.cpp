@@ -22,9 +22,11 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QPalette>
 #include <QTimer>
 #include <functional>
+#include <thread>
 #include <utility>
 
 App::App(int& argc, char** argv) : QApplication(argc, argv) {
@@ -110,7 +112,6 @@ void App::Event_Opening() {
         AppGlobals::folderPathAS = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/Apple_Scripts");
         AppGlobals::folderPathButFolder = QDir::toNativeSeparators(AppGlobals::appSupportFolder + "/ButtonPictures");
         QFile::remove(AppGlobals::appSupportFolder + "/Help_ZOR_Palette.sqlite");
-        Help::FillDictionaryFromHELP_TEXT();
         QApplication::setQuitOnLastWindowClosed(true);
         ZOR::paletteContentChange = false;
         ZOR::paletteActiveChange = false;
@@ -151,11 +152,26 @@ public:
 private:
     std::function<void()> work;
 };
+
+// The menu bar's first size asks the font database, and filling it is a third of a start's work.
+// A second core fills it while this one reads the data file; the database locks itself, so the
+// menu bar only waits for what is not done yet.
+class FontsFilledAside {
+public:
+    FontsFilledAside() : filler([] { QFontDatabase::families(); }) {}
+    ~FontsFilledAside() { filler.join(); }
+    FontsFilledAside(const FontsFilledAside&) = delete;
+    FontsFilledAside& operator=(const FontsFilledAside&) = delete;
+
+private:
+    std::thread filler;
+};
 } // namespace
 
 void App::ShowPaletteWindow(winMain& window) {
     new AfterFirstFrame(window, [] {
         ZOR::KeepDataText();
+        Help::FillDictionaryWhenNeeded();
 #ifndef Q_OS_MACOS
         // The Mac shows the bundle's own icon. Elsewhere the window takes the small one.
         QApplication::setWindowIcon(ApplicationIcon());
@@ -167,6 +183,7 @@ void App::ShowPaletteWindow(winMain& window) {
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
+    const FontsFilledAside fonts;
     ErrorHandling::Install();
     app.Event_Opening();
     winMain window;

@@ -16,6 +16,7 @@ QMap<int, QString> Help::helpDict;
 QString Help::cleanedHelpText;
 
 namespace {
+bool dictionaryFilled = false;
 const QString kRecordEnd = QStringLiteral("<#CR>");
 const QString kRecordSeparator = QStringLiteral("<#CR>\n");
 
@@ -125,6 +126,7 @@ void Help::FillDictionaryFromHELP_TEXT() {
 
 void Help::FillDictionaryFromHELP_TEXT(const QString& table) {
     Guard::run(Where::module("Help", "FillDictionaryFromHELP_TEXT"), [&] {
+        dictionaryFilled = true;
         CleanHelpText(table);
         helpDict.clear();
         for (const QString& raw : chopTrailingMarkers(cleanedHelpText).split(kRecordSeparator)) {
@@ -139,8 +141,13 @@ void Help::FillDictionaryFromHELP_TEXT(const QString& table) {
     });
 }
 
+void Help::FillDictionaryWhenNeeded() {
+    if (!dictionaryFilled) FillDictionaryFromHELP_TEXT();
+}
+
 void Help::ShowHelp(int id) {
     Guard::run(Where::module("Help", "ShowHelp"), [&] {
+        FillDictionaryWhenNeeded();
         const auto found = helpDict.constFind(id);
         if (found == helpDict.constEnd()) {
             Dialogs::message(QStringLiteral("No Dictionary Entry for Key ") + QString::number(id));

@@ -3,7 +3,7 @@
 #include <QString>
 
 // All help of the program: a table of records kept as one text (resources/help/HELP_TEXT.txt),
-// checked and read into a dictionary once at start-up, and shown by id.
+// checked and read into a dictionary once, and shown by id.
 //
 // Record format: fields separated by one tab -- id, title, content, width, height -- and records
 // by "<#CR>" plus a line feed; the last record ends in "<#CR>". A record may be written short
@@ -25,9 +25,12 @@ extern QString cleanedHelpText;
 void CleanHelpText();
 void CleanHelpText(const QString& table);
 
-// Cleans the table and fills helpDict from it. Called once at start-up.
+// Cleans the table and fills helpDict from it.
 void FillDictionaryFromHELP_TEXT();
 void FillDictionaryFromHELP_TEXT(const QString& table);
+// The same, unless it was done already: once the palette is on screen, or at the first help asked
+// for before that, whichever comes first.
+void FillDictionaryWhenNeeded();
 
 // Shows the record of `id` modally, in the HTML window or the plain one as its text asks.
 void ShowHelp(int id);
