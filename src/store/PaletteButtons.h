@@ -45,7 +45,7 @@ public:
     std::vector<BtnRef>& operator*() const { return *get(); }
     explicit operator bool() const { return text || array; }
     bool IsRead() const { return !text; }
-    friend bool operator==(const PaletteButtons& buttons, const BtnArray& array) { return buttons.get() == array; }
+    friend bool operator==(const PaletteButtons& buttons, const BtnArray& other) { return buttons.get() == other; }
     // The text of buttons not yet read no longer depends on the file on disk.
     void KeepText() const {
         if (text) text->Keep();
