@@ -20,10 +20,10 @@ cp "$E2E_DATA/PreserveState.txt" "$OLD"
 NEW="$PRISTINE/new.txt"
 
 # Every file and folder under home with its checksum, but the emergency folder, the data file
-# and this test's own files (the log, the tools, the display's pipe, the window's id).
+# and this test's own files (the log, the tools, the display's pipe and answer, the window's id).
 snapshot() {
   (cd "$E2E_HOME" && find . \( -path ./.local/share/net.lunvale.ZOR-Palette/EmergencyPreserveStateBU \
-      -o -path ./tools -o -name program.log -o -name display -o -name window \) -prune -o -print | sort |
+      -o -path ./tools -o -name program.log -o -name display -o -name xdpyinfo -o -name window \) -prune -o -print | sort |
     grep -v -e '^./took$' -e '^./sent$' -e '^./watching$' |
     while read -r item; do
       if [ -f "$item" ] && [ "$item" != ./.local/share/net.lunvale.ZOR-Palette/PreserveState.txt ]; then
