@@ -7,6 +7,10 @@ E2E_DATA="$E2E_HOME/.local/share/net.lunvale.ZOR-Palette"
 mkdir -p "$E2E_HOME/.local/share" "$E2E_HOME/Desktop"
 export HOME="$E2E_HOME" XDG_DATA_HOME="$E2E_HOME/.local/share" XDG_CONFIG_HOME="$E2E_HOME/.config" XDG_CACHE_HOME="$E2E_HOME/.cache"
 unset QT_QPA_PLATFORM
+# No session bus, as on the Mac. Without an address, Qt's menu bar asks libdbus for one, which
+# forks a helper from its own thread at every start; under the sanitizers that child can hang on
+# the allocator's lock held by another thread, and the window never comes.
+export DBUS_SESSION_BUS_ADDRESS="unix:path=$E2E_HOME/no-session-bus"
 
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
