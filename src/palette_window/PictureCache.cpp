@@ -1,9 +1,9 @@
 #include "palette_window/PictureCache.h"
 
-#include "util/FileTools.h"
 #include "util/StringUtils.h"
 #include "util/ZorError.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QThread>
@@ -144,17 +144,20 @@ std::unique_ptr<DecodeBatch>& startBatch() {
 } // namespace
 
 // Decoding ahead on one thread of idle priority: it takes only time that nothing else wants.
+// The folders are listed there too, as listing a hundred of them would hold up the window.
 class PictureCache::Warmer {
 public:
-    Warmer(const QString& keptFolder, const QStringList& paths) {
-        thread.reset(QThread::create([this, keptFolder, paths] {
-            for (const QString& path : paths) {
-                if (stop) return;
-                const Stamp stamp = PictureDiskCache::StampOf(path);
-                if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
-                const Decoded decoded = decode(path);
-                if (!decoded.image.isNull()) PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
-            }
+    Warmer(const QString& keptFolder, const QStringList& folders) {
+        thread.reset(QThread::create([this, keptFolder, folders] {
+            for (const QString& folder : folders)
+                for (const auto& file : ButtonPictureFiles(folder)) {
+                    if (stop) return;
+                    const QString& path = file.second;
+                    const Stamp stamp = PictureDiskCache::StampOf(path);
+                    if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
+                    const Decoded decoded = decode(path);
+                    if (!decoded.image.isNull()) PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
+                }
         }));
         thread->start(QThread::IdlePriority);
     }
@@ -172,9 +175,9 @@ PictureCache::PictureCache() : batch(std::move(startBatch())) {}
 
 PictureCache::~PictureCache() = default;
 
-void PictureCache::WarmAhead(const QStringList& paths) {
+void PictureCache::WarmAhead(const QStringList& folders) {
     warmer.reset();
-    if (!paths.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, paths);
+    if (!folders.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, folders);
 }
 
 void PictureCache::PrefetchAtStart(const QStringList& paths) {
@@ -206,8 +209,9 @@ QPixmap PictureCache::Load(const QString& path) {
 }
 
 QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder) {
-    QStringList names;
-    FileTools::FolderFilesToArray(folder, names);
+    if (folder.isEmpty()) return {};
+    // Asked of QDir alone: the warming thread lists folders too.
+    QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
     names.sort();
     QList<std::pair<int, QString>> files;
     for (const QString& name : names) {

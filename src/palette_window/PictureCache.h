@@ -29,10 +29,10 @@ public:
     void Prefetch(const QStringList& paths);
     // The same before any window exists: the first cache made adopts the work.
     static void PrefetchAtStart(const QStringList& paths);
-    // Decodes, at idle priority, those of the files that no kept copy of an earlier run holds, and
-    // keeps them for the next Load, in this run or the next: the pictures of palettes that may be
-    // shown next. Stops what an earlier call began.
-    void WarmAhead(const QStringList& paths);
+    // Decodes, at idle priority and folder by folder, those of the folders' pictures that no kept
+    // copy of an earlier run holds, and keeps them for the next Load, in this run or the next: the
+    // pictures of palettes that may be shown next. Stops what an earlier call began.
+    void WarmAhead(const QStringList& folders);
 
     using Stamp = PictureDiskCache::Stamp;
     struct Decoded {
@@ -53,5 +53,5 @@ private:
 };
 
 // The picture files of a palette's folder, by button number; names that do not start with two
-// digits belong to no button.
+// digits belong to no button. Safe on any thread.
 QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder);

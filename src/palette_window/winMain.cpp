@@ -214,11 +214,14 @@ QList<qint64> winMain::PalettesWithinReach() const {
 
 void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
-        QStringList paths;
-        for (qint64 index : PalettesWithinReach())
-            for (const auto& file : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name))
-                paths << file.second;
-        pictures.WarmAhead(paths);
+        // Those one key away first, then every other palette, so that after a while of idling
+        // no first visit waits for its pictures.
+        QList<qint64> order = PalettesWithinReach();
+        for (qint64 index = 0; index < qint64(ZOR::DP.size()); ++index)
+            if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
+        QStringList folders;
+        for (qint64 index : order) folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
+        pictures.WarmAhead(folders);
     });
 }
 

@@ -65,7 +65,7 @@ public:
     labZorVisible* labSeeSC = nullptr;
     QLabel* labSeeNum = nullptr;
     QTimer* tiMinimize = nullptr;
-    QTimer* tiWarmAhead = nullptr; // a moment after a redraw: the pictures of palettes one key away
+    QTimer* tiWarmAhead = nullptr; // a moment after a redraw: the pictures of the other palettes
     MainMenuBar* mainMenuBar = nullptr;
 
 protected:
