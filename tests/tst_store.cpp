@@ -161,7 +161,7 @@ private slots:
         const std::pair<const char*, QString> strings[] = {
             {R"("\u2400")", QString::fromUtf8("␀")},
             {R"("\u00e9\u00C9")", QString::fromUtf8("éÉ")},
-            {R"("\uD83C\uDFB9 \ud83d\ude00")", QString::fromUtf8("🎹 😀")},
+            {R"("\uD83C\uDFB9 \ud83d\ude00 \uDBFF\uDFFF")", QString::fromUtf8("🎹 😀 \xF4\x8F\xBF\xBF")},
             {R"("\uDC00|\uD800\u0041|\uD800")", QString::fromUtf8("\xEF\xBF\xBD|\xEF\xBF\xBD" "A|\xEF\xBF\xBD")},
             {"\"Gr\xC3\xBC\xC3\x9F" "e \xF0\x9F\x8E\xB9\"", QString::fromUtf8("Grüße 🎹")},
         };
