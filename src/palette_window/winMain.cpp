@@ -198,10 +198,10 @@ void winMain::RedrawGrid() {
     });
 }
 
-QList<qint64> winMain::PalettesWithinReach() const {
-    QList<qint64> reach;
+QList<qint64> winMain::PalettesToWarm() const {
+    QList<qint64> order;
     const auto add = [&](qint64 index) {
-        if (index != ZOR::idxCP && !reach.contains(index) && ZOR::IsPaletteExistant(index)) reach << index;
+        if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
     };
     for (qint64 k = 0; k <= 9; ++k) add(k); // Cmd+0 to Cmd+9
     for (const BtnRef& b : *ZOR::aBtn) {
@@ -209,18 +209,15 @@ QList<qint64> winMain::PalettesWithinReach() const {
         const qint64 target = b->PaletteGo.trimmed().toLongLong(&ok);
         if (ok) add(target);
     }
-    return reach;
+    // Then every other palette, so that after a while of idling no first visit waits for its pictures.
+    for (qint64 index = 0; index < qint64(ZOR::DP.size()); ++index) add(index);
+    return order;
 }
 
 void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
-        // Those one key away first, then every other palette, so that after a while of idling
-        // no first visit waits for its pictures.
-        QList<qint64> order = PalettesWithinReach();
-        for (qint64 index = 0; index < qint64(ZOR::DP.size()); ++index)
-            if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
         QStringList folders;
-        for (qint64 index : order) folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
+        for (qint64 index : PalettesToWarm()) folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
         pictures.WarmAhead(folders);
     });
 }

@@ -47,6 +47,9 @@ public:
     void tiMinimize_Action();
     void tiWarmAhead_Action();
     QString LabTipText(int index);
+    // The palettes whose pictures are decoded ahead, nearest first: Cmd+0 to Cmd+9, then those the
+    // shown palette's buttons switch to, then the rest.
+    QList<qint64> PalettesToWarm() const;
     void labSeeNum_MouseUp();
 
     bool Event_KeyDown(const QString& key);
@@ -81,7 +84,6 @@ private:
     void ShowButtonInformation(int index);
     void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
-    QList<qint64> PalettesWithinReach() const;
     const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
     QRectF numberBox;                   // where a canvas's number stands, measured at the first paint
     PictureCache pictures;
