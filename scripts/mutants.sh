@@ -82,14 +82,15 @@ fi
 build() { cmake --build "$BUILD" -j "$JOBS" --target "${targets[@]}" >"$1" 2>&1; }
 stop=(--stop-on-failure)
 [ -n "${MUTANTS_EVERY:-}" ] && stop=(--output-on-failure)
-suite() { (cd "$BUILD" && ctest ${labels[@]+"${labels[@]}"} -j "$JOBS" --timeout 120 "${stop[@]}" >>"$1" 2>&1); }
+suite() { (cd "$BUILD" && ctest ${labels[@]+"${labels[@]}"} -j "$JOBS" "${stop[@]}" >>"$1" 2>&1); }
 
 echo "building the unchanged copy in $BUILD"
 # No debug information, and a faster linker where there is one: every fault relinks each test,
 # and linking is most of the time.
 linker=()
 [ "$(uname)" = Linux ] && command -v ld.lld >/dev/null && linker=(-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld)
-cmake -S "$TREE" -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 ${linker[@]+"${linker[@]}"} \
+cmake -S "$TREE" -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DZOR_UNIT_TEST_TIMEOUT=120 \
+  ${linker[@]+"${linker[@]}"} \
   >"$LOGS/configure.log" 2>&1 || {
   echo "configure failed: $LOGS/configure.log"; exit 2; }
 build "$LOGS/base.log" || { echo "the unchanged tree does not build: $LOGS/base.log"; exit 2; }
