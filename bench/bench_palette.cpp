@@ -93,7 +93,8 @@ int main(int argc, char** argv) {
     QDir kept(PictureDiskCache::Folder());
     QElapsedTimer idle;
     idle.start();
-    while (kept.entryList({"*.pic"}, QDir::Files).size() < kPalettes * 100 && idle.elapsed() < 60000) QTest::qWait(50);
+    while (kept.entryList({"*.pic"}, QDir::Files).size() < kPalettes * 100 && idle.elapsed() < 60000)
+        QTest::qWait(50);
     const double idleMs = double(idle.elapsed());
     // First visits: palettes whose pictures were never shown.
     std::vector<double> firstVisits, coldVisits;

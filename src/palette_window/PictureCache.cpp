@@ -156,7 +156,8 @@ public:
                     const Stamp stamp = PictureDiskCache::StampOf(path);
                     if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
                     const Decoded decoded = decode(path);
-                    if (!decoded.image.isNull()) PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
+                    if (!decoded.image.isNull())
+                        PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
                 }
         }));
         thread->start(QThread::IdlePriority);

@@ -217,7 +217,8 @@ QList<qint64> winMain::PalettesToWarm() const {
 void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
-        for (qint64 index : PalettesToWarm()) folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
+        for (qint64 index : PalettesToWarm())
+            folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
         pictures.WarmAhead(folders);
     });
 }
