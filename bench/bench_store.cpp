@@ -1,7 +1,7 @@
 // Load and save of a full store of 100 palettes (10,101 objects), side by side with Python's
-// json module on the same file in the same run, its runs taking turns with ours. Prints medians and ratios. The load checks the
-// whole file and builds each palette's buttons when first asked for; the load with every palette
-// built is what json.loads does.
+// json module on the same file in the same run, its runs taking turns with ours. Prints medians
+// and ratios. The load checks the whole file and builds each palette's buttons when first asked
+// for; the load with every palette built is what json.loads does.
 #include "FullStore.h"
 
 #include <QCoreApplication>
