@@ -5,7 +5,6 @@ source "$(dirname "$0")/lib.bash"
 start_display
 write_store 3
 
-# Keys for the window of that title, once it is there.
 keys_to() {
   local title=$1; shift
   wait_until 30 found "$title" || fail "no window \"$title\" appeared"
@@ -13,8 +12,7 @@ keys_to() {
   xdotool key "$@"
 }
 
-# Help >> Manage PreserveState Backup, from the keyboard: the Help menu is left of Edit, and its
-# backup item second from the end.
+# Help >> Manage PreserveState Backup: the Help menu is left of Edit, the item second from its end.
 open_backup_window() {
   send_keys alt+e
   xdotool key Left Up Up Return

@@ -7,15 +7,13 @@ E2E_DATA="$E2E_HOME/.local/share/net.lunvale.ZOR-Palette"
 mkdir -p "$E2E_HOME/.local/share" "$E2E_HOME/Desktop"
 export HOME="$E2E_HOME" XDG_DATA_HOME="$E2E_HOME/.local/share" XDG_CONFIG_HOME="$E2E_HOME/.config" XDG_CACHE_HOME="$E2E_HOME/.cache"
 unset QT_QPA_PLATFORM
-# No session bus, as on the Mac. Without an address, Qt's menu bar asks libdbus for one, which
-# forks a helper from its own thread at every start; under the sanitizers that child can hang on
-# the allocator's lock held by another thread, and the window never comes.
+# No session bus, as on the Mac: without one, libdbus forks a helper at each start, and under the
+# sanitizers that child can hang on the allocator's lock, so the window never comes.
 export DBUS_SESSION_BUS_ADDRESS="unix:path=$E2E_HOME/no-session-bus"
 
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
-# Waits up to `seconds` for a command to succeed, polling; a busy machine or a sanitizer build
-# is slow, so the limits are generous and nothing waits a fixed time.
+# Waits up to `seconds` for a command to succeed; the limits are generous for busy machines.
 wait_until() {
   local seconds=$1; shift
   local deadline=$((SECONDS + seconds))
@@ -25,8 +23,7 @@ wait_until() {
   done
 }
 
-# A private X server. It picks its own free display number and tells it through a pipe, so two
-# tests started at once never share a server; the answer then comes from this very process.
+# A private X server on a display number it picks itself, so two tests never share a server.
 start_display() {
   local fdfile="$E2E_HOME/display"
   # An odd screen height of its own lets the test know its server when it answers.
@@ -35,20 +32,17 @@ start_display() {
   E2E_XVFB=$!
   wait_until 30 grep -q '[0-9]' "$fdfile" || fail "no X server could be started"
   export DISPLAY=":$(tr -dc 0-9 <"$fdfile")"
-  # One answer is kept and read: Xvfb now and then hangs up on a client the instant it connects
-  # (see start_program), so a second question could go unanswered where the first was not.
+  # One answer, kept and read: a second question could meet the hang-up told at start_program.
   local answer="$E2E_HOME/xdpyinfo"
   wait_until 30 eval 'xdpyinfo >"$answer"' || fail "the X server on $DISPLAY does not answer"
   [[ "$(cat "$answer")" =~ dimensions:\ *$E2E_SCREEN\ pixels ]] || fail "the server on $DISPLAY is not the one this test started"
 }
 
 # Starts the program and waits for its window. Now and then Xvfb hangs up on a client the
-# instant it connects (strace shows the connect succeed and the server close it before the
-# setup; its audit log never lists the client), and Qt then aborts with "could not connect to
-# display". It came far more often while other clients of the server came and went, so none does
-# while the program starts: one xdotool waits for the window in a single connection, and the
-# program's life is watched with kill. A start that still ends before its window is told with
-# its status and log and tried again, up to E2E_START_TRIES times (2 unless told).
+# instant it connects, and Qt aborts with "could not connect to display"; it comes far more often
+# while other clients come and go, so one xdotool waits for the window in a single connection and
+# the program is watched with kill. A start that still ends early is told and tried again, up to
+# E2E_START_TRIES times (2 unless told).
 start_program() {
   local try status finder deadline
   for ((try = 1; try <= ${E2E_START_TRIES:-2}; try++)); do
@@ -56,8 +50,7 @@ start_program() {
     E2E_PID=$!
     : >"$E2E_HOME/window"
     deadline=$((SECONDS + 60))
-    # xdotool ends at once, with nothing found, on an X error such as a window going while it
-    # looks; then it is asked again.
+    # xdotool gives up at once on an X error, such as a window going while it looks.
     while [ ! -s "$E2E_HOME/window" ] && [ $SECONDS -lt $deadline ] && kill -0 "$E2E_PID" 2>/dev/null; do
       timeout 60 xdotool search --sync --onlyvisible --pid "$E2E_PID" >"$E2E_HOME/window" 2>/dev/null &
       finder=$!
@@ -77,21 +70,18 @@ start_program() {
   fail "the program ended at start $((try - 1)) times in a row"
 }
 
-# The first visible window of the program with this title, other than the palette window.
-# Without --all, xdotool takes windows of the process *or* of the name. Menus are left out: their
-# popups bear the program's name as title, as its messages do.
-window_named() {
+# The first visible window of the program with this title, in $FOUND, other than the palette window
+# and menus (their popups bear the program's name, as its messages do).
+found() {
   local win
   for win in $(xdotool search --all --pid "$E2E_PID" --onlyvisible --name "^$1\$" 2>/dev/null || true); do
     [ "$win" != "$E2E_WIN" ] || continue
     xwininfo -id "$win" 2>/dev/null | grep -q 'Override Redirect State: no' || continue
-    echo "$win"
+    FOUND=$win
     return 0
   done
   return 1
 }
-# The same, in $FOUND, for waiting on it.
-found() { FOUND=$(window_named "$1"); }
 
 has_focus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ]; }
 
@@ -106,8 +96,7 @@ send_keys() { focus_window; xdotool key "$@"; }
 
 title_is() { [ "$(xdotool getwindowname "$E2E_WIN" 2>/dev/null)" = "$1" ]; }
 
-# Waits for the program to end by itself, and well: a sanitizer's report at exit (a leak) makes
-# the status other than 0.
+# Waits for the program to end by itself, and well (a sanitizer's report makes the status other than 0).
 wait_for_exit() {
   local status=0
   wait_until 60 eval '! kill -0 "$E2E_PID"' || fail "the program did not quit: $(cat "$E2E_HOME/program.log")"

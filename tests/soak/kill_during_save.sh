@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
-# Kills the program with SIGKILL at random instants of its saving quit, KILLS times (200 unless
-# told). A full store of 100 palettes, a palette switch with Ctrl+1, Ctrl+Q, then SIGKILL after a
-# random delay from 0 to the measured time of the quit. After every kill PreserveState.txt must be
-# exactly the old store or the new one, and nothing else under home may have changed but the
-# emergency folder.
+# SIGKILL at a random instant of the saving quit, KILLS times (200 unless told): a store of 100
+# palettes, Ctrl+1, Ctrl+Q, then the kill after a random part of the time the new store takes to
+# stand. After every kill PreserveState.txt is the old store or the new one, and nothing else under
+# home changed but the emergency folder.
 source "$(dirname "$0")/../e2e/lib.bash"
 KILLS=${KILLS:-200}
 E2E_START_TRIES=5
@@ -50,9 +49,8 @@ switch_and_quit() {
 }
 
 BEFORE="$(snapshot)"
-# The quit uninterrupted, three times: how long after Ctrl+Q the new store stands in place (the
-# file is renamed over the old one, so its inode changes), and the new store it writes. The
-# watcher is running before the key goes, so that its own start is not counted.
+# The quit uninterrupted, three times: how long after Ctrl+Q the new store is renamed into place
+# (its inode changes), watched from before the key goes, and the new store it writes.
 times=()
 for run in 1 2 3; do
   restore_home
