@@ -43,7 +43,6 @@ class BackupTest : public WindowTest {
         return content;
     }
 
-    // Presses a button of the backup window when the menu runs it, as the user would.
     void pressOnOpening(QPushButton* winManageBU::*button) {
         dialogs->onWindow = [button](QDialog& d) {
             if (auto* w = qobject_cast<winManageBU*>(&d)) (w->*button)->click();
@@ -77,10 +76,8 @@ private slots:
         QCOMPARE(readAll(emergency() + '/' + made), onDisk);
     }
 
-    // Every way a restore through the menu, or offered at the start for a data file that cannot be
-    // read, ends. A refused or failed one leaves the data file, the backup and the program as they
-    // were; a done one keeps the data file in the emergency folder, under the next free minute when
-    // a quit a moment ago took this one, and quits without writing.
+    // A refused or failed restore leaves all as it was; a done one keeps the data file in the
+    // emergency folder, under the next free minute, and quits without writing.
     void restoreThroughTheMenu_data() {
         QTest::addColumn<QString>("name");        // chosen on the Desktop; empty: cancelled
         QTest::addColumn<QString>("setting");     // a folder that refuses every change, or "unreadable"

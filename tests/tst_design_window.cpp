@@ -1,6 +1,5 @@
-// The design window driven as a user drives it: clicks on the grid and the arrows, typing into
-// the fields, OK, Cancel and Done, checked against the buttons of the active palette; and its
-// small controls on their own: the up-downs' steps and limits, and the looks of a grid cell.
+// The design window driven as a user drives it, checked against the active palette's buttons;
+// and its small controls on their own: the up-downs' steps and a grid cell's looks.
 #include "design/UpDownArrows.h"
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
@@ -27,8 +26,7 @@ void arrows(UpDownArrows* control, bool up, int times = 1, bool shift = false) {
                           QPoint(control->width() / 2, up ? 3 : control->height() - 3));
 }
 
-// The enabled state of the four kinds, the three push buttons and the palette half, as
-// "KM AS SC PS / OK Cancel Done / palette", 1 for on.
+// What is enabled, as "KM AS SC PS / OK Cancel Done / palette half".
 QString state(const winConstruct& w) {
     QString s;
     for (const QWidget* c :
@@ -37,15 +35,13 @@ QString state(const winConstruct& w) {
         s += !c ? ' ' : c->isEnabled() ? '1' : '0';
     return s;
 }
-// One press on the arrows ("up", "Shift down", ...): the value shown after it and how many
-// changes were told, as "value changes".
+// One press on the arrows ("up", "Shift down"...), as "value shown, changes told".
 template <class Control> QString press(Control& control, const QString& arrow) {
     QSignalSpy changed(&control, &Control::ValueChanged);
     arrows(control.udChangeVal, arrow.endsWith("up"), 1, arrow.startsWith("Shift"));
     return control.labValue->text() + ' ' + QString::number(changed.count());
 }
 
-// Whether any pixel of the rectangle has exactly that colour.
 bool hasColour(const QImage& shot, const QRect& area, const QColor& colour) {
     for (int y = area.top(); y <= area.bottom(); ++y)
         for (int x = area.left(); x <= area.right(); ++x)
@@ -59,7 +55,7 @@ class DesignWindowTest : public WindowTest {
 
     std::unique_ptr<winConstruct> open() { return std::make_unique<winConstruct>(program->window()); }
     static void click(winConstruct& w, int index) { QTest::mouseClick(w.accGC[index], Qt::LeftButton); }
-    // Shows the window and puts the keyboard focus into the field, as a click into it would.
+    // The keyboard focus put into the field, as a click into it would.
     static bool focus(winConstruct& w, QWidget* field) {
         w.show();
         QApplication::setActiveWindow(&w);
@@ -262,8 +258,8 @@ private slots:
                  QStringList({title, title, title, "Grid Construct: ZOR Palette (P00)"}));
     }
 
-    // Fewer rows and columns: cells outside beep; the buttons there are kept until Done and
-    // set back to their defaults at the next opening. Hidden buttons with a picture are told.
+    // Cells outside a smaller grid beep; their buttons are kept until Done and reset at the next
+    // opening. Hidden buttons with a picture are told.
     void resizingTheGrid() {
         for (const char* name : {"05 five.png", "12 twelve.png", "40 forty.png"})
             home->writeInProgram(QString("ButtonPictures/P00/") + name, picture(64, 64));
@@ -308,8 +304,7 @@ private slots:
         QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
     }
 
-    // The menu, an old system's missing Shortcuts field, and a help button and labels that open
-    // their help records.
+    // The menu, no Shortcuts field on an old system, and the help records of button and labels.
     void menuAndHelp() {
         tools->setAnswer("sw_vers", "11.7.10\n");
         startWith(1).mainMenuBar->miConstruct->trigger();

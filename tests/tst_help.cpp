@@ -1,5 +1,4 @@
-// The help module: the help records and their windows, labels and links, the messages and
-// failure reports every window shows, and the about box.
+// Help records and their windows, labels and links, messages, failure reports, the about box.
 #include "help/ErrorHandling.h"
 #include "help/GeneralMethods.h"
 #include "help/Help.h"
@@ -20,7 +19,6 @@
 
 Q_DECLARE_METATYPE(Guard::Where)
 
-// The text format of every label that shows text.
 static QString labelFormats(QDialog& d) {
     QString formats;
     for (QLabel* label : d.findChildren<QLabel*>())
@@ -94,7 +92,7 @@ class tst_help : public QObject {
 
 private slots:
     void initTestCase() { ErrorHandling::Install(); }
-    // The compiled table, any complaint about it recorded by a dialog script that lives for the statement.
+    // The compiled table, any complaint about it recorded.
     void init() { (ScriptedDialogs(), Help::FillDictionaryFromHELP_TEXT()); }
 
     void cleaning_data() {
@@ -127,7 +125,7 @@ private slots:
         Help::FillDictionaryFromHELP_TEXT(table);
         const bool refused = !message.isEmpty();
         QCOMPARE(Help::helpDict.isEmpty(), refused); // a refused table leaves no help at all
-        // Its author sees on the Desktop what was refused, or what was changed; a clean table writes nothing.
+        // What was refused or changed is left on the Desktop for the table's author.
         QCOMPARE(QStringList({Help::cleanedHelpText, dialogs.texts().join('|')}) + desktopFiles(fresh),
                  QStringList({cleaned, message}) +
                      (refused            ? QStringList{"BadOriginal.txt: " + table}

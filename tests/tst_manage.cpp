@@ -1,5 +1,4 @@
-// The palette management windows: switching by list and by two typed digits, new palettes,
-// renaming with the alias rules, and deleting with the pictures kept on the Desktop.
+// Palette management: switching by list and by digits, new palettes, renaming, deleting.
 #include "help/MessageCanvas.h"
 #include "manage/ccPalettePreview.h"
 #include "manage/winChangeAlias.h"
@@ -60,14 +59,12 @@ private slots:
         for (const auto& window : windows)
             QTest::mouseClick(window->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0),
                               Qt::LeftButton);
-        // The four windows, then the four help records.
         QCOMPARE(dialogs->titles(), QStringList({"ZOR Palette", "New Palette", "Change Name/Alias",
                                                  "Delete Palette", "Switch to Another Palette", "New Palette",
                                                  "Rename Palette", "Delete Palette"}));
     }
 
-    // Keys go to the list, which has the focus when the window opens and would take digits as a
-    // search. "|" stands for a pause of over two seconds.
+    // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
     void typedDigits_data() {
         QTest::addColumn<QString>("keys");
         QTest::addColumn<int>("active");

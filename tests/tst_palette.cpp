@@ -1,5 +1,4 @@
-// The palette window at work: painting, clicks, keys, menus, palette switching, the information
-// bar's word on the button under the pointer, and the launchers a click runs.
+// The palette window at work: painting, clicks, keys, menus, switching, the bar, the launchers.
 #include "actions/Launchers.h"
 #include "tst_windows.h"
 
@@ -10,7 +9,6 @@ QColor barColour(const winMain& w) {
     return w.rectBackgroundTip->palette().color(QPalette::Window);
 }
 
-// '1' for each enabled item of the palette list.
 QString enabled(const MainMenuBar& bar) {
     QString states;
     for (const QAction* item : bar.miPalette) states += item->isEnabled() ? '1' : '0';
@@ -50,8 +48,7 @@ private slots:
         QCOMPARE(shot.pixelColor(size.width() / 2 + 3, w.labTip->y() + 26), QColor(0xFE, 0xFF, 0x96));
     }
 
-    // Pictures in file name order, the later of two for one button winning; a file that is no
-    // picture is told once a run and the rest are drawn.
+    // Of two pictures for a button the later wins; a file that is no picture is told once a run.
     void paintingFollowsPicturesAndButtons() {
         for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{
                  {"07a.png", Qt::red}, {"07b.png", Qt::blue}, {"x7.png", Qt::green}, {"12.png", Qt::red}, {"99 far out.png", Qt::green}})
@@ -213,8 +210,7 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList{});
     }
 
-    // Items up to the last palette are enabled but for freed ones, the active one up to P09 is not.
-    // Then the changes that are refused, and new palettes.
+    // Items up to the last palette are enabled but for freed ones and an active one up to P09.
     void paletteMenuFollowsTheStore() {
         winMain& w = startWith(5);
         MainMenuBar* bar = w.mainMenuBar;

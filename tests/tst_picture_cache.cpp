@@ -1,18 +1,7 @@
-// Button pictures are decoded ahead and kept decoded, in memory and on disk between runs; a file
-// changed on disk must still show as it now is, on the next start and on a reload within the run,
-// and a damaged copy on disk must never show.
-#include "common/Program.h"
+// Pictures are kept decoded, in memory and on disk between runs: a file changed on disk shows as
+// it now is, and a damaged kept copy never shows.
 #include "palette_window/PictureDiskCache.h"
-#include "palette_window/cnBut.h"
-#include "palette_window/winMain.h"
-#include "store/ZOR.h"
-
-#include <QDir>
-#include <QLabel>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QTest>
+#include "tst_windows.h"
 
 namespace {
 enum class Change { LaterSameSize, SameTimeOtherSize, SameTimeSameSize };
@@ -90,9 +79,8 @@ private slots:
         QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
     }
 
-    // While the window idles, the pictures of the other palettes are decoded ahead for their first
-    // showing: first those one key away (Cmd+0 to Cmd+9, then those the shown palette's buttons
-    // switch to), then the rest.
+    // While the window idles, other palettes are decoded ahead: Cmd+0 to Cmd+9, the buttons'
+    // targets, then the rest.
     void otherPalettesAreDecodedAheadNearestFirst() {
         const QDateTime old = QDateTime::currentDateTime().addSecs(-60);
         const QString folder = home->programFolder() + "/ButtonPictures/P";

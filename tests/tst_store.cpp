@@ -1,31 +1,15 @@
 // The palette store: records, the data file, start-up and the saving quit.
-#include "common/Program.h"
-#include "common/ScriptedDialogs.h"
-#include "common/TempHome.h"
-#include "palette_window/winMain.h"
 #include "store/JsonText.h"
-#include "store/ZOR.h"
-#include "util/AppGlobals.h"
-#include "util/Clock.h"
+#include "tst_windows.h"
 #include "util/ZorError.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTest>
 #include <functional>
 #include <nlohmann/json.hpp>
 
 using ordered_json = nlohmann::ordered_json;
 
 namespace {
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-// An older file: the first palette's buttons lack `absent` keys, its palette object lacks
-// paleParticulars when asked.
+// An older file of two palettes: the buttons lack `absent` keys, the palettes maybe paleParticulars.
 QByteArray olderFile(const QStringList& absent, bool withParticulars) {
     ordered_json file = ordered_json::array();
     file.push_back({{"LastPaletteIndex", 1}, {"CurrentPalette", 0}, {"WinTop", 0}, {"WinLeft", 0},
@@ -211,8 +195,7 @@ private slots:
                  qPrintable(shown.join('|')));
     }
 
-    // Each hostile file either loads with a clear meaning (the palette it starts on) or is
-    // reported once and left as it is; none crashes or hangs.
+    // A hostile file loads with a clear meaning (the palette it starts on) or is told once and kept.
     void hostileDataFiles_data() {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<int>("startsOn"); // -1: refused
@@ -292,8 +275,7 @@ private slots:
         else QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(), startsOn);
     }
 
-    // Palettes not yet shown are read from the data file's text when first asked for; once the
-    // window is drawn, that text no longer follows the file on disk.
+    // Palettes not yet shown are read from the data file's text as it was at the start.
     void palettesNotShownKeepTheTextTheyStartedWith() {
         const QString file = writeStoreFile(3);
         program->start().grab();
@@ -365,8 +347,7 @@ private slots:
         QCOMPARE(ZOR::paleAlias, QString("Original"));
     }
 
-    // A run that changes nothing leaves the file alone; a moved window, a switch and the working set
-    // the design window edits are saved by the quit.
+    // A run that changes nothing leaves the file alone; a move, a switch and the working set are saved.
     void quitSavesOnlyWhatChanged() {
         const QString file = writeStoreFile(3, 3, 4, QRect(100, 120, 256, 222));
         const QDateTime written = QFileInfo(file).lastModified();

@@ -1,8 +1,5 @@
 #pragma once
-// What the tests share: the program's parts they drive, Qt's test and widget modules, pictures
-// made to measure, a file's bytes, every file under a folder by content (links by their target,
-// folders not at all) with where it lies, so that a snapshot before an action tells after it
-// whether anything the user had is gone or changed, and a list's rows as the user reads them.
+// What the window tests share: the program's parts, Qt's test and widget modules, and helpers.
 #include "common/Program.h"
 #include "help/HelpLabels.h"
 #include "palette_window/MainMenuBar.h"
@@ -15,7 +12,6 @@
 #include <QtTest>
 #include <QtWidgets>
 
-// A picture's file as bytes.
 inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(colour);
@@ -26,7 +22,6 @@ inline QByteArray picture(int width, int height, QColor colour = Qt::red, const 
     return bytes;
 }
 
-// A file's bytes; empty when it cannot be read.
 inline QByteArray readAll(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -38,8 +33,9 @@ inline QStringList namesIn(const QString& folder) {
                                   QDir::Name);
 }
 
+// Every file under a folder by content (links by their target), with where it lies: taken before an
+// action, it tells after it whether anything the user had is gone or changed.
 using HomeFiles = QMap<QByteArray, QStringList>;
-
 inline HomeFiles snapshot(const QString& root) {
     HomeFiles files;
     QDirIterator it(root, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
@@ -83,7 +79,6 @@ inline QStringList rows(const QAbstractItemView* list, const QList<int>& columns
     return out;
 }
 
-// A window as it stands after its opening.
 template <class Window> std::unique_ptr<Window> opened() {
     auto window = std::make_unique<Window>();
     window->Event_Opening();

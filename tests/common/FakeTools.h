@@ -3,15 +3,13 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Fake Mac tools (osascript, shortcuts, open, sw_vers) first on PATH for the life of the object.
-// Each appends "<tool> <arg>|<arg>..." to the log and prints the answer scripted for it.
+// Fake Mac tools first on PATH for the life of the object: each logs its call and prints its answer.
 class FakeTools {
 public:
     FakeTools();
     ~FakeTools();
     QStringList log() const; // one line per call
-    // The text the tool prints to standard output; for osascript a key such as
-    // "running:com.stairways.keyboardmaestro.engine" answers the bundle check for that identifier.
+    // "running:<bundle id>" answers osascript's check for that application.
     void setAnswer(const QString& key, const QString& text) const;
     void remove(const QString& tool) const; // the tool is absent
 

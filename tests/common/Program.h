@@ -11,9 +11,7 @@
 
 class winMain;
 
-// The program's start and quit as main() runs them, inside a test: the store is reset to its
-// state at program load, the application's opening step and the palette window's opening run,
-// and quit() closes the window through its closing step.
+// The program's start and quit as main() runs them, on a store reset to its state at load.
 class Program {
 public:
     Program();
@@ -26,18 +24,14 @@ private:
     std::unique_ptr<winMain> win;
 };
 
-// A store of `palettes` default palettes (slot 0 the first palette) written as PreserveState.txt
-// into the program folder under the current home; returns the file's path.
+// A PreserveState.txt of default palettes in the current home's program folder; returns its path.
 QString writeStoreFile(int palettes, int rows = 10, int columns = 10, QRect window = {});
 
-// A fresh home, fake Mac tools, scripted dialogs and a program for each test function of a
-// window test: call setUpProgram() in init() and tearDownProgram() in cleanup(), which also puts
-// the clock back.
+// A fresh home, fake Mac tools, scripted dialogs and a program for each test function.
 class ProgramFixture {
 protected:
     void setUpProgram();
     void tearDownProgram();
-    // Starts the program on a store of default palettes of that size.
     winMain& startWith(int palettes, int rows = 10, int columns = 10);
     static Btn& button(int index); // of the active palette
 
@@ -47,8 +41,6 @@ protected:
     std::unique_ptr<Program> program;
 };
 
-// A window test: each test function in a fresh home, with fake tools, scripted dialogs and a
-// program not yet started; a test class may add to either step with a slot of its own.
 class WindowTest : public QObject, protected ProgramFixture {
     Q_OBJECT
 protected slots:

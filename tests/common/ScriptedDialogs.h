@@ -5,9 +5,8 @@
 #include <QStringList>
 #include <functional>
 
-// Installed for the life of the object: every dialog is recorded instead of shown. Questions
-// (OK/Cancel, MesDlg, open-file) take the queued answers in order; a question with none queued
-// is answered as cancelled.
+// Every dialog recorded instead of shown, for the life of the object. Questions take the queued
+// answers in order; with none queued, they are cancelled.
 class ScriptedDialogs : public Dialogs::Script {
 public:
     ScriptedDialogs();
@@ -25,8 +24,7 @@ public:
     int beeps() const;
     void clear() { requests.clear(); }
 
-    // Called with each built window once it is recorded, to look at it or to press its buttons;
-    // a window of the menus then answers with its own result.
+    // Sees each built window once recorded; a window the menus open then answers with its result.
     std::function<void(QDialog&)> onWindow;
     QList<Dialogs::Request> requests;
 
