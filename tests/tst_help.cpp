@@ -11,7 +11,6 @@
 #include "help/winHelpSimple.h"
 #include "help/winOKCancel.h"
 #include "help/winReportError.h"
-#include "help/winShowText.h"
 #include "help/winTimed.h"
 #include "tst_windows.h"
 #include "util/Guard.h"
@@ -279,38 +278,6 @@ private slots:
         QVERIFY(dialogs.requests.isEmpty()); // no failure was reported
     }
 
-    // A link as the about box shows it.
-    void staticLink() {
-        static QList<QUrl> opened;
-        StaticURL::opener = [](const QUrl& url) { opened << url; };
-        StaticURL bare, link;
-        bare.setText("https://example.org/text");
-        link.setURL("https://example.org/x");
-        link.resize(100, 17);
-        for (StaticURL* label : {&bare, &link}) {
-            label->show();
-            label->Opening();
-        }
-        QVERIFY(bare.isHidden() && link.isVisible() && link.font().underline()); // a text alone is no link
-        QCOMPARE(link.text(), "https://example.org/x"); // an empty text shows the address
-        // Blue at rest, purple under the pointer, red while pressed.
-        QEnterEvent enter(QPointF(10, 5), QPointF(10, 5), QPointF(10, 5));
-        QEvent leave(QEvent::Leave);
-        QList<QColor> colours{link.textColour()};
-        for (QEvent* event : {static_cast<QEvent*>(&enter), &leave})
-            colours << (QApplication::sendEvent(&link, event), link.textColour());
-        // Only a release on the link opens it: not a press alone, nor a release off it, even on its edge.
-        for (QPoint releaseAt : {QPoint(100, 5), QPoint(0, 5), QPoint(10, 17), QPoint(10, 5)}) {
-            QTest::mousePress(&link, Qt::LeftButton, {}, QPoint(10, 5));
-            colours << link.textColour();
-            QTest::mouseRelease(&link, Qt::LeftButton, {}, releaseAt);
-            colours << link.textColour();
-        }
-        const QColor blue(0x0000FF), red(0xFF0000);
-        QCOMPARE(colours, (QList<QColor>{blue, 0x800080, blue, red, blue, red, blue, red, blue, red, blue}));
-        QCOMPARE(opened, QList<QUrl>{QUrl("https://example.org/x")});
-    }
-
     void failureReports_data() {
         QTest::addColumn<Guard::Where>("where");
         QTest::addColumn<QString>("expected");
@@ -372,48 +339,10 @@ private slots:
                                QRect(220, 25 + 83, 1000, 624), QRect(102, 40, 819, 480)}));
     }
 
-    void windowsFitAndAnchor() {
-        winOKCancel okCancel;
-        winShowText showText;
-        winTimed timed;
-        okCancel.textHeight = showText.textHeight = timed.textHeight = [](int) { return 17; };
-        okCancel.AdjustWindowSize(), showText.AdjustWindowSize(), timed.AdjustWindowSize();
-        // A short text: the width the ratio asks for, but winShowText is held at its minimum.
-        const std::tuple<QDialog*, QPushButton*, QSize> windows[]{{&okCancel, okCancel.pbOK, {291, 164}},
-                                                                  {&showText, showText.pbOK, {400, 250}},
-                                                                  {&timed, timed.pbDone, {291, 164}}};
-        for (const auto& [window, button, size] : windows) {
-            QCOMPARE(window->size(), size);
-            window->resize(size + QSize(150, 100));
-            window->show();
-            // Buttons keep 20 pixels to the lower right corner whatever the size.
-            QCOMPARE(window->rect().bottomRight() - button->geometry().bottomRight(), QPoint(20, 20));
-        }
-    }
-
-    void timedDisk() {
-        AppGlobals::iGlobalInteger = 12;
-        AppGlobals::fGlobalBoolean = false; // the filled pie
-        winTimed w;
-        QCOMPARE(QList<int>({w.tiChangeCanvas->interval(), w.tiAutoClose->interval()}),
-                 QList<int>({93, 12000})); // 128 steps in 12 s
-        const auto steps = [&w](int n) {   // the angle afterwards, in ten-thousandths
-            while (n-- > 0) w.tiChangeCanvas_Action();
-            return qRound(w.theArc.arcAngle * 10000);
-        };
-        // Steps of 0.0490875 from one step's worth, held short of the full circle by a tenth of a step.
-        QCOMPARE(QList<int>({steps(124), steps(1), steps(50)}), QList<int>({61359, 62732, 62732}));
-        w.theArc.arcAngle = 1.5708; // a quarter, clockwise from twelve to three o'clock
-        const QImage disk = w.cnvDisk->grab().toImage();
-        const auto orange = [&disk](int x, int y) {
-            return disk.pixelColor(disk.width() / 2 + x, disk.height() / 2 + y) == QColor(0xFF, 0x93, 0x00);
-        };
-        QVERIFY(orange(8, -8) && !orange(-8, -8) && !orange(8, 8)); // only the upper right quarter
-    }
-
     void timedClickKeepsWindowOpen() {
         AppGlobals::iGlobalInteger = 1;
         winTimed w;
+        QCOMPARE(w.tiAutoClose->interval(), 1000);
         w.show();
         QTest::qWait(600);
         QVERIFY(w.theArc.arcAngle > 20 * w.deltaCircle);

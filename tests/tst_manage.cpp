@@ -48,22 +48,6 @@ class ManageTest : public WindowTest {
     }
 
 private slots:
-    // The menu items open the four windows; each window's help button shows its own record.
-    void menuItemsAndHelpButtons() {
-        MainMenuBar& bar = *startWith(2).mainMenuBar;
-        for (QAction* item :
-             {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
-            item->trigger();
-        const std::unique_ptr<QDialog> windows[] = {std::make_unique<winSwitchPalette>(), std::make_unique<winNewPalette>(),
-                                                    std::make_unique<winChangeAlias>(), std::make_unique<winDeletePalette>()};
-        for (const auto& window : windows)
-            QTest::mouseClick(window->findChildren<QPushButton*>(QRegularExpression("^pbHelp")).value(0),
-                              Qt::LeftButton);
-        QCOMPARE(dialogs->titles(), QStringList({"ZOR Palette", "New Palette", "Change Name/Alias",
-                                                 "Delete Palette", "Switch to Another Palette", "New Palette",
-                                                 "Rename Palette", "Delete Palette"}));
-    }
-
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
     void typedDigits_data() {
         QTest::addColumn<QString>("keys");

@@ -335,16 +335,13 @@ private slots:
     }
 
     // Without and with ".scpt": only the first full stop counts, and a "$" before it ends the name.
-    void scriptNamesNormalised() {
+    // A script is found in the scripts folder only, with its case as on disk.
+    void scriptNames() {
         QStringList forms;
         for (const char* name : {"Mail.scpt", " Mail\t", "Mail.txt", "", ".", ".scpt", "a.b.c", "x$y.scpt"})
             forms << ZOR::rsWithWithoutScpt(name, false) + '|' + ZOR::rsWithWithoutScpt(name, true);
         QCOMPARE(forms, (QStringList{"Mail|Mail.scpt", "Mail|Mail.scpt", "Mail|Mail.scpt", "|", "|", "|",
                                      "a|a.scpt", "x|x.scpt"}));
-    }
-
-    // Found in the scripts folder only, with its case as on disk.
-    void scriptNameFromTheFolder() {
         home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home->writeInProgram("Old.scpt", "x");
         QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
