@@ -325,21 +325,12 @@ private slots:
         w->tfTip->setSelection(5, 6);
         palette.mainMenuBar->EditClear->trigger();
         QCOMPARE(w->tfTip->text(), "Hello");
-        QVERIFY(focus(*w, w->taInfo));
-        w->taInfo->setPlainText("one two");
-        QTextCursor cursor = w->taInfo->textCursor();
-        cursor.setPosition(3);
-        cursor.setPosition(7, QTextCursor::KeepAnchor);
-        w->taInfo->setTextCursor(cursor);
-        palette.mainMenuBar->EditClear->trigger();
-        QCOMPARE(w->taInfo->toPlainText(), "one");
         w->tfTip->clear();
         w->pbOK->setFocusPolicy(Qt::TabFocus); // as on the Mac, a click leaves the focus where it is
         QVERIFY(focus(*w, w->tfPaletteGo));
         QTest::keyClicks(w->tfPaletteGo, "1");
         QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(QStringList({button(5).PaletteGo, button(5).Tip, button(5).Info}),
-                 QStringList({"01", "Change palette to 01", "one"}));
+        QCOMPARE(button(5).PaletteGo + ' ' + button(5).Tip, "01 Change palette to 01");
     }
 
     // Numbers 1 to 10 by 1 or 2 (Shift); letters by 1 or 8 from none through a..Z, down the list.

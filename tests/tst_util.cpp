@@ -116,22 +116,6 @@ private slots:
                                                "Somehow unable to create the n.txt file. Method: TextToFile"})); // the rows above told nothing
     }
 
-    void renameFolder() {
-        for (const char* path : {"p/old/data.txt", "p/taken/x", "p/file"}) home->write(path, "data");
-        for (auto [parent, now, future, message] : {std::array<const char*, 4>{"nothing", "old", "new", "RenameFolder: The parent folder does not exist."},
-                                                    {"p", "file", "new", "RenameFolder: The now folder does not exist."},
-                                                    {"p", "old", "a/b", "RenameFolder: The futureName, a/b, is faulty."},
-                                                    {"p", "old", "taken", "RenameFolder: The futureName, taken, is already taken."}})
-            for (const bool show : {true, false}) {
-                dialogs->clear();
-                QVERIFY2(!FileTools::RenameFolder(home->home() + '/' + parent, now, future, show), message);
-                QCOMPARE(dialogs->texts(), show ? QStringList{message} : QStringList());
-            }
-        dialogs->clear(); // the failures above left "old" as it was
-        QVERIFY(FileTools::RenameFolder(home->home() + "/p", "old", "new", true) && dialogs->texts().isEmpty());
-        QCOMPARE(readAll(home->home() + "/p/new/data.txt"), "data");
-    }
-
     void foldersOfTheProgram() {
         QCOMPARE(FileTools::CreateFolderInAppSupport("ButtonPictures"), QString()); // folder not set yet
         QCOMPARE(dialogs->texts(), QStringList{"Problem with FileTools CreateFolderInAppSupport"});
@@ -144,15 +128,6 @@ private slots:
         FileTools::FolderFilesToArray(pics, files);
         FileTools::FolderFilesToArray(home->home() + "/none", files);
         QCOMPARE(files, (QStringList{"keep", "b.png"})); // no hidden files, no folders
-    }
-
-    void createFolderKnownStart() {
-        const QString plain = home->write("plain", "p");
-        for (const QString& start : {QString("Downloads"), home->home() + "/nowhere", plain}) QCOMPARE(FileTools::CreateFolderKnownStart(start, "x"), QString());
-        const QString problem = "CreateFolderKnownStart passed incorrect pathKnown parameter. ";
-        QCOMPARE(dialogs->texts(), QStringList({problem + "Not a SpecialFolder.", problem + "Does not exist.", problem + "Not a folder."}));
-        for (const QString& start : {QString("Desktop"), home->desktop()}) QCOMPARE(FileTools::CreateFolderKnownStart(start, "x_Data//ButtonPictures/"), home->desktop() + "/x_Data/ButtonPictures");
-        QVERIFY(QFileInfo(home->desktop() + "/x_Data/ButtonPictures").isDir() && !QFileInfo::exists(home->home() + "/nowhere"));
     }
 
     void removeWordToFit() {
