@@ -2,7 +2,6 @@
 #include "util/FileTools.h"
 #include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
-#include "util/RtrnString.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
 
@@ -53,15 +52,6 @@ private slots:
         QStringList now;
         for (const QString n : {"src/p.png", "dst/p.png", "dst/1_p.png", "src/2_p.png", "dst/3_p.png"}) now << readAll(home->home() + '/' + n);
         QCOMPARE(now, (QStringList{"", "dst/p.png", "dst/1_p.png", "src/2_p.png", "moved"}));
-    }
-
-    void hasExtension() {
-        for (const char* name : {"archive.tar.gz", "a.jpeg"}) QVERIFY2(FileTools::rbHasExtension(name), name);
-        for (const char* name : {"readme.markdown", "a.c"}) QVERIFY2(!FileTools::rbHasExtension(name), name);
-        for (const QString& name : {QString(252, 'n') + ".txt", QString("a/b.txt"), QString("a\nb.txt")}) QVERIFY(!FileTools::rbHasExtension(name));
-        QCOMPARE(dialogs->texts(), (QStringList{"rbHasExtension passed a proposed file name that is too long",
-                                               "rbHasExtension passed a proposed file name that is not appropriate",
-                                               "rbHasExtension passed a proposed file name that is not appropriate"}));
     }
 
     void stringToFileItem() {
@@ -116,20 +106,6 @@ private slots:
                                                "Somehow unable to create the n.txt file. Method: TextToFile"})); // the rows above told nothing
     }
 
-    void foldersOfTheProgram() {
-        QCOMPARE(FileTools::CreateFolderInAppSupport("ButtonPictures"), QString()); // folder not set yet
-        QCOMPARE(dialogs->texts(), QStringList{"Problem with FileTools CreateFolderInAppSupport"});
-        AppGlobals::appSupportFolder = home->programFolder();
-        const QString pics = FileTools::CreateFolderInAppSupport("ButtonPictures");
-        QCOMPARE(pics, home->programFolder() + "/ButtonPictures");
-        for (const char* name : {"/b.png", "/.hidden", "/Zeta/x"}) home->write(pics.mid(home->home().size() + 1) + name, "x");
-        QCOMPARE(FileTools::CreateFolderInAppSupport("ButtonPictures"), pics); // an existing folder is left alone
-        QStringList files{"keep"};
-        FileTools::FolderFilesToArray(pics, files);
-        FileTools::FolderFilesToArray(home->home() + "/none", files);
-        QCOMPARE(files, (QStringList{"keep", "b.png"})); // no hidden files, no folders
-    }
-
     void removeWordToFit() {
         // maxWidth: the width of fitsJust and a little; with no fitsJust, 1 pixel
         const auto fit = [](const QString& text, const QString& fitsJust = {}) {
@@ -139,12 +115,6 @@ private slots:
         QCOMPARE(fit("Open the\nmail  program now", "Open the mail…"), "Open the mail…"); // cut at a word
         QCOMPARE(fit("Hello world", "Hello…"), "Hello"); // that word alone, though "Hello…" would fit
         QCOMPARE(fit("  \n \r\n \t  "), ""); // white space only, as a hand-edited tip may be
-    }
-
-    void rawTextFromHTML() {
-        QCOMPARE(RtrnString::rsRawTextFromHTML("<html><head><title>T</title></head><body><b>Hi</b></body></html>"), "Hi");
-        QCOMPARE(RtrnString::rsRawTextFromHTML("<p>One\ntwo</p><p>Three&nbsp;four<br/>five</p>"), "One two\n\nThree four\nfive");
-        QCOMPARE(RtrnString::rsRawTextFromHTML("a \t \n  b"), "a \tb"); // white space runs
     }
 
     void withinScreen() {
