@@ -50,9 +50,11 @@ class ManageTest : public WindowTest {
 private slots:
     void menuOpensTheWindows() {
         MainMenuBar& bar = *startWith(2).mainMenuBar;
-        for (QAction* item : {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
+        for (QAction* item :
+             {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
             item->trigger();
-        QCOMPARE(dialogs->titles(), QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
+        QCOMPARE(dialogs->titles(),
+                 QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
     }
 
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
