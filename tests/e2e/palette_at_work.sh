@@ -6,6 +6,7 @@ source "$(dirname "$0")/lib.bash"
 build="$(cd "$(dirname "$E2E_BIN")/.." && pwd)"
 prefix="$E2E_HOME/prefix"
 cmake --install "$build" --prefix "$prefix" >"$E2E_HOME/install.log" 2>&1 || fail "the install failed: $(cat "$E2E_HOME/install.log")"
+[ -f "$prefix/Resources/FireAppleScript.scpt" ] || fail "FireAppleScript.scpt was not installed: $(cat "$E2E_HOME/install.log")"
 E2E_BIN="$prefix/bin/ZOR_Palette"
 install_fake_tools
 echo true > "$E2E_TOOLS/answers/running:com.stairways.keyboardmaestro.engine"
