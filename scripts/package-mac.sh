@@ -9,19 +9,22 @@ if [ "$(uname)" != Darwin ]; then
   echo "package-mac.sh runs on a Mac: it needs osacompile, macdeployqt, codesign and hdiutil." >&2
   exit 1
 fi
-"$ROOT/scripts/install-deps.sh"
+install_deps
 BUILD="$ROOT/build/release"
 STAGE="$BUILD/stage"
 APP="$STAGE/ZOR_Palette.app"
 
+step "building the release" "the compiler's message above names the file and line"
 (cd "$ROOT" && cmake --preset release >/dev/null)
 cmake --build "$BUILD" --target ZOR_Palette -j "$JOBS"
+step "staging the bundle" "delete $BUILD and try again"
 rm -rf "$STAGE"
 cmake --install "$BUILD" --prefix "$STAGE"
 
 # FirePalette speaks Keyboard Maestro's terms: it compiles only where Keyboard Maestro is
 # installed. Elsewhere its source stays in the bundle and osascript compiles it when it runs.
 resources="$APP/Contents/Resources"
+step "compiling the AppleScripts" "osacompile names the line of the script above"
 osacompile -o "$resources/FireAppleScript.scpt" "$ROOT/resources/FireAppleScript.applescript"
 if [ -n "$(mdfind "kMDItemCFBundleIdentifier == 'com.stairways.keyboardmaestro.engine'" 2>/dev/null)" ] ||
    [ -d "/Applications/Keyboard Maestro.app" ]; then
@@ -30,13 +33,16 @@ else
   echo "Keyboard Maestro is not installed here: FirePalette.scpt stays as source text." >&2
 fi
 
+step "bringing Qt into the bundle" "check that Homebrew's qt is installed: brew list qt"
 macdeployqt="$(command -v macdeployqt || echo "$(brew --prefix qt)/bin/macdeployqt")"
 "$macdeployqt" "$APP" -always-overwrite
 # Signing seals the bundle: nothing may change inside it afterwards.
+step "signing the bundle" "codesign's message is above"
 codesign --force --deep --sign - "$APP"
 codesign --verify --deep --strict "$APP"
 
 # CPack packs the staged, signed app as it stands instead of installing afresh.
+step "making the disk image" "a mounted ZOR_Palette volume can stop hdiutil: eject it"
 rm -f "$BUILD"/ZOR_Palette-*.dmg
 (cd "$BUILD" && cpack -G DragNDrop -D "CPACK_INSTALL_CMAKE_PROJECTS=" -D "CPACK_INSTALLED_DIRECTORIES=$STAGE;.")
 echo "Disk image: $(ls "$BUILD"/ZOR_Palette-*.dmg)"

@@ -4,6 +4,8 @@ ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 BIN="${1:-$ROOT/build/dev/bin/ZOR_Palette}"
 OUT="$ROOT/docs/screenshots"
 mkdir -p "$OUT"
+source "$ROOT/scripts/common.sh"
+step "taking screenshots" "the program's log in \$E2E_HOME/program.log tells more"
 source "$ROOT/tests/e2e/lib.bash" "$BIN"
 start_display
 
