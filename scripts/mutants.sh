@@ -2,8 +2,9 @@
 # Puts the faults listed in tests/mutants.txt into a scratch copy of the tree, one at a time,
 # rebuilds, runs the suite and tells whether a test caught each. Slow: run it by hand, not in CI.
 #
-#   scripts/mutants.sh [--e2e] [PATTERN]
+#   scripts/mutants.sh [--e2e | --check] [PATTERN]
 #     --e2e     run the end-to-end tests too (they are left out by default; the kill test always is)
+#     --check   only tell which faults no longer apply (their text not found once), in seconds
 #     PATTERN   only the faults whose line contains this text
 #
 # The copy and its build folder stay in $MUTANTS_DIR (default /tmp/zor-mutants-<uid>), so a second
@@ -22,14 +23,39 @@ TREE="$WORK/tree"
 BUILD="$WORK/build"
 LOGS="$WORK/logs"
 E2E=0
+CHECK=0
 PATTERN=""
 for arg in "$@"; do
   case "$arg" in
     --e2e) E2E=1 ;;
-    -h|--help) sed -n '2,15p' "$0"; exit 0 ;;
+    --check) CHECK=1 ;;
+    -h|--help) sed -n '2,17p' "$0"; exit 0 ;;
     *) PATTERN="$arg" ;;
   esac
 done
+if [ "$CHECK" = 1 ]; then
+  python3 - "$LIST" "$ROOT" "$PATTERN" <<'PY'
+import sys
+lines = open(sys.argv[1], encoding="utf-8").read().split("\n")
+bad = 0
+for number, line in enumerate(lines, 1):
+    if not line or line.startswith("#") or sys.argv[3] not in line:
+        continue
+    fields = line.split("\t")
+    try:
+        text = open(sys.argv[2] + "/" + fields[0], encoding="utf-8").read()
+        count = text.count(fields[1].replace("¶", "\n")) if len(fields) == 3 else -1
+    except OSError:
+        count = -2
+    if count != 1:
+        bad += 1
+        why = {-1: "needs three columns", -2: "no such file", 0: "text not found"}.get(count, f"text found {count} times")
+        print(f"{number}: {why}: {line[:150]}")
+print(f"check: {bad} faults no longer apply")
+sys.exit(1 if bad else 0)
+PY
+  exit $?
+fi
 if [ "$(uname)" = Darwin ]; then
   export CMAKE_PREFIX_PATH="${CMAKE_PREFIX_PATH:-$(brew --prefix qt)}"
   JOBS=$(sysctl -n hw.ncpu)
