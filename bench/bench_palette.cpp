@@ -7,7 +7,7 @@
 //    against starting the same tool directly.
 #include "FullStore.h"
 #include "app/App.h"
-#include "palette_window/PictureDiskCache.h"
+#include "pictures/PictureDiskCache.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"

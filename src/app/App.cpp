@@ -8,7 +8,7 @@
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
-#include "palette_window/PictureCache.h"
+#include "pictures/PictureCache.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"

@@ -1,5 +1,5 @@
 #pragma once
-#include "palette_window/PictureCache.h"
+#include "pictures/PictureCache.h"
 #include "store/PaletteView.h"
 
 #include <QList>

@@ -1,4 +1,4 @@
-#include "palette_window/PictureCache.h"
+#include "pictures/PictureCache.h"
 
 #include "util/StringUtils.h"
 #include "util/ZorError.h"

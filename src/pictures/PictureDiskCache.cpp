@@ -1,4 +1,4 @@
-#include "palette_window/PictureDiskCache.h"
+#include "pictures/PictureDiskCache.h"
 
 #include "util/AppGlobals.h"
 #include "util/StdFolders.h"
