@@ -7,9 +7,9 @@
 //    against starting the same tool directly.
 #include "FullStore.h"
 #include "app/App.h"
-#include "pictures/PictureDiskCache.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
+#include "pictures/PictureDiskCache.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"

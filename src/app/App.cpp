@@ -8,8 +8,9 @@
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
-#include "pictures/PictureCache.h"
 #include "palette_window/winMain.h"
+#include "pictures/ButtonPictureFiles.h"
+#include "pictures/PictureCache.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
@@ -57,7 +58,8 @@ void startOnCurrentPictures() {
     if (current < 0 || current > 99) return;
     const QString name = QStringLiteral("P%1").arg(current, 2, 10, QLatin1Char('0'));
     QStringList paths;
-    for (const auto& file : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + name)) paths << file.second;
+    for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
+        paths << file.second;
     PictureCache::PrefetchAtStart(paths);
 }
 } // namespace

@@ -7,9 +7,8 @@
 #include "help/GeneralMethods.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
-#include "util/AppGlobals.h"
-#include "util/FileTools.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -84,17 +83,10 @@ void winConstruct::Event_Opening() {
             pbAllVisibleOnButton->setToolTip("If button has a shortcut, make visible on button.");
         }
 
-        QStringList pictures;
-        if (!ZOR::paleName.isEmpty())
-            FileTools::FolderFilesToArray(AppGlobals::folderPathButFolder + '/' + ZOR::paleName, pictures);
-        pictures.sort();
         QStringList hidden;
-        for (const QString& name : pictures) {
-            bool number = false;
-            const int n = name.left(2).toInt(&number);
-            if (number && n >= 0 && size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis)
-                hidden << QString::number(n);
-        }
+        for (const auto& [n, path] :
+             ButtonPictureFiles(PalettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
+            if (size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis) hidden << QString::number(n);
         if (!hidden.isEmpty()) {
             const QString message =
                 hidden.size() > 1

@@ -1,10 +1,8 @@
 #include "manage/ccPalettePreview.h"
 
 #include "help/MessageCanvas.h"
-#include "util/AppGlobals.h"
-#include "util/FileTools.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "util/Guard.h"
-#include "util/StringUtils.h"
 
 #include <QImageReader>
 #include <algorithm>
@@ -31,17 +29,11 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
 void ccPalettePreview::Load(const QString& paletteName) {
     Guard::run(Guard::Where::windowEvent(owner, "Opening"), [&] {
         for (QPixmap& picture : myPict) picture = QPixmap();
-        if (paletteName.isEmpty()) return;
-        const QString folder = AppGlobals::folderPathButFolder + '/' + paletteName;
-        QStringList names;
-        FileTools::FolderFilesToArray(folder, names);
-        names.sort(); // as the palette window reads them: of two files for one button, the later wins
-        for (const QString& name : names) {
-            const QString digits = name.left(2);
-            if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
-            const auto at = std::find(kButtons.begin(), kButtons.end(), digits.toInt());
+        // In the palette window's order: of two files for one button, the later wins.
+        for (const auto& [n, path] : ButtonPictureFiles(PalettePictureFolder(paletteName))) {
+            const auto at = std::find(kButtons.begin(), kButtons.end(), n);
             if (at == kButtons.end()) continue;
-            QImageReader reader(folder + '/' + name);
+            QImageReader reader(path);
             reader.setDecideFormatFromContent(true);
             myPict[size_t(at - kButtons.begin())] = QPixmap::fromImageReader(&reader);
         }

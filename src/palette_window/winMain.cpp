@@ -7,9 +7,10 @@
 #include "help/winAboutBox.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
-#include "util/Dialogs.h"
 #include "util/AppGlobals.h"
+#include "util/Dialogs.h"
 #include "util/FileTools.h"
 #include "util/Fonts.h"
 #include "util/Guard.h"
@@ -156,11 +157,10 @@ void winMain::SizeToGrid(int width, int height) {
 
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
-        const auto files = ZOR::paleName.isEmpty()
-                               ? QList<std::pair<int, QString>>()
-                               : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + ZOR::paleName);
+        const auto files = ButtonPictureFiles(PalettePictureFolder(ZOR::paleName));
         QStringList paths;
-        for (const auto& file : files) paths << file.second;
+        for (const auto& file : files)
+            paths << file.second;
         pictures.Prefetch(paths);
         hasPicture.clear();
         for (const auto& [n, path] : files) {
@@ -189,7 +189,8 @@ void winMain::RedrawGrid() {
         labSeeSC->move(gridArea->width() - 20, barTop);
         // The bar stands over the canvases of the row below the grid, which the window's edge cuts.
         rectBackgroundTip->raise();
-        for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC}) label->raise();
+        for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC})
+            label->raise();
         for (size_t i = 0; i < 100; ++i)
             cnButs[i]->setVisible(i < ZOR::aBtn->size() ? (*ZOR::aBtn)[i]->Vis : false);
         // Cmd+0 to Cmd+9 answer without the menu being opened: keep their state with the palette.
@@ -218,7 +219,7 @@ void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
         for (qint64 index : PalettesToWarm())
-            folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
+            folders << PalettePictureFolder(ZOR::DP[size_t(index)].s_Name);
         pictures.WarmAhead(folders);
     });
 }

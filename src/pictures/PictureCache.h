@@ -59,7 +59,3 @@ private:
     std::unique_ptr<Warmer> warmer;
     QString keptFolder = PictureDiskCache::Folder();
 };
-
-// The picture files of a palette's folder, by button number; names that do not start with two
-// digits belong to no button. Safe on any thread.
-QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder);
