@@ -18,6 +18,7 @@
 #include "util/Guard.h"
 #include "util/RtrnDateString.h"
 #include "util/StdFolders.h"
+#include "util/StringUtils.h"
 #include "util/ZorError.h"
 
 #include <QDir>
@@ -56,7 +57,7 @@ void retireOldFolder(const QString& support) {
 void startOnCurrentPictures() {
     const qint64 current = ZOR::PeekCurrentPalette();
     if (current < 0 || current > 99) return;
-    const QString name = QStringLiteral("P%1").arg(current, 2, 10, QLatin1Char('0'));
+    const QString name = "P" + StringUtils::TwoDigits(current);
     QStringList paths;
     for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
         paths << file.second;

@@ -9,6 +9,7 @@
 #include "help/HelpButton.h"
 #include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
+#include "util/StringUtils.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -101,9 +102,9 @@ void winConstruct::Event_Opening() {
         DefaultOutsideUsedGrid();
         for (int i = 0; i < 100; ++i) {
             auto* cell = new ccGC(this);
-            cell->setObjectName(QStringLiteral("ccGC%1").arg(i, 2, 10, QLatin1Char('0')));
+            cell->setObjectName("ccGC" + StringUtils::TwoDigits(i));
             cell->move(i % 10 * ccGC::kSize + 20, i / 10 * ccGC::kSize + 200);
-            cell->butID = QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0'));
+            cell->butID = StringUtils::TwoDigits(i);
             connect(cell, &ccGC::MouseUp, this, &winConstruct::GridClicked);
             accGC.append(cell);
         }

@@ -3,13 +3,10 @@
 #include "help/MessageCanvas.h"
 #include "pictures/ButtonPictureFiles.h"
 #include "util/Guard.h"
+#include "util/StringUtils.h"
 
 #include <QImageReader>
 #include <algorithm>
-
-namespace {
-QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
-} // namespace
 
 ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     : QWidget(parent), owner(ownerName) {
@@ -18,7 +15,7 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     resize(2 * step + side, step + side);
     for (size_t cell = 0; cell < kButtons.size(); ++cell) {
         auto* canvas = new MessageCanvas(this);
-        canvas->setObjectName("cnBut" + twoDigits(kButtons[cell]));
+        canvas->setObjectName("cnBut" + StringUtils::TwoDigits(kButtons[cell]));
         canvas->setGeometry(int(cell % 3) * step, int(cell / 3) * step, side, side);
         canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
         canvas->onPaint = [this, cell](QPainter& g) { cnBut_Paint(int(cell), g); };
@@ -42,10 +39,12 @@ void ccPalettePreview::Load(const QString& paletteName) {
 }
 
 void ccPalettePreview::cnBut_Paint(int cell, QPainter& g) {
-    Guard::run(Guard::Where::controlEvent(owner, "cnBut" + twoDigits(kButtons[size_t(cell)]), "Paint"), [&] {
-        const QPixmap& picture = myPict[size_t(cell)];
-        if (picture.isNull()) return;
-        g.setOpacity(1.0 - kTransparency[size_t(cell)] / 100.0);
-        g.drawPixmap(0, 0, picture);
-    });
+    Guard::run(
+        Guard::Where::controlEvent(owner, "cnBut" + StringUtils::TwoDigits(kButtons[size_t(cell)]), "Paint"),
+        [&] {
+            const QPixmap& picture = myPict[size_t(cell)];
+            if (picture.isNull()) return;
+            g.setOpacity(1.0 - kTransparency[size_t(cell)] / 100.0);
+            g.drawPixmap(0, 0, picture);
+        });
 }

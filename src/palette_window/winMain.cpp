@@ -252,7 +252,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const int index = canvas.Index();
         if (!hasPicture.contains(index)) {
             g.setFont(numberFont);
-            g.drawText(numberBox.bottomLeft(), QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+            g.drawText(numberBox.bottomLeft(), StringUtils::TwoDigits(index));
         }
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -287,7 +287,7 @@ void winMain::cnBut_MouseEnter(int index) {
             if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
             FillBar(colour);
         }
-        labSeeNum->setText(ZOR::paleName + QStringLiteral(" %1").arg(index, 2, 10, QLatin1Char('0')));
+        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::TwoDigits(index));
         labTip->setText(LabTipText(index));
         labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
         labSeeSC->setText(b.Shortcut);
@@ -371,7 +371,7 @@ void winMain::FireChain(int index) {
         const qint64 target = b.PaletteGo.trimmed().toLongLong(&ok);
         ZOR::ChangeToPalette(ok ? target : -1);
     } else if (ZOR::KeyboardMaestroEngineRuns()) {
-        ZOR::FireKM(ZOR::paleName, QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+        ZOR::FireKM(ZOR::paleName, StringUtils::TwoDigits(index));
     } else {
         Dialogs::message("Is Keyboard Maestro Engine running?. I cannot see that it is.");
     }
