@@ -382,11 +382,7 @@ void winButtonPics::CleanUpAddingPicture() {
 
 void winButtonPics::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        if (PaletteView* view = ZOR::View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(ZOR::paleWinTitle);
-        }
+        ZOR::ViewFollows();
         accept();
     });
 }

@@ -152,11 +152,7 @@ void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
         FieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
-        if (PaletteView* view = ZOR::View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(ZOR::paleWinTitle);
-        }
+        ZOR::ViewFollows();
         opened = false;
         accept();
     });

@@ -409,10 +409,8 @@ bool winMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void winMain::labSeeNum_MouseUp() {
-    Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"), [this] {
-        EraseAllPictures();
-        RedrawGrid();
-    });
+    Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"),
+               [this] { Follow(Upto::Pictures); });
 }
 
 void winMain::keyPressEvent(QKeyEvent* event) {

@@ -47,13 +47,8 @@ void ZOR::ChangeToPalette(qint64 index) {
         }
         SavePaletteToDP();
         ActivatePalette(index);
-        if (PaletteView* view = View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(paleWinTitle);
-        }
+        ViewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
-        if (PaletteView* view = View()) view->SetRestingTexts(paleAlias, paleName);
     });
 }
 

@@ -14,6 +14,9 @@ PaletteView* view = nullptr;
 
 void ZOR::RegisterView(PaletteView* v) { view = v; }
 PaletteView* ZOR::View() { return view; }
+void ZOR::ViewFollows(PaletteView::Upto upto) {
+    if (view) view->Follow(upto);
+}
 
 void ZOR::MakeAlphabetShortcuts() {
     Guard::run(where("MakeAlphabetShortcuts"), [] {
