@@ -81,10 +81,8 @@ int main(int argc, char** argv) {
     ZOR::ResetStore();
     AppGlobals::appSupportFolder.clear();
 
-    App::Event_Opening();
-    winMain window;
-    window.Event_Opening();
-    window.show();
+    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    winMain& window = *started;
     QApplication::processEvents();
     (*ZOR::DP[0].a_Btn)[7]->KM_Active = true;
     (*ZOR::DP[1].a_Btn)[7]->KM_Active = true;

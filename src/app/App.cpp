@@ -126,14 +126,15 @@ void App::Event_Opening() {
     });
 }
 
-void App::InstallMenus(winMain& window) {
+namespace {
+// The windows behind the menus take over their items of the palette window.
+void installMenus(winMain& window) {
     DesignMenus::Install(window);
     ManageMenus::Install(window);
     AssetMenus::Install(window);
     BackupMenus::Install(window);
 }
 
-namespace {
 // Runs `work` once the window's first frame is drawn: what the first frame does not need waits.
 class AfterFirstFrame : public QObject {
 public:
@@ -169,9 +170,9 @@ public:
 private:
     std::thread filler;
 };
-} // namespace
 
-void App::ShowPaletteWindow(winMain& window) {
+// Shows the palette window; what its first frame does not need follows once it is drawn.
+void showPaletteWindow(winMain& window) {
     new AfterFirstFrame(window, [] {
         ZOR::KeepDataText();
         Help::FillDictionaryWhenNeeded();
@@ -182,16 +183,22 @@ void App::ShowPaletteWindow(winMain& window) {
     });
     window.show();
 }
+} // namespace
+
+std::unique_ptr<winMain> App::StartPaletteWindow() {
+    ErrorHandling::Install();
+    Event_Opening();
+    auto window = std::make_unique<winMain>();
+    installMenus(*window);
+    window->Event_Opening();
+    showPaletteWindow(*window);
+    return window;
+}
 
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
     const FontsFilledAside fonts;
-    ErrorHandling::Install();
-    app.Event_Opening();
-    winMain window;
-    InstallMenus(window);
-    window.Event_Opening();
-    ShowPaletteWindow(window);
+    const std::unique_ptr<winMain> window = StartPaletteWindow();
     return app.exec();
 }
