@@ -1,10 +1,6 @@
 #include "app/App.h"
 
-#include "app/BackupMenus.h"
-#include "assets/AssetMenus.h"
-#include "design/DesignMenus.h"
-#include "manage/ManageMenus.h"
-
+#include "app/MenuTable.h"
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
@@ -127,14 +123,6 @@ void App::Event_Opening() {
 }
 
 namespace {
-// The windows behind the menus take over their items of the palette window.
-void installMenus(winMain& window) {
-    DesignMenus::Install(window);
-    ManageMenus::Install(window);
-    AssetMenus::Install(window);
-    BackupMenus::Install(window);
-}
-
 // Runs `work` once the window's first frame is drawn: what the first frame does not need waits.
 class AfterFirstFrame : public QObject {
 public:
@@ -189,7 +177,7 @@ std::unique_ptr<winMain> App::StartPaletteWindow() {
     ErrorHandling::Install();
     Event_Opening();
     auto window = std::make_unique<winMain>();
-    installMenus(*window);
+    MenuTable::Install(*window);
     window->Event_Opening();
     showPaletteWindow(*window);
     return window;

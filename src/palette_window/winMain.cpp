@@ -2,9 +2,7 @@
 
 #include "actions/Launchers.h"
 #include "help/GeneralMethods.h"
-#include "help/Help.h"
 #include "help/HelpLabels.h"
-#include "help/winAboutBox.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
 #include "pictures/ButtonPictureFiles.h"
@@ -111,7 +109,7 @@ winMain::winMain(QWidget* parent)
 #endif
     // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
     addAction(mainMenuBar->FileQuit);
-    AddMenuHandlers();
+    connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
 
     ZOR::RegisterView(this);
 }
@@ -442,30 +440,15 @@ bool winMain::Event_KeyDown(const QString& key) {
     });
 }
 
-void winMain::AddMenuHandlers() {
-    MainMenuBar* bar = mainMenuBar;
-    connect(bar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
-    connect(bar->FileQuit, &QAction::triggered, this, &QWidget::close);
-    const auto handle = [this](QAction* item, std::function<void()> action) { SetMenuHandler(item, std::move(action)); };
-    for (int k = 0; k < 10; ++k)
-        handle(bar->miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); });
-    handle(bar->miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); });
-    handle(bar->miProgramOverview, [] { Help::ShowHelp(0); });
-    handle(bar->miHelpAbout, [] { ShowAboutBox(); });
-    // Windows that are still to come answer politely until they are there.
-    for (QAction* later : {bar->miSwitchPalette, bar->miConstruct, bar->miButPic, bar->miManageAS, bar->miNewPalette,
-                           bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteData, bar->miPreserveStateBU})
-        connect(later, &QAction::triggered, this, [this, later] { NotAvailableYet(later->text()); });
+void winMain::AddMenuHandlers(const QList<MenuEntry>& table) {
+    for (const MenuEntry& entry : table)
+        SetMenuHandler(entry.item, entry.handler);
 }
 
 void winMain::SetMenuHandler(QAction* item, std::function<void()> action) {
     disconnect(item, &QAction::triggered, this, nullptr);
     connect(item, &QAction::triggered, this,
             [item, action = std::move(action)] { Guard::run(menuHandler(item->objectName()), action); });
-}
-
-void winMain::NotAvailableYet(const QString& what) {
-    Dialogs::message(QString(what).remove('&').remove(QChar(0x2026)) + " is not available yet.");
 }
 
 void winMain::Event_MenuBarSelected() {
