@@ -17,13 +17,14 @@ class DecodeBatch;
 // runs; Load takes each one as it is done, or decodes it itself when no worker has begun it yet.
 //
 // Threads. Every member is called on the GUI thread, and the cache's entries and every QPixmap
-// stay there. Beside it run only a few workers, which decode the files named by Prefetch, and one
-// thread of idle priority, which WarmAhead starts. They read picture files into QImages and read
-// and write the kept copies (PictureDiskCache); no widget, no pixmap and no member of the cache.
-// A worker hands each picture to Load through a promise of its own. The cache's end, when the
-// palette window goes at quit, and each new WarmAhead stop that work: no file is begun any more,
-// the one at hand is finished, copies not yet written wait for a later run; then the threads are
-// joined, so none outlives the window.
+// stay there. Beside it run only the few workers of a Prefetch, which decode its files, and the
+// one thread of idle priority of a WarmAhead. They read picture files into QImages and read and
+// write the kept copies (PictureDiskCache); never a widget, a pixmap or a member of the cache. A
+// worker hands each picture to Load through a promise of its own; Load waits only for a file that
+// a worker has begun. A new Prefetch or WarmAhead stops what the one before began, and so does the
+// cache's end, when the palette window goes at quit: no file is begun any more, the one at hand is
+// finished, copies not yet written wait for a later run; then the threads are joined, so none
+// outlives the window.
 class PictureCache {
 public:
     PictureCache();
