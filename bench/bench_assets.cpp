@@ -5,6 +5,7 @@
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/StdFolders.h"
+#include "util/StringUtils.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -49,10 +50,10 @@ int main(int argc, char** argv) {
     const QString tree = AppGlobals::appSupportFolder + "/ButtonPictures";
     const QByteArray picture = png64();
     for (int p = 0; p < 100; ++p) {
-        const QString folder = tree + QStringLiteral("/P%1").arg(p, 2, 10, QChar('0'));
+        const QString folder = tree + "/P" + StringUtils::TwoDigits(p);
         QDir().mkpath(folder);
         for (int b = 0; b < 100; ++b) {
-            QFile f(folder + QStringLiteral("/%1 button.png").arg(b, 2, 10, QChar('0')));
+            QFile f(folder + '/' + StringUtils::TwoDigits(b) + " button.png");
             if (!f.open(QIODevice::WriteOnly)) return 1;
             f.write(picture);
         }

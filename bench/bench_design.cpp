@@ -58,10 +58,8 @@ int main(int argc, char** argv) {
     ZOR::ResetStore();
     AppGlobals::appSupportFolder.clear();
 
-    App::Event_Opening();
-    winMain window;
-    window.Event_Opening();
-    window.show();
+    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    winMain& window = *started;
     QApplication::processEvents();
 
     constexpr int kRuns = 41;

@@ -7,14 +7,15 @@
 //    against starting the same tool directly.
 #include "FullStore.h"
 #include "app/App.h"
-#include "palette_window/PictureDiskCache.h"
 #include "palette_window/cnBut.h"
 #include "palette_window/winMain.h"
+#include "pictures/PictureDiskCache.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
 #include "util/PlatformTools.h"
 #include "util/StdFolders.h"
+#include "util/StringUtils.h"
 
 #include <QApplication>
 #include <QDir>
@@ -64,10 +65,10 @@ int main(int argc, char** argv) {
     constexpr int kPalettes = 18, kWithinReach = 10;
     const QString support = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
     for (int p = 0; p < kPalettes; ++p) {
-        const QString folder = support + QStringLiteral("/ButtonPictures/P%1").arg(p, 2, 10, QLatin1Char('0'));
+        const QString folder = support + "/ButtonPictures/P" + StringUtils::TwoDigits(p);
         QDir().mkpath(folder);
         for (int i = 0; i < 100; ++i)
-            SaveButtonPicture(folder + QStringLiteral("/%1 button.png").arg(i, 2, 10, QLatin1Char('0')), i + p * 100);
+            SaveButtonPicture(folder + '/' + StringUtils::TwoDigits(i) + " button.png", i + p * 100);
     }
     ZOR::MakeAlphabetShortcuts();
     ZOR::CreateFirstPalette();
@@ -80,10 +81,8 @@ int main(int argc, char** argv) {
     ZOR::ResetStore();
     AppGlobals::appSupportFolder.clear();
 
-    App::Event_Opening();
-    winMain window;
-    window.Event_Opening();
-    window.show();
+    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    winMain& window = *started;
     QApplication::processEvents();
     (*ZOR::DP[0].a_Btn)[7]->KM_Active = true;
     (*ZOR::DP[1].a_Btn)[7]->KM_Active = true;

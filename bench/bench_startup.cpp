@@ -11,6 +11,7 @@
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
 #include "util/StdFolders.h"
+#include "util/StringUtils.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -56,9 +57,10 @@ void prepareHome(const QString& home) {
     qputenv("XDG_CACHE_HOME", (home + "/.cache").toUtf8());
     const QString support = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
     constexpr int kCurrent = 3;
-    const QString folder = support + QStringLiteral("/ButtonPictures/P%1").arg(kCurrent, 2, 10, QLatin1Char('0'));
+    const QString folder = support + "/ButtonPictures/P" + StringUtils::TwoDigits(kCurrent);
     QDir().mkpath(folder);
-    for (int i = 0; i < 100; ++i) SaveButtonPicture(folder + QStringLiteral("/%1 button.png").arg(i, 2, 10, QLatin1Char('0')), i);
+    for (int i = 0; i < 100; ++i)
+        SaveButtonPicture(folder + '/' + StringUtils::TwoDigits(i) + " button.png", i);
     BuildFullStore(kCurrent);
     ZOR::initialWinTop = 60;
     ZOR::initialWinLeft = 60;

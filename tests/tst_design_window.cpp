@@ -6,6 +6,7 @@
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "tst_windows.h"
+#include "util/StringUtils.h"
 
 namespace {
 std::vector<Btn> buttons() {
@@ -394,7 +395,7 @@ private slots:
         b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i";
         ZOR::idxCurrentBtn = 11;
         ccGC cell;
-        cell.butID = QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0'));
+        cell.butID = StringUtils::TwoDigits(index);
         const QImage shot = cell.grab().toImage();
         QTEST(shot.pixelColor(48, 28), "fill");
         QTEST(shot.pixelColor(27, index == 11 ? 1 : 0), "frame");

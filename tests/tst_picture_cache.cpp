@@ -1,6 +1,6 @@
 // Pictures are kept decoded, in memory and on disk between runs: a file changed on disk shows as
 // it now is, and a damaged kept copy never shows.
-#include "palette_window/PictureDiskCache.h"
+#include "pictures/PictureDiskCache.h"
 #include "tst_windows.h"
 
 namespace {

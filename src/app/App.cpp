@@ -1,15 +1,12 @@
 #include "app/App.h"
 
-#include "app/BackupMenus.h"
-#include "assets/AssetMenus.h"
-#include "design/DesignMenus.h"
-#include "manage/ManageMenus.h"
-
+#include "app/MenuTable.h"
 #include "help/ErrorHandling.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
-#include "palette_window/PictureCache.h"
 #include "palette_window/winMain.h"
+#include "pictures/ButtonPictureFiles.h"
+#include "pictures/PictureCache.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
@@ -17,6 +14,7 @@
 #include "util/Guard.h"
 #include "util/RtrnDateString.h"
 #include "util/StdFolders.h"
+#include "util/StringUtils.h"
 #include "util/ZorError.h"
 
 #include <QDir>
@@ -55,9 +53,10 @@ void retireOldFolder(const QString& support) {
 void startOnCurrentPictures() {
     const qint64 current = ZOR::PeekCurrentPalette();
     if (current < 0 || current > 99) return;
-    const QString name = QStringLiteral("P%1").arg(current, 2, 10, QLatin1Char('0'));
+    const QString name = "P" + StringUtils::TwoDigits(current);
     QStringList paths;
-    for (const auto& file : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + name)) paths << file.second;
+    for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
+        paths << file.second;
     PictureCache::PrefetchAtStart(paths);
 }
 } // namespace
@@ -123,13 +122,6 @@ void App::Event_Opening() {
     });
 }
 
-void App::InstallMenus(winMain& window) {
-    DesignMenus::Install(window);
-    ManageMenus::Install(window);
-    AssetMenus::Install(window);
-    BackupMenus::Install(window);
-}
-
 namespace {
 // Runs `work` once the window's first frame is drawn: what the first frame does not need waits.
 class AfterFirstFrame : public QObject {
@@ -166,9 +158,9 @@ public:
 private:
     std::thread filler;
 };
-} // namespace
 
-void App::ShowPaletteWindow(winMain& window) {
+// Shows the palette window; what its first frame does not need follows once it is drawn.
+void showPaletteWindow(winMain& window) {
     new AfterFirstFrame(window, [] {
         ZOR::KeepDataText();
         Help::FillDictionaryWhenNeeded();
@@ -179,16 +171,22 @@ void App::ShowPaletteWindow(winMain& window) {
     });
     window.show();
 }
+} // namespace
+
+std::unique_ptr<winMain> App::StartPaletteWindow() {
+    ErrorHandling::Install();
+    Event_Opening();
+    auto window = std::make_unique<winMain>();
+    MenuTable::Install(*window);
+    window->Event_Opening();
+    showPaletteWindow(*window);
+    return window;
+}
 
 int App::Main(int argc, char* argv[]) {
     FileTypes::Build();
     App app(argc, argv);
     const FontsFilledAside fonts;
-    ErrorHandling::Install();
-    app.Event_Opening();
-    winMain window;
-    InstallMenus(window);
-    window.Event_Opening();
-    ShowPaletteWindow(window);
+    const std::unique_ptr<winMain> window = StartPaletteWindow();
     return app.exec();
 }

@@ -1,6 +1,8 @@
 #pragma once
 #include <QApplication>
 
+#include <memory>
+
 class winMain;
 
 // The application object: the start-up order around the palette store. Its fields for modal
@@ -14,11 +16,11 @@ public:
     // The program's own light colours, whatever the system's appearance.
     static QPalette FixedPalette();
     static void Event_Closing() {}
-    // The windows behind the menus take over their items of the palette window.
-    static void InstallMenus(winMain& window);
-    // Shows the palette window; what its first frame does not need follows once it is drawn.
-    static void ShowPaletteWindow(winMain& window);
+    // The order from the application's opening to the palette window on screen, once a
+    // QApplication exists; what the first frame does not need follows once it is drawn. The
+    // program and its tests start alike through it.
+    static std::unique_ptr<winMain> StartPaletteWindow();
 
-    // Process entry: the order from start to the first palette on screen, then the event loop.
+    // Process entry: the start, then the event loop.
     static int Main(int argc, char* argv[]);
 };

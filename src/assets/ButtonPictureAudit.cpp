@@ -1,5 +1,6 @@
 #include "assets/ButtonPictureAudit.h"
 
+#include "pictures/ButtonPictureFiles.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
 
@@ -14,14 +15,6 @@
 const QString ButtonPictureAudit::kRemovedFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
 
 namespace {
-bool isDigit(QChar c) {
-    return c >= '0' && c <= '9';
-}
-
-bool startsWithTwoDigits(const QString& name) {
-    return name.size() >= 2 && isDigit(name[0]) && isDigit(name[1]);
-}
-
 bool isHidden(const QString& name) {
     return name.startsWith('.');
 }
@@ -72,7 +65,7 @@ ButtonPictureAudit::ButtonPictureAudit(QString butFolder_, QString paletteFolder
     : butFolder(std::move(butFolder_)), paletteFolder(std::move(paletteFolder_)) {}
 
 bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
-    if (!startsWithTwoDigits(name)) return false;
+    if (ButtonOfPicture(name) < 0) return false;
     const qsizetype dot = name.indexOf('.');
     if (dot < 0) return false;
     const QStringView rest = QStringView(name).mid(dot);
@@ -107,8 +100,9 @@ void ButtonPictureAudit::CheckCurrentPalette() {
         breathe();
         if (isFolder(file) || isHidden(name)) continue;
         QString message;
-        const QSize size = startsWithTwoDigits(name) ? PictureSize(file.filePath()) : QSize();
-        if (!startsWithTwoDigits(name))
+        const bool named = ButtonOfPicture(name) >= 0;
+        const QSize size = named ? PictureSize(file.filePath()) : QSize();
+        if (!named)
             message = movedText("The file name is supposed to start with two digits.", name, " is moved to ");
         else if (!size.isValid())
             message = movedText("The file is supposed to be a picture.", name, " is moved to ");
@@ -142,8 +136,7 @@ void ButtonPictureAudit::RemoveBadFolderNames() {
     for (qsizetype i = asButFolders.size() - 1; i >= 0; --i) {
         breathe();
         const QString& name = asButFolders[i];
-        const bool good = name.size() == 3 && name.startsWith('P') && startsWithTwoDigits(name.mid(1));
-        if (good) continue;
+        if (IsPaletteFolderName(name)) continue;
         if (MoveOut(QDir(butFolder).filePath(name))) asButFolders.removeAt(i);
     }
 }

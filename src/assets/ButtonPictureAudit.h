@@ -5,7 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-// The rules of the button picture folders and the audit that takes out what breaks them.
+// The rules of the button picture folders and the audit that takes out what breaks them: a
+// picture's name as the palette window reads it, with more checks of its own.
 // Nothing is deleted: every offender moves to the Desktop folder kRemovedFolder, links as links.
 class ButtonPictureAudit {
 public:

@@ -5,6 +5,7 @@
 #include "help/Help.h"
 #include "help/HelpButton.h"
 #include "help/HelpLabels.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
@@ -310,8 +311,7 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             labPicToAdd->setText(name);
         }
         const QString id = name.left(2);
-        if (name.size() >= 2 && id[0].isDigit() && id[1].isDigit() && id[0].unicode() < 128 &&
-            id[1].unicode() < 128) {
+        if (ButtonOfPicture(name) >= 0) {
             labID_Add->setText(id);
             if (audit->diFile.contains(id)) {
                 Dialogs::message("There is already a picture for the button " + id);
@@ -382,11 +382,7 @@ void winButtonPics::CleanUpAddingPicture() {
 
 void winButtonPics::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        if (PaletteView* view = ZOR::View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(ZOR::paleWinTitle);
-        }
+        ZOR::ViewFollows();
         accept();
     });
 }

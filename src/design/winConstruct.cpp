@@ -7,9 +7,9 @@
 #include "help/GeneralMethods.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
-#include "util/AppGlobals.h"
-#include "util/FileTools.h"
+#include "util/StringUtils.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -84,17 +84,10 @@ void winConstruct::Event_Opening() {
             pbAllVisibleOnButton->setToolTip("If button has a shortcut, make visible on button.");
         }
 
-        QStringList pictures;
-        if (!ZOR::paleName.isEmpty())
-            FileTools::FolderFilesToArray(AppGlobals::folderPathButFolder + '/' + ZOR::paleName, pictures);
-        pictures.sort();
         QStringList hidden;
-        for (const QString& name : pictures) {
-            bool number = false;
-            const int n = name.left(2).toInt(&number);
-            if (number && n >= 0 && size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis)
-                hidden << QString::number(n);
-        }
+        for (const auto& [n, path] :
+             ButtonPictureFiles(PalettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
+            if (size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis) hidden << QString::number(n);
         if (!hidden.isEmpty()) {
             const QString message =
                 hidden.size() > 1
@@ -109,9 +102,9 @@ void winConstruct::Event_Opening() {
         DefaultOutsideUsedGrid();
         for (int i = 0; i < 100; ++i) {
             auto* cell = new ccGC(this);
-            cell->setObjectName(QStringLiteral("ccGC%1").arg(i, 2, 10, QLatin1Char('0')));
+            cell->setObjectName("ccGC" + StringUtils::TwoDigits(i));
             cell->move(i % 10 * ccGC::kSize + 20, i / 10 * ccGC::kSize + 200);
-            cell->butID = QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0'));
+            cell->butID = StringUtils::TwoDigits(i);
             connect(cell, &ccGC::MouseUp, this, &winConstruct::GridClicked);
             accGC.append(cell);
         }
@@ -159,11 +152,7 @@ void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
         FieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
-        if (PaletteView* view = ZOR::View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(ZOR::paleWinTitle);
-        }
+        ZOR::ViewFollows();
         opened = false;
         accept();
     });

@@ -8,6 +8,7 @@
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
 #include "util/RtrnString.h"
+#include "util/StringUtils.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,10 +25,6 @@ const QColor kLetterShown(0xDC, 0x6E, 0x00), kLetterLoadedHidden(0xA9, 0xA9, 0xA
 const QColor kDarkLabel(0x42, 0x42, 0x42), kGreyLabel(0x91, 0x91, 0x91), kWarning(0xFF, 0x26, 0x00);
 constexpr int kAutoMinSeconds[] = {0, 2, 10, 50};
 constexpr int kTipCut = 80, kInfoCut = 2000;
-
-QString twoDigits(int n) {
-    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
-}
 
 QLabel* kindIcon(QWidget* parent, const char* name, const QString& picture, int top) {
     auto* icon = make<QLabel>(parent, name, QRect(612, top, 24, 24));
@@ -180,7 +177,7 @@ void winConstruct::EditButton(int index) {
     Guard::run(windowMethod("EditButton"), [&] {
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         editingGridButton = true;
-        labID->setText(twoDigits(index));
+        labID->setText(StringUtils::TwoDigits(index));
         ccShortcutUpDown->SetValueColor(Qt::black);
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(true);
@@ -309,7 +306,7 @@ QString winConstruct::PaletteGoMakeAcceptable(const QString& text) {
     bool ok = false;
     const int n = digits.toInt(&ok);
     if (!ok || n < 0 || n > 99) return {};
-    return twoDigits(n);
+    return StringUtils::TwoDigits(n);
 }
 
 bool winConstruct::IsAppleScriptNameExist(const QString& name) {

@@ -29,6 +29,7 @@ bool AliasRules::IsInUse(const QString& alias) {
 QString AliasRules::MadeUnique(const QString& alias) {
     // The suffix is added to the text as it stands: a third try for Work is Work0102.
     QString out = alias;
-    for (int n = 1; IsInUse(out); ++n) out += QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+    for (int n = 1; IsInUse(out); ++n)
+        out += StringUtils::TwoDigits(n);
     return out;
 }

@@ -1,17 +1,12 @@
 #include "manage/ccPalettePreview.h"
 
 #include "help/MessageCanvas.h"
-#include "util/AppGlobals.h"
-#include "util/FileTools.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "util/Guard.h"
 #include "util/StringUtils.h"
 
 #include <QImageReader>
 #include <algorithm>
-
-namespace {
-QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
-} // namespace
 
 ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     : QWidget(parent), owner(ownerName) {
@@ -20,7 +15,7 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     resize(2 * step + side, step + side);
     for (size_t cell = 0; cell < kButtons.size(); ++cell) {
         auto* canvas = new MessageCanvas(this);
-        canvas->setObjectName("cnBut" + twoDigits(kButtons[cell]));
+        canvas->setObjectName("cnBut" + StringUtils::TwoDigits(kButtons[cell]));
         canvas->setGeometry(int(cell % 3) * step, int(cell / 3) * step, side, side);
         canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
         canvas->onPaint = [this, cell](QPainter& g) { cnBut_Paint(int(cell), g); };
@@ -31,17 +26,11 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
 void ccPalettePreview::Load(const QString& paletteName) {
     Guard::run(Guard::Where::windowEvent(owner, "Opening"), [&] {
         for (QPixmap& picture : myPict) picture = QPixmap();
-        if (paletteName.isEmpty()) return;
-        const QString folder = AppGlobals::folderPathButFolder + '/' + paletteName;
-        QStringList names;
-        FileTools::FolderFilesToArray(folder, names);
-        names.sort(); // as the palette window reads them: of two files for one button, the later wins
-        for (const QString& name : names) {
-            const QString digits = name.left(2);
-            if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
-            const auto at = std::find(kButtons.begin(), kButtons.end(), digits.toInt());
+        // In the palette window's order: of two files for one button, the later wins.
+        for (const auto& [n, path] : ButtonPictureFiles(PalettePictureFolder(paletteName))) {
+            const auto at = std::find(kButtons.begin(), kButtons.end(), n);
             if (at == kButtons.end()) continue;
-            QImageReader reader(folder + '/' + name);
+            QImageReader reader(path);
             reader.setDecideFormatFromContent(true);
             myPict[size_t(at - kButtons.begin())] = QPixmap::fromImageReader(&reader);
         }
@@ -50,10 +39,12 @@ void ccPalettePreview::Load(const QString& paletteName) {
 }
 
 void ccPalettePreview::cnBut_Paint(int cell, QPainter& g) {
-    Guard::run(Guard::Where::controlEvent(owner, "cnBut" + twoDigits(kButtons[size_t(cell)]), "Paint"), [&] {
-        const QPixmap& picture = myPict[size_t(cell)];
-        if (picture.isNull()) return;
-        g.setOpacity(1.0 - kTransparency[size_t(cell)] / 100.0);
-        g.drawPixmap(0, 0, picture);
-    });
+    Guard::run(
+        Guard::Where::controlEvent(owner, "cnBut" + StringUtils::TwoDigits(kButtons[size_t(cell)]), "Paint"),
+        [&] {
+            const QPixmap& picture = myPict[size_t(cell)];
+            if (picture.isNull()) return;
+            g.setOpacity(1.0 - kTransparency[size_t(cell)] / 100.0);
+            g.drawPixmap(0, 0, picture);
+        });
 }

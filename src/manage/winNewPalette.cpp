@@ -85,12 +85,7 @@ void winNewPalette::pbOK_Pressed() {
         ZOR::SavePaletteToDP();
         ZOR::CreateNewPalette(alias);
         ZOR::aBtn = ZOR::DP[size_t(ZOR::idxCP)].a_Btn;
-        if (PaletteView* view = ZOR::View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(ZOR::paleWinTitle);
-            view->SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
-        }
+        ZOR::ViewFollows(PaletteView::Upto::RestingTexts);
         accept();
     });
 }

@@ -1,5 +1,7 @@
 #include "palette_window/MainMenuBar.h"
 
+#include "util/StringUtils.h"
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -66,7 +68,7 @@ MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
     miSwitchPalette = item(muPalette, "miSwitchPalette", "Switch Palette", cmd(Qt::Key_P));
     muPalette->addSeparator()->setObjectName("miSepLine");
     for (int k = 0; k < 10; ++k) {
-        const QString name = QStringLiteral("P%1").arg(k, 2, 10, QLatin1Char('0'));
+        const QString name = "P" + StringUtils::TwoDigits(k);
         miPalette[size_t(k)] = item(muPalette, qPrintable("miPalette" + name.mid(1)), name, cmd(Qt::Key(Qt::Key_0 + k)));
     }
 

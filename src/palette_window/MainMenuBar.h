@@ -6,7 +6,8 @@ class QAction;
 class QMenu;
 
 // The program's one menu bar: the global bar on the Mac, atop the palette window elsewhere.
-// Items are members named as the program knows them; their handlers are winMain's.
+// Items are members named as the program knows them; what each does is bound at start-up, from
+// the application's menu table.
 class MainMenuBar : public QMenuBar {
     Q_OBJECT
 public:

@@ -1,12 +1,13 @@
 #include "palette_window/cnBut.h"
 
 #include "palette_window/winMain.h"
+#include "util/StringUtils.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 
 cnBut::cnBut(winMain* owner, int buttonIndex, QWidget* parent) : QWidget(parent), window(owner), index(buttonIndex) {
-    setObjectName(QStringLiteral("cnBut%1").arg(buttonIndex, 2, 10, QLatin1Char('0')));
+    setObjectName("cnBut" + StringUtils::TwoDigits(buttonIndex));
     setGeometry((buttonIndex % 10) * winMain::kCell, (buttonIndex / 10) * winMain::kCell, winMain::kCell,
                 winMain::kCell);
 }

@@ -2,14 +2,13 @@
 
 #include "actions/Launchers.h"
 #include "help/GeneralMethods.h"
-#include "help/Help.h"
 #include "help/HelpLabels.h"
-#include "help/winAboutBox.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/cnBut.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
-#include "util/Dialogs.h"
 #include "util/AppGlobals.h"
+#include "util/Dialogs.h"
 #include "util/FileTools.h"
 #include "util/Fonts.h"
 #include "util/Guard.h"
@@ -110,7 +109,7 @@ winMain::winMain(QWidget* parent)
 #endif
     // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
     addAction(mainMenuBar->FileQuit);
-    AddMenuHandlers();
+    connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
 
     ZOR::RegisterView(this);
 }
@@ -156,11 +155,10 @@ void winMain::SizeToGrid(int width, int height) {
 
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
-        const auto files = ZOR::paleName.isEmpty()
-                               ? QList<std::pair<int, QString>>()
-                               : ButtonPictureFiles(AppGlobals::folderPathButFolder + '/' + ZOR::paleName);
+        const auto files = ButtonPictureFiles(PalettePictureFolder(ZOR::paleName));
         QStringList paths;
-        for (const auto& file : files) paths << file.second;
+        for (const auto& file : files)
+            paths << file.second;
         pictures.Prefetch(paths);
         hasPicture.clear();
         for (const auto& [n, path] : files) {
@@ -189,7 +187,8 @@ void winMain::RedrawGrid() {
         labSeeSC->move(gridArea->width() - 20, barTop);
         // The bar stands over the canvases of the row below the grid, which the window's edge cuts.
         rectBackgroundTip->raise();
-        for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC}) label->raise();
+        for (QWidget* label : std::initializer_list<QWidget*>{labSeeNum, labTip, labSeeSC})
+            label->raise();
         for (size_t i = 0; i < 100; ++i)
             cnButs[i]->setVisible(i < ZOR::aBtn->size() ? (*ZOR::aBtn)[i]->Vis : false);
         // Cmd+0 to Cmd+9 answer without the menu being opened: keep their state with the palette.
@@ -218,7 +217,7 @@ void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
         for (qint64 index : PalettesToWarm())
-            folders << AppGlobals::folderPathButFolder + '/' + ZOR::DP[size_t(index)].s_Name;
+            folders << PalettePictureFolder(ZOR::DP[size_t(index)].s_Name);
         pictures.WarmAhead(folders);
     });
 }
@@ -251,7 +250,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const int index = canvas.Index();
         if (!hasPicture.contains(index)) {
             g.setFont(numberFont);
-            g.drawText(numberBox.bottomLeft(), QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+            g.drawText(numberBox.bottomLeft(), StringUtils::TwoDigits(index));
         }
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -286,7 +285,7 @@ void winMain::cnBut_MouseEnter(int index) {
             if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
             FillBar(colour);
         }
-        labSeeNum->setText(ZOR::paleName + QStringLiteral(" %1").arg(index, 2, 10, QLatin1Char('0')));
+        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::TwoDigits(index));
         labTip->setText(LabTipText(index));
         labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
         labSeeSC->setText(b.Shortcut);
@@ -370,7 +369,7 @@ void winMain::FireChain(int index) {
         const qint64 target = b.PaletteGo.trimmed().toLongLong(&ok);
         ZOR::ChangeToPalette(ok ? target : -1);
     } else if (ZOR::KeyboardMaestroEngineRuns()) {
-        ZOR::FireKM(ZOR::paleName, QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0')));
+        ZOR::FireKM(ZOR::paleName, StringUtils::TwoDigits(index));
     } else {
         Dialogs::message("Is Keyboard Maestro Engine running?. I cannot see that it is.");
     }
@@ -408,10 +407,8 @@ bool winMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void winMain::labSeeNum_MouseUp() {
-    Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"), [this] {
-        EraseAllPictures();
-        RedrawGrid();
-    });
+    Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"),
+               [this] { Follow(Upto::Pictures); });
 }
 
 void winMain::keyPressEvent(QKeyEvent* event) {
@@ -443,30 +440,15 @@ bool winMain::Event_KeyDown(const QString& key) {
     });
 }
 
-void winMain::AddMenuHandlers() {
-    MainMenuBar* bar = mainMenuBar;
-    connect(bar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
-    connect(bar->FileQuit, &QAction::triggered, this, &QWidget::close);
-    const auto handle = [this](QAction* item, std::function<void()> action) { SetMenuHandler(item, std::move(action)); };
-    for (int k = 0; k < 10; ++k)
-        handle(bar->miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); });
-    handle(bar->miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); });
-    handle(bar->miProgramOverview, [] { Help::ShowHelp(0); });
-    handle(bar->miHelpAbout, [] { ShowAboutBox(); });
-    // Windows that are still to come answer politely until they are there.
-    for (QAction* later : {bar->miSwitchPalette, bar->miConstruct, bar->miButPic, bar->miManageAS, bar->miNewPalette,
-                           bar->miRenamePalette, bar->miDeletePalette, bar->miPaletteData, bar->miPreserveStateBU})
-        connect(later, &QAction::triggered, this, [this, later] { NotAvailableYet(later->text()); });
+void winMain::AddMenuHandlers(const QList<MenuEntry>& table) {
+    for (const MenuEntry& entry : table)
+        SetMenuHandler(entry.item, entry.handler);
 }
 
 void winMain::SetMenuHandler(QAction* item, std::function<void()> action) {
     disconnect(item, &QAction::triggered, this, nullptr);
     connect(item, &QAction::triggered, this,
             [item, action = std::move(action)] { Guard::run(menuHandler(item->objectName()), action); });
-}
-
-void winMain::NotAvailableYet(const QString& what) {
-    Dialogs::message(QString(what).remove('&').remove(QChar(0x2026)) + " is not available yet.");
 }
 
 void winMain::Event_MenuBarSelected() {

@@ -1,5 +1,5 @@
 #pragma once
-#include "palette_window/PictureCache.h"
+#include "pictures/PictureCache.h"
 #include "store/PaletteView.h"
 
 #include <QList>
@@ -54,9 +54,14 @@ public:
 
     bool Event_KeyDown(const QString& key);
     void Event_MenuBarSelected();
-    void AddMenuHandlers();
-    // The windows of the higher layers (design, management, assets, backup) take over their
-    // menu items here at start-up; until then an item answers that it is not available yet.
+    // A menu item and what it does. The table of them is the application's, bound at start-up:
+    // until then an item does nothing.
+    struct MenuEntry {
+        QAction* item;
+        std::function<void()> handler;
+    };
+    void AddMenuHandlers(const QList<MenuEntry>& table);
+    // Each handler runs through the common failure report, named after its item.
     void SetMenuHandler(QAction* item, std::function<void()> action);
 
     QList<int> hasPicture;
@@ -82,7 +87,6 @@ private:
     void FillBar(const QColor& colour);
     void SetTipFontSize(int points); // 0: the system's default size
     void ShowButtonInformation(int index);
-    void NotAvailableYet(const QString& what);
     int menuBarOffset() const;
     const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
     QRectF numberBox;                   // where a canvas's number stands, measured at the first paint

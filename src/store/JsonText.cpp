@@ -1,5 +1,6 @@
 #include "store/JsonText.h"
 
+#include "util/StringUtils.h"
 #include "util/ZorError.h"
 
 #include <QByteArrayView>
@@ -256,7 +257,8 @@ const QString* sharedShortString(std::string_view bytes) {
     }();
     static const auto digitPairs = [] {
         std::array<QString, 100> all;
-        for (size_t n = 0; n < all.size(); ++n) all[n] = QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+        for (size_t n = 0; n < all.size(); ++n)
+            all[n] = StringUtils::TwoDigits(qint64(n));
         return all;
     }();
     const auto c0 = uint8_t(bytes[0]);

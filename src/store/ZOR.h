@@ -75,6 +75,7 @@ bool DeleteActivePalette();
 // the window that follows the store
 void RegisterView(PaletteView* view);
 PaletteView* View();
+void ViewFollows(PaletteView::Upto upto = PaletteView::Upto::Title); // when a window is registered
 
 // the data file
 void GetZOR_DataFromDisk();

@@ -67,12 +67,7 @@ bool ZOR::DeleteActivePalette() {
         DefaultValuesPalette(idxCP);
         DP[size_t(idxCP)].s_Alias = kNoShortcut;
         ActivatePalette(0);
-        if (PaletteView* view = View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(paleWinTitle);
-            view->SetRestingTexts(paleAlias, paleName);
-        }
+        ViewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
         return true;
     });

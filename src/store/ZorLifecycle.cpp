@@ -2,6 +2,7 @@
 
 #include "util/Dialogs.h"
 #include "util/Guard.h"
+#include "util/StringUtils.h"
 
 #include <algorithm>
 
@@ -40,20 +41,14 @@ void ZOR::ChangeToPalette(qint64 index) {
             return;
         }
         if (!IsPaletteExistant(index)) {
-            Dialogs::message(QStringLiteral("You have asked  to change to a palette, P%1, that does not exist. There "
-                                            "is nothing to do.")
-                                 .arg(index, 2, 10, QLatin1Char('0')));
+            Dialogs::message("You have asked  to change to a palette, P" + StringUtils::TwoDigits(index) +
+                             ", that does not exist. There is nothing to do.");
             return;
         }
         SavePaletteToDP();
         ActivatePalette(index);
-        if (PaletteView* view = View()) {
-            view->EraseAllPictures();
-            view->RedrawGrid();
-            view->SetPaletteTitle(paleWinTitle);
-        }
+        ViewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
-        if (PaletteView* view = View()) view->SetRestingTexts(paleAlias, paleName);
     });
 }
 

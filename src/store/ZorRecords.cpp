@@ -10,12 +10,13 @@
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 PaletteView* view = nullptr;
-
-QString twoDigits(qint64 n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
 } // namespace
 
 void ZOR::RegisterView(PaletteView* v) { view = v; }
 PaletteView* ZOR::View() { return view; }
+void ZOR::ViewFollows(PaletteView::Upto upto) {
+    if (view) view->Follow(upto);
+}
 
 void ZOR::MakeAlphabetShortcuts() {
     Guard::run(where("MakeAlphabetShortcuts"), [] {
@@ -42,7 +43,8 @@ BtnArray ZOR::NewButtonArray() {
 const QString& ZOR::ButtonNumber(qint64 id) {
     static const auto numbers = [] {
         std::array<QString, kButtonsPerPalette> all;
-        for (size_t n = 0; n < all.size(); ++n) all[n] = twoDigits(qint64(n));
+        for (size_t n = 0; n < all.size(); ++n)
+            all[n] = StringUtils::TwoDigits(qint64(n));
         return all;
     }();
     return numbers.at(size_t(id));
@@ -57,9 +59,9 @@ void ZOR::DefaultValuesPalette(qint64 index) {
         PaletteDict& slot = DP[size_t(index)];
         slot.i_NumRows = 10;
         slot.i_NumColumns = 10;
-        slot.s_Name = "P" + twoDigits(index);
+        slot.s_Name = "P" + StringUtils::TwoDigits(index);
         slot.s_Alias = StringUtils::Random(5, "abcdefghijklmnopqrstuvwxyz");
-        slot.s_WinTitle = "ZOR P" + twoDigits(index);
+        slot.s_WinTitle = "ZOR P" + StringUtils::TwoDigits(index);
         slot.s_Particulars.clear();
         slot.a_Btn = NewButtonArray();
     });

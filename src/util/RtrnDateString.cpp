@@ -2,6 +2,9 @@
 
 #include "util/Clock.h"
 #include "util/Guard.h"
+#include "util/StringUtils.h"
+
+using StringUtils::TwoDigits;
 
 namespace {
 // Mode 7's counter lives for the whole run, so two stamps in the same second still differ.
@@ -26,10 +29,6 @@ QString base36(qint64 value, int digits) {
     }
     return out;
 }
-
-QString two(int n) {
-    return QString::number(n).rightJustified(2, '0');
-}
 } // namespace
 
 void RtrnDateString::ResetCounter() {
@@ -44,8 +43,8 @@ QString RtrnDateString::rsAlphaDateTime(qint64 mode) {
         const QTime t = now.time();
         const QString yyyy = QString::number(d.year()).rightJustified(4, '0');
         const QString yy = yyyy.right(2);
-        const QString ymd = yy + two(d.month()) + two(d.day());
-        const QString hns = two(t.hour()) + two(t.minute()) + two(t.second());
+        const QString ymd = yy + TwoDigits(d.month()) + TwoDigits(d.day());
+        const QString hns = TwoDigits(t.hour()) + TwoDigits(t.minute()) + TwoDigits(t.second());
         // The clock resolves milliseconds; the finer digits are zeros.
         const qint64 nanos = qint64(t.msec()) * 1000000;
 
@@ -53,20 +52,20 @@ QString RtrnDateString::rsAlphaDateTime(qint64 mode) {
         case 1:
             return ymd;
         case 2:
-            return ymd + '_' + two(t.hour());
+            return ymd + '_' + TwoDigits(t.hour());
         case 3:
-            return ymd + '_' + two(t.hour()) + two(t.minute());
+            return ymd + '_' + TwoDigits(t.hour()) + TwoDigits(t.minute());
         case 5:
-            return ymd + two(t.hour()) + two(t.minute());
+            return ymd + TwoDigits(t.hour()) + TwoDigits(t.minute());
         case 6:
-            return yyyy + '.' + two(d.month()) + '.' + two(d.day());
+            return yyyy + '.' + TwoDigits(d.month()) + '.' + TwoDigits(d.day());
         case 7:
             return ymd + '_' + hns + nextCounter();
         case 8:
-            return two(d.month()) + '/' + two(d.day()) + '/' + yyyy + ' ' + two(t.hour()) + ':' +
-                   two(t.minute()) + ':' + two(t.second());
+            return TwoDigits(d.month()) + '/' + TwoDigits(d.day()) + '/' + yyyy + ' ' + TwoDigits(t.hour()) +
+                   ':' + TwoDigits(t.minute()) + ':' + TwoDigits(t.second());
         case 9:
-            return yyyy + two(d.month()) + two(d.day()) + '_' + hns;
+            return yyyy + TwoDigits(d.month()) + TwoDigits(d.day()) + '_' + hns;
         case 10:
             return ymd + '_' + hns + '_' + QString::number(nanos).rightJustified(9, '0');
         case 11:

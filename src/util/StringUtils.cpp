@@ -49,6 +49,10 @@ QString StringUtils::Random(int length, const QString& alphabet) {
     });
 }
 
+QString StringUtils::TwoDigits(qint64 n) {
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
+
 bool StringUtils::IsPosInteger(const QString& text) {
     return Guard::run(Guard::Where::module("StringUtils", "IsPosInteger"),
                       [&] { return allOf(text, isDigit); });

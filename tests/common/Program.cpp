@@ -1,7 +1,6 @@
 #include "common/Program.h"
 
 #include "app/App.h"
-#include "help/ErrorHandling.h"
 #include "help/GeneralMethods.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
@@ -25,12 +24,7 @@ Program::Program() { resetProgramState(); }
 Program::~Program() { win.reset(); }
 
 winMain& Program::start() {
-    ErrorHandling::Install();
-    App::Event_Opening();
-    win = std::make_unique<winMain>();
-    App::InstallMenus(*win);
-    win->Event_Opening();
-    App::ShowPaletteWindow(*win);
+    win = App::StartPaletteWindow();
     return *win;
 }
 

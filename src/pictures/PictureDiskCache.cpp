@@ -1,4 +1,4 @@
-#include "palette_window/PictureDiskCache.h"
+#include "pictures/PictureDiskCache.h"
 
 #include "util/AppGlobals.h"
 #include "util/StdFolders.h"
@@ -44,14 +44,17 @@ quint64 checksum(const char* data, qsizetype n, quint64 h) {
         h = (h ^ word) * kPrime;
         h ^= h >> 29;
     }
-    for (; i < n; ++i) h = (h ^ quint8(data[i])) * kPrime;
+    for (; i < n; ++i)
+        h = (h ^ quint8(data[i])) * kPrime;
     return h;
 }
-quint64 finish(quint64 h, qsizetype length) { return (h ^ quint64(length)) * kPrime; }
+quint64 finish(quint64 h, qsizetype length) {
+    return (h ^ quint64(length)) * kPrime;
+}
 
 QString entryPath(const QString& folder, const QByteArray& pathUtf8) {
-    return folder + '/' + QString::fromLatin1(QCryptographicHash::hash(pathUtf8, QCryptographicHash::Sha1).toHex()) +
-           ".pic";
+    return folder + '/' +
+           QString::fromLatin1(QCryptographicHash::hash(pathUtf8, QCryptographicHash::Sha1).toHex()) + ".pic";
 }
 
 bool formatAllowed(qint32 format) {
@@ -78,17 +81,19 @@ QString Folder() {
 
 namespace {
 // The entry of `path` opened, its header read and found to describe the file as it is at `stamp`.
-bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& stamp, QFile& file, Header& h) {
+bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& stamp, QFile& file,
+               Header& h) {
     if (folder.isEmpty()) return false;
     file.setFileName(entryPath(folder, pathUtf8));
     // Unbuffered: the pixels go from the file straight into the picture.
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.read(reinterpret_cast<char*>(&h), sizeof h) != qint64(sizeof h))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        file.read(reinterpret_cast<char*>(&h), sizeof h) != qint64(sizeof h))
         return false;
     if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.size != stamp.size ||
         h.modifiedNs != stamp.modified || h.changedNs != stamp.changed)
         return false;
-    if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide || !formatAllowed(h.format) ||
-        h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
+    if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide ||
+        !formatAllowed(h.format) || h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
         return false;
     const qsizetype body = qsizetype(sizeof h) + h.pathBytes + qsizetype(h.bytesPerLine) * h.height;
     return file.size() == body + qsizetype(sizeof(quint64)) && file.read(h.pathBytes) == pathUtf8;
@@ -121,8 +126,8 @@ QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
 }
 
 void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
-    if (folder.isEmpty() || image.isNull() || !formatAllowed(image.format()) || image.width() > kLargestSide ||
-        image.height() > kLargestSide)
+    if (folder.isEmpty() || image.isNull() || !formatAllowed(image.format()) ||
+        image.width() > kLargestSide || image.height() > kLargestSide)
         return;
     const QByteArray pathUtf8 = path.toUtf8();
     Header h{};
@@ -140,7 +145,8 @@ void Write(const QString& folder, const QString& path, const Stamp& stamp, const
     bytes.reserve(qsizetype(sizeof h) + pathUtf8.size() + pixels + 8);
     bytes.append(reinterpret_cast<const char*>(&h), sizeof h);
     bytes.append(pathUtf8);
-    for (int y = 0; y < image.height(); ++y) bytes.append(reinterpret_cast<const char*>(image.constScanLine(y)), h.bytesPerLine);
+    for (int y = 0; y < image.height(); ++y)
+        bytes.append(reinterpret_cast<const char*>(image.constScanLine(y)), h.bytesPerLine);
     quint64 sum = checksum(bytes.constData(), qsizetype(sizeof h), kSeed);
     sum = checksum(bytes.constData() + sizeof h, pathUtf8.size(), sum);
     sum = finish(checksum(bytes.constData() + sizeof h + pathUtf8.size(), pixels, sum), bytes.size());
@@ -154,7 +160,8 @@ void Write(const QString& folder, const QString& path, const Stamp& stamp, const
     bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     file.close();
     written = written && file.error() == QFileDevice::NoError;
-    if (!written || std::rename(QFile::encodeName(aside).constData(), QFile::encodeName(entry).constData()) != 0)
+    if (!written ||
+        std::rename(QFile::encodeName(aside).constData(), QFile::encodeName(entry).constData()) != 0)
         QFile::remove(aside);
 }
 

@@ -1,9 +1,8 @@
-#include "palette_window/PictureCache.h"
+#include "pictures/PictureCache.h"
 
-#include "util/StringUtils.h"
+#include "pictures/ButtonPictureFiles.h"
 #include "util/ZorError.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QThread>
@@ -37,7 +36,8 @@ PictureCache::Decoded obtain(const QString& folder, const QString& path, const P
 }
 
 // The same, and a picture decoded now is kept for the next run.
-PictureCache::Decoded decodeKept(const QString& folder, const QString& path, const PictureCache::Stamp& stamp) {
+PictureCache::Decoded decodeKept(const QString& folder, const QString& path,
+                                 const PictureCache::Stamp& stamp) {
     bool decodedNow = false;
     PictureCache::Decoded decoded = obtain(folder, path, stamp, decodedNow);
     if (decodedNow && !decoded.image.isNull()) PictureDiskCache::Write(folder, path, stamp, decoded.image);
@@ -60,7 +60,8 @@ public:
         }
         const size_t cores = std::max(1u, std::thread::hardware_concurrency());
         const size_t count = std::min({cores, size_t(4), (files.size() + 7) / 8});
-        for (size_t i = 0; i < count; ++i) workers.emplace_back([this] { work(); });
+        for (size_t i = 0; i < count; ++i)
+            workers.emplace_back([this] { work(); });
     }
     ~DecodeBatch() {
         next = files.size(); // no new files; those begun are finished
@@ -69,7 +70,8 @@ public:
             abandoned = true;
         }
         shownOrGone.notify_all();
-        for (std::thread& t : workers) t.join();
+        for (std::thread& t : workers)
+            t.join();
     }
     bool Holds(const QString& path) const { return index.contains(path); }
 
@@ -203,22 +205,9 @@ QPixmap PictureCache::Load(const QString& path) {
     std::optional<Decoded> decoded = batch ? batch->Take(path, now) : std::nullopt;
     if (!decoded) decoded = decodeKept(keptFolder, path, now);
     if (decoded->image.isNull())
-        throw IOException("The picture " + QFileInfo(path).fileName() + " could not be opened: " + decoded->error);
+        throw IOException("The picture " + QFileInfo(path).fileName() +
+                          " could not be opened: " + decoded->error);
     const QPixmap picture = QPixmap::fromImage(std::move(decoded->image));
     entries.insert(path, {now, picture});
     return picture;
-}
-
-QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder) {
-    if (folder.isEmpty()) return {};
-    // Asked of QDir alone: the warming thread lists folders too.
-    QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
-    names.sort();
-    QList<std::pair<int, QString>> files;
-    for (const QString& name : names) {
-        const QString digits = name.left(2);
-        if (digits.size() < 2 || !StringUtils::IsPosInteger(digits)) continue;
-        files.append({digits.toInt(), folder + '/' + name});
-    }
-    return files;
 }

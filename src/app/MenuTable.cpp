@@ -1,0 +1,55 @@
+#include "app/MenuTable.h"
+
+#include "app/BackupMenus.h"
+#include "assets/winButtonPics.h"
+#include "assets/winManageAS.h"
+#include "design/winConstruct.h"
+#include "help/Help.h"
+#include "help/winAboutBox.h"
+#include "manage/winChangeAlias.h"
+#include "manage/winDeletePalette.h"
+#include "manage/winNewPalette.h"
+#include "manage/winSwitchPalette.h"
+#include "palette_window/MainMenuBar.h"
+#include "palette_window/winMain.h"
+#include "store/ZOR.h"
+#include "util/Dialogs.h"
+
+namespace {
+// Each window is built afresh at every opening and shown modally, with no parent window.
+template <class Window> Dialogs::Answer showModal() {
+    Window window;
+    return Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
+}
+} // namespace
+
+void MenuTable::Install(winMain& window) {
+    const MainMenuBar& bar = *window.mainMenuBar;
+    QList<winMain::MenuEntry> table = {
+        {bar.FileQuit, [&window] { window.close(); }}, // the closing step saves
+        {bar.miSwitchPalette, [] { showModal<winSwitchPalette>(); }},
+        {bar.miConstruct,
+         [&window] {
+             winConstruct design(&window); // built anew at each opening
+             Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
+         }},
+        {bar.miButPic, [] { ShowButtonPictures(); }},
+        {bar.miManageAS, [] { ShowManageAS(); }},
+        {bar.miNewPalette, [] { showModal<winNewPalette>(); }},
+        {bar.miRenamePalette, [] { showModal<winChangeAlias>(); }},
+        {bar.miDeletePalette,
+         [&window] {
+             // Once more behind the closed window, so the palette window is whole when it comes to the front.
+             if (showModal<winDeletePalette>().accepted) window.Follow();
+         }},
+        {bar.miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); }},
+        {bar.miProgramOverview, [] { Help::ShowHelp(0); }},
+        {bar.miHelpAbout, [] { ShowAboutBox(); }},
+    };
+    for (qint64 k = 0; k < qint64(bar.miPalette.size()); ++k) // P00 to P09, Cmd+0 to Cmd+9
+        table.append({bar.miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); }});
+    window.AddMenuHandlers(table);
+    // Palette Data to Desktop and Manage PreserveState Backup are bound with the backup window's
+    // code for now; they take their two rows in the table when it moves.
+    BackupMenus::Install(window);
+}
