@@ -1,7 +1,7 @@
 #include "store/ZOR.h"
 
 #include "help/GeneralMethods.h"
-#include "store/JsonText.h"
+#include "json/JsonText.h"
 #include "store/PaletteButtons.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
