@@ -41,7 +41,8 @@ inline qint64 initialWinTop = 0;
 inline qint64 initialWinLeft = 0;
 inline qint64 initialWinHeight = 0;
 inline qint64 initialWinWidth = 0;
-// Set when PreserveState.txt exists but could not be read: the quit must then leave it alone.
+// Set when PreserveState.txt exists but could not be read: the quit must then leave it alone, and
+// the start offers the backup window.
 inline bool dataFileUnreadable = false;
 
 inline const QString kDataFileName = QStringLiteral("PreserveState");
@@ -95,8 +96,6 @@ bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
 QString BackupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
 bool PreserveStateRestore(); // true when a chosen backup took the data file's place
-// Offers the backup window when the data file could not be read at start (defined with the window).
-void OfferBackupWindowAtStart(const QString& message);
 
 // export of the active palette
 QString LineTabFieldName();

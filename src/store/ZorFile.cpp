@@ -345,11 +345,6 @@ void startBesideUnreadableFile() {
     ZOR::idxCP = -1;
     ZOR::dataFileUnreadable = true;
     ZOR::CreateFirstPalette();
-    ZOR::OfferBackupWindowAtStart(
-        "ZOR_Palette could not read its data file, PreserveState.txt, so it shows a fresh first palette for now. The "
-        "file stays exactly as it is: nothing will be saved over it when you quit.\n\nTo get your palettes back, "
-        "press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, for "
-        "instance one from the folder EmergencyPreserveStateBU.");
 }
 
 // Every way the file can fail, from opening to the last palette, reports once and gives false.

@@ -1,9 +1,9 @@
-#include "app/BackupMenus.h"
+#include "backup/BackupMenus.h"
 
+#include "backup/winManageBU.h"
 #include "palette_window/MainMenuBar.h"
 #include "palette_window/winMain.h"
 #include "store/ZOR.h"
-#include "store/winManageBU.h"
 
 namespace BackupMenus {
 void Install(winMain& window) {
