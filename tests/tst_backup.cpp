@@ -1,5 +1,5 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
-#include "store/winManageBU.h"
+#include "backup/winManageBU.h"
 #include "tst_windows.h"
 
 #include <unistd.h>

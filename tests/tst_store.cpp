@@ -1,5 +1,5 @@
 // The palette store: records, the data file, start-up and the saving quit.
-#include "store/JsonText.h"
+#include "json/JsonText.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
 

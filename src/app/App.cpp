@@ -1,7 +1,9 @@
 #include "app/App.h"
 
 #include "app/MenuTable.h"
+#include "backup/winManageBU.h"
 #include "help/ErrorHandling.h"
+#include "help/GeneralMethods.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
 #include "palette_window/winMain.h"
@@ -58,6 +60,21 @@ void startOnCurrentPictures() {
     for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
         paths << file.second;
     PictureCache::PrefetchAtStart(paths);
+}
+
+// The store could not read its data file and left it as it is: the user may restore a backup now.
+void offerBackupWindow() {
+    Guard::run(Guard::Where::module("App", "OfferBackupWindowAtStart"), [] {
+        const QString text =
+            "ZOR_Palette could not read its data file, PreserveState.txt, so it shows a fresh first palette for now. "
+            "The file stays exactly as it is: nothing will be saved over it when you quit.\n\nTo get your palettes "
+            "back, press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, "
+            "for instance one from the folder EmergencyPreserveStateBU.";
+        if (!RtrnBoolean::rbOKCancel(text, 1, QStringLiteral("Manage PreserveState Backup"))) return;
+        if (!winManageBU::ShowModal()) return;
+        // The palette window is not there yet; it closes, and so ends the program, once the event loop runs.
+        QTimer::singleShot(0, qApp, [] { QApplication::closeAllWindows(); });
+    });
 }
 } // namespace
 
@@ -117,6 +134,7 @@ void App::Event_Opening() {
         ZOR::MakeAlphabetShortcuts();
         startOnCurrentPictures();
         ZOR::GetZOR_DataFromDisk();
+        if (ZOR::dataFileUnreadable) offerBackupWindow();
         ZOR::ActivatePalette(ZOR::idxCP);
         ZOR::QuitSavePaletteChanges = true;
     });

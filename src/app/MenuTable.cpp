@@ -1,8 +1,8 @@
 #include "app/MenuTable.h"
 
-#include "app/BackupMenus.h"
 #include "assets/winButtonPics.h"
 #include "assets/winManageAS.h"
+#include "backup/winManageBU.h"
 #include "design/winConstruct.h"
 #include "help/Help.h"
 #include "help/winAboutBox.h"
@@ -44,12 +44,15 @@ void MenuTable::Install(winMain& window) {
          }},
         {bar.miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); }},
         {bar.miProgramOverview, [] { Help::ShowHelp(0); }},
+        {bar.miPaletteData, [] { ZOR::PaletteDataToDesktop(); }},
+        {bar.miPreserveStateBU,
+         [&window] {
+             // Make Backup and a restore end the program through the palette window's closing step.
+             if (winManageBU::ShowModal()) window.close();
+         }},
         {bar.miHelpAbout, [] { ShowAboutBox(); }},
     };
     for (qint64 k = 0; k < qint64(bar.miPalette.size()); ++k) // P00 to P09, Cmd+0 to Cmd+9
         table.append({bar.miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); }});
     window.AddMenuHandlers(table);
-    // Palette Data to Desktop and Manage PreserveState Backup are bound with the backup window's
-    // code for now; they take their two rows in the table when it moves.
-    BackupMenus::Install(window);
 }

@@ -441,14 +441,10 @@ bool winMain::Event_KeyDown(const QString& key) {
 }
 
 void winMain::AddMenuHandlers(const QList<MenuEntry>& table) {
+    // Each handler runs through the common failure report, named after its item.
     for (const MenuEntry& entry : table)
-        SetMenuHandler(entry.item, entry.handler);
-}
-
-void winMain::SetMenuHandler(QAction* item, std::function<void()> action) {
-    disconnect(item, &QAction::triggered, this, nullptr);
-    connect(item, &QAction::triggered, this,
-            [item, action = std::move(action)] { Guard::run(menuHandler(item->objectName()), action); });
+        connect(entry.item, &QAction::triggered, this,
+                [item = entry.item, action = entry.handler] { Guard::run(menuHandler(item->objectName()), action); });
 }
 
 void winMain::Event_MenuBarSelected() {

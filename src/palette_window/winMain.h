@@ -61,8 +61,6 @@ public:
         std::function<void()> handler;
     };
     void AddMenuHandlers(const QList<MenuEntry>& table);
-    // Each handler runs through the common failure report, named after its item.
-    void SetMenuHandler(QAction* item, std::function<void()> action);
 
     QList<int> hasPicture;
     const QPixmap BlankPic; // never assigned: stands for no picture

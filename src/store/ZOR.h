@@ -22,27 +22,55 @@ struct PaletteDict {
 // The palette store and the working set of the active palette.
 namespace ZOR {
 
-inline std::vector<PaletteDict> DP;
-inline BtnArray aBtn = std::make_shared<std::vector<BtnRef>>();
-inline qint64 idxCP = -1;
-inline qint64 idxCurrentBtn = 0;
-inline qint64 numRows = 0;
-inline qint64 numColumns = 0;
-inline QString paleName;
-inline QString paleAlias;
-inline QString paleWinTitle;
-inline QString paleParticulars;
-inline bool paletteContentChange = false;
-inline bool paletteActiveChange = false;
-inline bool QuitSavePaletteChanges = false;
-inline QString reusablePaletteName; // written as an empty string; never read back
-inline QStringList aAlphabetShortcut;
-inline qint64 initialWinTop = 0;
-inline qint64 initialWinLeft = 0;
-inline qint64 initialWinHeight = 0;
-inline qint64 initialWinWidth = 0;
-// Set when PreserveState.txt exists but could not be read: the quit must then leave it alone.
-inline bool dataFileUnreadable = false;
+// The module's properties, each with its value at program load. The code uses them by the names
+// below; ResetStore gives them all that value again.
+struct Properties {
+    std::vector<PaletteDict> DP;
+    BtnArray aBtn = std::make_shared<std::vector<BtnRef>>();
+    qint64 idxCP = -1;
+    qint64 idxCurrentBtn = 0;
+    qint64 numRows = 0;
+    qint64 numColumns = 0;
+    QString paleName;
+    QString paleAlias;
+    QString paleWinTitle;
+    QString paleParticulars;
+    bool paletteContentChange = false;
+    bool paletteActiveChange = false;
+    bool QuitSavePaletteChanges = false;
+    QString reusablePaletteName; // written as an empty string; never read back
+    QStringList aAlphabetShortcut;
+    qint64 initialWinTop = 0;
+    qint64 initialWinLeft = 0;
+    qint64 initialWinHeight = 0;
+    qint64 initialWinWidth = 0;
+    // Set when PreserveState.txt exists but could not be read: the quit must then leave it alone, and
+    // the start offers the backup window.
+    bool dataFileUnreadable = false;
+};
+inline Properties properties;
+
+// Names bound once to their place in `properties`: the compiler uses that place directly.
+inline auto& DP = properties.DP;
+inline auto& aBtn = properties.aBtn;
+inline auto& idxCP = properties.idxCP;
+inline auto& idxCurrentBtn = properties.idxCurrentBtn;
+inline auto& numRows = properties.numRows;
+inline auto& numColumns = properties.numColumns;
+inline auto& paleName = properties.paleName;
+inline auto& paleAlias = properties.paleAlias;
+inline auto& paleWinTitle = properties.paleWinTitle;
+inline auto& paleParticulars = properties.paleParticulars;
+inline auto& paletteContentChange = properties.paletteContentChange;
+inline auto& paletteActiveChange = properties.paletteActiveChange;
+inline auto& QuitSavePaletteChanges = properties.QuitSavePaletteChanges;
+inline auto& reusablePaletteName = properties.reusablePaletteName;
+inline auto& aAlphabetShortcut = properties.aAlphabetShortcut;
+inline auto& initialWinTop = properties.initialWinTop;
+inline auto& initialWinLeft = properties.initialWinLeft;
+inline auto& initialWinHeight = properties.initialWinHeight;
+inline auto& initialWinWidth = properties.initialWinWidth;
+inline auto& dataFileUnreadable = properties.dataFileUnreadable;
 
 inline const QString kDataFileName = QStringLiteral("PreserveState");
 inline const QString kEmergencyFolder = QStringLiteral("EmergencyPreserveStateBU");
@@ -96,8 +124,6 @@ bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
 QString BackupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
 bool PreserveStateRestore(); // true when a chosen backup took the data file's place
-// Offers the backup window when the data file could not be read at start (defined with the window).
-void OfferBackupWindowAtStart(const QString& message);
 
 // export of the active palette
 QString LineTabFieldName();

@@ -1,7 +1,8 @@
 #include "store/ZOR.h"
 
 #include "help/GeneralMethods.h"
-#include "store/JsonText.h"
+#include "json/JsonText.h"
+#include "store/DataFileObjects.h"
 #include "store/PaletteButtons.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
@@ -21,140 +22,11 @@
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
-// Keys that older files lack, with the text the user sees once per key.
-QString transitionMessage(const char* what) {
-    return QStringLiteral("Transitioning to new format of stored JSON data: ") + QLatin1String(what);
-}
-
-void writeButton(JsonText::Writer& w, const Btn& b) {
-    w.beginObject();
-    w.member("sID", b.sID);
-    w.member("Shortcut", b.Shortcut);
-    w.member("Tip", b.Tip);
-    w.member("Info", b.Info);
-    w.member("ShortcutShow", b.ShortcutShow);
-    w.member("Vis", b.Vis);
-    w.member("ASfile", b.ASfile);
-    w.member("SCname", b.SCname);
-    w.member("AutoMin", b.AutoMin);
-    w.member("Clipbrd", b.Clipbrd);
-    w.member("PaletteGo", b.PaletteGo);
-    w.member("KM_Active", b.KM_Active);
-    w.endObject();
-}
-
-void writePalette(JsonText::Writer& w, const PaletteDict& p) {
-    w.beginObject();
-    w.member("numRows", p.i_NumRows);
-    w.member("numColumns", p.i_NumColumns);
-    w.member("paleName", p.s_Name);
-    w.member("paleAlias", p.s_Alias);
-    w.member("paleWinTitle", p.s_WinTitle);
-    w.member("paleParticulars", p.s_Particulars);
-    w.endObject();
-}
-
-// Bits for the keys of a button object, to find the absent ones.
-enum ButtonKey : unsigned {
-    kSID = 1u << 0, kShortcut = 1u << 1, kTip = 1u << 2, kInfo = 1u << 3, kShortcutShow = 1u << 4, kVis = 1u << 5,
-    kASfile = 1u << 6, kSCname = 1u << 7, kAutoMin = 1u << 8, kClipbrd = 1u << 9, kPaletteGo = 1u << 10,
-    kKM_Active = 1u << 11,
-};
-constexpr unsigned kObligatoryButtonKeys = kSID | kShortcut | kTip | kInfo | kShortcutShow | kVis;
-
-[[noreturn]] void missingKey(const char* key) {
-    throw JSONException(QStringLiteral("The key %1 is missing from the data.").arg(QLatin1String(key)));
-}
-
-// How a button's values are taken: into a record, or, with `keep` false, only checked as reading
-// would check them.
-template <bool keep> struct ButtonValues {
-    JsonText::Reader& r;
-    Btn& b;
-    int id = -1;    // the button number, while sID is two digits
-    QString badSID; // otherwise its text, for the message
-
-    void text(QString& field) {
-        if constexpr (keep) field = r.readString();
-        else r.skipString();
-    }
-    void flag(bool& field) {
-        const bool value = r.readBool();
-        if constexpr (keep) field = value;
-    }
-    void number(qint64& field) {
-        const qint64 value = r.readInteger();
-        if constexpr (keep) field = value;
-    }
-    void sID() {
-        // Other scripts' digits are no button number.
-        const std::string_view bytes = r.readStringBytes();
-        auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        const bool digits = bytes.size() == 2 && isDigit(bytes[0]) && isDigit(bytes[1]);
-        id = digits ? (bytes[0] - '0') * 10 + (bytes[1] - '0') : -1;
-        badSID = digits ? QString() : QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
-    }
-};
-
-// A button as this program writes it: every key in its order, nothing between. False, with the
-// text where it was, when the button is written otherwise (by hand, by another tool).
-template <bool keep> bool readWrittenButton(ButtonValues<keep>& v) {
-    JsonText::Reader& r = v.r;
-    Btn& b = v.b;
-    const size_t start = r.position();
-    const bool whole = r.skipLiteral(R"({"sID":)") && (v.sID(), r.skipLiteral(R"(,"Shortcut":)")) &&
-                       (v.text(b.Shortcut), r.skipLiteral(R"(,"Tip":)")) && (v.text(b.Tip), r.skipLiteral(R"(,"Info":)")) &&
-                       (v.text(b.Info), r.skipLiteral(R"(,"ShortcutShow":)")) &&
-                       (v.flag(b.ShortcutShow), r.skipLiteral(R"(,"Vis":)")) &&
-                       (v.flag(b.Vis), r.skipLiteral(R"(,"ASfile":)")) && (v.text(b.ASfile), r.skipLiteral(R"(,"SCname":)")) &&
-                       (v.text(b.SCname), r.skipLiteral(R"(,"AutoMin":)")) &&
-                       (v.number(b.AutoMin), r.skipLiteral(R"(,"Clipbrd":)")) &&
-                       (v.number(b.Clipbrd), r.skipLiteral(R"(,"PaletteGo":)")) &&
-                       (v.text(b.PaletteGo), r.skipLiteral(R"(,"KM_Active":)")) && (v.flag(b.KM_Active), r.skipLiteral("}"));
-    // Read again from its start: each value taken so far is taken again.
-    if (!whole) r.rewind(start);
-    return whole;
-}
-
 template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
-    ButtonValues<keep> v{r, b};
-    unsigned seen = 0;
-    if (readWrittenButton(v)) {
-        seen = ~0u;
-    } else {
-        r.beginObject();
-    }
-    while (seen != ~0u && r.nextKey(key)) {
-        if (key == "sID") v.sID(), seen |= kSID;
-        else if (key == "Shortcut") v.text(b.Shortcut), seen |= kShortcut;
-        else if (key == "Tip") v.text(b.Tip), seen |= kTip;
-        else if (key == "Info") v.text(b.Info), seen |= kInfo;
-        else if (key == "ShortcutShow") v.flag(b.ShortcutShow), seen |= kShortcutShow;
-        else if (key == "Vis") v.flag(b.Vis), seen |= kVis;
-        else if (key == "ASfile") v.text(b.ASfile), seen |= kASfile;
-        else if (key == "SCname") v.text(b.SCname), seen |= kSCname;
-        else if (key == "AutoMin") v.number(b.AutoMin), seen |= kAutoMin;
-        else if (key == "Clipbrd") v.number(b.Clipbrd), seen |= kClipbrd;
-        else if (key == "PaletteGo") v.text(b.PaletteGo), seen |= kPaletteGo;
-        else if (key == "KM_Active") v.flag(b.KM_Active), seen |= kKM_Active;
-        else r.skipValue();
-    }
-    if ((seen & kObligatoryButtonKeys) != kObligatoryButtonKeys) {
-        static const char* names[] = {"sID", "Shortcut", "Tip", "Info", "ShortcutShow", "Vis"};
-        for (unsigned i = 0; i < 6; ++i)
-            if (!(seen & (1u << i))) missingKey(names[i]);
-    }
-    if (tellAbsentKeys) {
-        static const std::pair<unsigned, const char*> optional[] = {
-            {kASfile, "ASfile"}, {kSCname, "SCname"},       {kAutoMin, "AutoMin"},
-            {kClipbrd, "Clipbrd"}, {kPaletteGo, "PaletteGo"}, {kKM_Active, "KM_Active"}};
-        for (const auto& [bit, name] : optional)
-            if (!(seen & bit)) Dialogs::message(transitionMessage(name));
-    }
+    DataFileKeys::ButtonNumber v;
+    DataFileKeys::readObject<DataFileKeys::kButtonKeys, keep>(r, b, v, key, tellAbsentKeys);
     if (v.id < 0) throw JSONException(QStringLiteral("The button number \"%1\" is not two digits.").arg(v.badSID));
     if constexpr (keep) {
-        // A button of an older file that fired nothing else was a macro button.
-        if (!(seen & kKM_Active)) b.KM_Active = b.SCname.isEmpty() && b.PaletteGo.isEmpty() && b.ASfile.isEmpty();
         b.ID = v.id;
         b.Row = v.id / 10;
         b.Col = v.id % 10;
@@ -163,23 +35,8 @@ template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_vi
 }
 
 void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, bool tellAbsentKeys) {
-    unsigned seen = 0;
-    bool particulars = false;
-    p.s_Particulars.clear();
-    r.beginObject();
-    while (r.nextKey(key)) {
-        if (key == "numRows") p.i_NumRows = r.readInteger(), seen |= 1;
-        else if (key == "numColumns") p.i_NumColumns = r.readInteger(), seen |= 2;
-        else if (key == "paleName") p.s_Name = r.readString(), seen |= 4;
-        else if (key == "paleAlias") p.s_Alias = r.readString(), seen |= 8;
-        else if (key == "paleWinTitle") p.s_WinTitle = r.readString(), seen |= 16;
-        else if (key == "paleParticulars") p.s_Particulars = r.readString(), particulars = true;
-        else r.skipValue();
-    }
-    static const char* names[] = {"numRows", "numColumns", "paleName", "paleAlias", "paleWinTitle"};
-    for (unsigned i = 0; i < 5; ++i)
-        if (!(seen & (1u << i))) missingKey(names[i]);
-    if (!particulars && tellAbsentKeys) Dialogs::message(transitionMessage("Particulars"));
+    DataFileKeys::ButtonNumber none;
+    DataFileKeys::readObject<DataFileKeys::kPaletteKeys, true>(r, p, none, key, tellAbsentKeys);
 }
 
 void nextElementOrFail(JsonText::Reader& r) {
@@ -248,8 +105,8 @@ QString ZOR::JSON_CreateData() {
         w.member("WinWidth", rect.width());
         w.endObject();
         for (const PaletteDict& slot : DP) {
-            for (const BtnRef& b : *slot.a_Btn) writeButton(w, *b);
-            writePalette(w, slot);
+            for (const BtnRef& b : *slot.a_Btn) DataFileKeys::writeObject<DataFileKeys::kButtonKeys>(w, *b);
+            DataFileKeys::writeObject<DataFileKeys::kPaletteKeys>(w, slot);
         }
         w.endArray();
         QString text = w.take();
@@ -297,8 +154,8 @@ bool parseStore(const std::shared_ptr<StoreText>& source) {
             else if (key == "WinWidth") initialWinWidth = r.readInteger();
             else r.skipValue();
         }
-        if (!haveLast) missingKey("LastPaletteIndex");
-        if (!haveCurrent) missingKey("CurrentPalette");
+        if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
+        if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
         if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
             throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
         while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
@@ -345,11 +202,6 @@ void startBesideUnreadableFile() {
     ZOR::idxCP = -1;
     ZOR::dataFileUnreadable = true;
     ZOR::CreateFirstPalette();
-    ZOR::OfferBackupWindowAtStart(
-        "ZOR_Palette could not read its data file, PreserveState.txt, so it shows a fresh first palette for now. The "
-        "file stays exactly as it is: nothing will be saved over it when you quit.\n\nTo get your palettes back, "
-        "press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, for "
-        "instance one from the folder EmergencyPreserveStateBU.");
 }
 
 // Every way the file can fail, from opening to the last palette, reports once and gives false.

@@ -125,18 +125,4 @@ void ZOR::SavePaletteToDP() {
 
 void ZOR::BreakBtnLinkToDP() { aBtn = std::make_shared<std::vector<BtnRef>>(); }
 
-void ZOR::ResetStore() {
-    DP.clear();
-    BreakBtnLinkToDP();
-    idxCP = -1;
-    idxCurrentBtn = 0;
-    numRows = numColumns = 0;
-    paleName.clear();
-    paleAlias.clear();
-    paleWinTitle.clear();
-    paleParticulars.clear();
-    paletteContentChange = paletteActiveChange = QuitSavePaletteChanges = false;
-    dataFileUnreadable = false;
-    aAlphabetShortcut.clear();
-    initialWinTop = initialWinLeft = initialWinHeight = initialWinWidth = 0;
-}
+void ZOR::ResetStore() { properties = Properties(); }

@@ -73,12 +73,12 @@ public:
     void endArray() { put(u']'); }
     void beginObject() { open(u'{'); }
     void endObject() { put(u'}'); }
-    // A key is a literal: its length is known here, and its characters are stored as they stand.
-    template <size_t N> void key(const char (&name)[N]) {
+    // A key is a name of the program's own, in ASCII: its characters are stored as they stand.
+    void key(std::string_view name) {
         separate();
-        room(qsizetype(N) + 2);
+        room(qsizetype(name.size()) + 3);
         *cursor++ = u'"';
-        for (size_t i = 0; i + 1 < N; ++i) *cursor++ = char16_t(uint8_t(name[i]));
+        for (const char c : name) *cursor++ = char16_t(uint8_t(c));
         *cursor++ = u'"';
         *cursor++ = u':';
         needComma = false;
@@ -90,7 +90,7 @@ public:
         flag ? putAscii("true") : putAscii("false");
     }
     void value(int number) { value(qint64(number)); }
-    template <size_t N, class V> void member(const char (&name)[N], const V& v) { key(name), value(v); }
+    template <class V> void member(std::string_view name, const V& v) { key(name), value(v); }
     QString take();
 
 private:

@@ -1,4 +1,4 @@
-#include "store/JsonText.h"
+#include "json/JsonText.h"
 
 #include "util/StringUtils.h"
 #include "util/ZorError.h"

@@ -1,4 +1,4 @@
-#include "store/winManageBU.h"
+#include "backup/winManageBU.h"
 
 #include "help/GeneralMethods.h"
 #include "store/ItemCopy.h"
@@ -9,14 +9,12 @@
 #include "util/Guard.h"
 #include "util/StdFolders.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -217,13 +215,4 @@ bool winManageBU::ShowModal() {
     const Dialogs::Answer answer =
         Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
     return answer.button == kQuitProgram;
-}
-
-void ZOR::OfferBackupWindowAtStart(const QString& message) {
-    Guard::run(Guard::Where::module("ZOR", "OfferBackupWindowAtStart"), [&] {
-        if (!RtrnBoolean::rbOKCancel(message, 1, QStringLiteral("Manage PreserveState Backup"))) return;
-        if (!winManageBU::ShowModal()) return;
-        // The palette window is not there yet; it closes, and so ends the program, once the event loop runs.
-        QTimer::singleShot(0, qApp, [] { QApplication::closeAllWindows(); });
-    });
 }
