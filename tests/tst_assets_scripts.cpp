@@ -65,9 +65,11 @@ private slots:
 
         // A press selects, a second press on the same row lets go.
         pressRow(w->lbAppleScript, 0);
-        QVERIFY(w->pbMoveToWorkshop->isEnabled() && w->lbAppleScript->topLevelItem(0)->isSelected());
+        QVERIFY(w->pbMoveToWorkshop->isEnabled());
+        QVERIFY(w->lbAppleScript->topLevelItem(0)->isSelected());
         w->lbAppleScript_CellPressed(0);
-        QVERIFY(!w->pbMoveToWorkshop->isEnabled() && !w->lbAppleScript->topLevelItem(0)->isSelected());
+        QVERIFY(!w->pbMoveToWorkshop->isEnabled());
+        QVERIFY(!w->lbAppleScript->topLevelItem(0)->isSelected());
 
         // To the Workshop, where the button's link has no file and turns purple, and back.
         w->lbAppleScript_CellPressed(0);
@@ -78,7 +80,8 @@ private slots:
         w->pbMoveToAppleScript_Pressed();
         QCOMPARE(rows(w->lbAppleScript) + rows(w->lbActiveAppleScripts, {3}),
                  QStringList({"good.scpt", "good"}));
-        QVERIFY(!w->pbMoveToAppleScript->isEnabled() && !w->pbMoveToWorkshop->isEnabled());
+        QVERIFY(!w->pbMoveToAppleScript->isEnabled());
+        QVERIFY(!w->pbMoveToWorkshop->isEnabled());
 
         // A plain move never replaces a script of the same name.
         home->write("Desktop/AppleScriptWorkshop/good.scpt", "another good");
@@ -87,8 +90,9 @@ private slots:
         dialogs->clear();
         w->lbWorkshop_CellPressed(1);
         w->pbMoveToAppleScript_Pressed();
-        QVERIFY(dialogs->texts().size() == 1 &&
-                dialogs->texts()[0].startsWith("Could not move good.scpt to Apple_Scripts: "));
+        QCOMPARE(dialogs->texts().size(), 1);
+        QVERIFY2(dialogs->texts()[0].startsWith("Could not move good.scpt to Apple_Scripts: "),
+                 qPrintable(dialogs->texts()[0]));
         QCOMPARE(lostSince(before, home->home()), QStringList());
     }
 

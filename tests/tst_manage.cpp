@@ -109,7 +109,8 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList{"This is the already chosen palette."});
         pressRow(w.lbPalette, 2);
         QTest::mouseClick(w.pbOK, Qt::LeftButton);
-        QVERIFY(ZOR::idxCP == 3 && !w.isVisible());
+        QCOMPARE(ZOR::idxCP, 3);
+        QVERIFY(!w.isVisible());
     }
 
     // A new palette takes the alias, or the active palette P00 is renamed; other palettes hold `inUse`.
@@ -166,8 +167,11 @@ private slots:
         }
         QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "refused"}));
         QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
-        QVERIFY(ZOR::DP.size() == 100 && ZOR::DP[2].i_NumRows == 4 && ZOR::paletteContentChange && ZOR::idxCP == 3 &&
-                ZOR::aBtn == ZOR::DP[3].a_Btn);
+        QCOMPARE(ZOR::DP.size(), size_t(100));
+        QCOMPARE(ZOR::DP[2].i_NumRows, 4);
+        QVERIFY(ZOR::paletteContentChange);
+        QCOMPARE(ZOR::idxCP, 3);
+        QVERIFY(ZOR::aBtn == ZOR::DP[3].a_Btn); // the very array of the slot
     }
 
     void renameTitles_data() {
@@ -233,9 +237,12 @@ private slots:
             all.insert("261123_090807P03/P03/" + path, bytes);
         Clock::set(QDateTime(QDate(2026, 11, 23), QTime(9, 8, 7)));
         dialogs->queueOK(true);
-        QVERIFY(pressDelete() && dialogs->requests.first().kind == Dialogs::Kind::OKCancel);
+        QVERIFY(pressDelete());
+        QCOMPARE(dialogs->requests.first().kind, Dialogs::Kind::OKCancel);
         QCOMPARE(filesBelow(removed()), all);
-        QVERIFY(!QDir(pictures("P03")).exists() && ZOR::DP.size() == 4 && ZOR::aBtn == ZOR::DP[0].a_Btn);
+        QVERIFY(!QDir(pictures("P03")).exists());
+        QCOMPARE(ZOR::DP.size(), size_t(4));
+        QVERIFY(ZOR::aBtn == ZOR::DP[0].a_Btn);
         QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
                  QStringList({"ZOR Palette", "Original", "P00"}));
     }
@@ -284,8 +291,10 @@ private slots:
         const QByteArray text = file.readAll().replace("\"Original\"", "\"\\u2400\"");
         file.resize(0), file.write(text), file.close();
         winMain& main = program->start();
-        QVERIFY(ZOR::idxCP == 0 && ZOR::DP[0].s_Alias == kNoShortcut && main.windowTitle() == "ZOR Palette" &&
-                dialogs->texts().isEmpty());
+        QCOMPARE(ZOR::idxCP, 0);
+        QCOMPARE(ZOR::DP[0].s_Alias, kNoShortcut);
+        QCOMPARE(main.windowTitle(), "ZOR Palette");
+        QCOMPARE(dialogs->texts(), QStringList());
         winNewPalette w;
         w.tfAlias->setText("Home");
         QTest::mouseClick(w.pbOK, Qt::LeftButton);

@@ -15,7 +15,8 @@ void paint(const QString& path, QColor colour, int side, const QDateTime& modifi
     QDir().mkpath(QFileInfo(path).path());
     QVERIFY(picture.save(path, "BMP"));
     QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(modified, QFileDevice::FileModificationTime));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(modified, QFileDevice::FileModificationTime));
 }
 
 void change(const QString& path, Change how, QColor colour) {
@@ -72,7 +73,8 @@ private slots:
         QByteArray bytes = entry.readAll();
         QVERIFY(bytes.count(QByteArray("\x00\x00\xff\xff", 4)) >= 64 * 64);
         bytes.replace(QByteArray("\x00\x00\xff\xff", 4), QByteArray("\xff\x00\x00\xff", 4));
-        QVERIFY(entry.seek(0) && entry.write(bytes) == bytes.size());
+        QVERIFY(entry.seek(0));
+        QCOMPARE(entry.write(bytes), bytes.size());
         entry.close();
 
         program = std::make_unique<Program>();

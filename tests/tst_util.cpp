@@ -61,7 +61,8 @@ private slots:
             QVERIFY(FileTools::StringToFileItem(text, name, home->home() + "/f"));
             QCOMPARE(readAll(target), text.toUtf8()); // no BOM, nothing left of the longer old content
         }
-        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", home->home() + "/f/notes.text/sub") && dialogs->beeps() == 1);
+        QVERIFY(!FileTools::StringToFileItem("x", "PreserveState", home->home() + "/f/notes.text/sub"));
+        QCOMPARE(dialogs->beeps(), 1);
         QCOMPARE(dialogs->texts(), QStringList{"Somehow unable to create the PreserveState.txt file. Method: StringToFileItem"});
 
         // A write that runs out of room (a file-size limit binds root too) must keep the old file.
@@ -75,9 +76,12 @@ private slots:
         const bool written = FileTools::StringToFileItem(QString(4096, 'y'), "PreserveState", home->home() + "/f");
         setrlimit(RLIMIT_FSIZE, &before);
         std::signal(SIGXFSZ, oldHandler);
-        QVERIFY(!written && readAll(target) == "old");
+        QVERIFY(!written);
+        QCOMPARE(readAll(target), "old");
         const QString shown = dialogs->texts().join('|');
-        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: ") && shown.endsWith(". The file that was there before is unchanged.") && dialogs->texts().size() == 1, qPrintable(shown));
+        QCOMPARE(dialogs->texts().size(), 1);
+        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: "), qPrintable(shown));
+        QVERIFY2(shown.endsWith(". The file that was there before is unchanged."), qPrintable(shown));
         QCOMPARE(QDir(home->home() + "/f").entryList(QDir::Files), (QStringList{"notes.text", "PreserveState.txt"}));
     }
 
@@ -101,7 +105,9 @@ private slots:
         QCOMPARE(FileTools::TextToFile("x", "up", home->home() + "/../zor_up", 0), home->home() + outside + "/zor_up/up.txt");
         QVERIFY(!QFileInfo::exists(outside + "/zor_up")); // the folder beside home is shared: look only for ours
         home->write("blocker", "mine");
-        QVERIFY(FileTools::TextToFile("x", "n", "blocker/sub", 0).isEmpty() && dialogs->beeps() == 1 && readAll(home->home() + "/blocker") == "mine");
+        QCOMPARE(FileTools::TextToFile("x", "n", "blocker/sub", 0), QString());
+        QCOMPARE(dialogs->beeps(), 1);
+        QCOMPARE(readAll(home->home() + "/blocker"), "mine");
         QCOMPARE(dialogs->texts(), (QStringList{"Oops! FileTools.CreateAllFoldersInPath\nMODULE: FileTools\nMETHOD: CreateAllFoldersInPath\nTYPE: IOException",
                                                "Somehow unable to create the n.txt file. Method: TextToFile"})); // the rows above told nothing
     }

@@ -22,6 +22,13 @@ inline QByteArray picture(int width, int height, QColor colour = Qt::red, const 
     return bytes;
 }
 
+// A value as qDebug() prints it, for the message of a check that QCOMPARE does not fit.
+template <class T> QByteArray printed(const T& value) {
+    QString text;
+    QDebug(&text).nospace() << value;
+    return text.toUtf8();
+}
+
 inline QByteArray readAll(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
