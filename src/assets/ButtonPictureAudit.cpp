@@ -1,6 +1,7 @@
 #include "assets/ButtonPictureAudit.h"
 
 #include "pictures/ButtonPictureFiles.h"
+#include "util/AppGlobals.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
 
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <vector>
 
-const QString ButtonPictureAudit::kRemovedFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
 
 namespace {
 bool isHidden(const QString& name) {
@@ -51,7 +51,7 @@ std::vector<Child> children(const QString& folder) {
 }
 
 QString movedText(const QString& what, const QString& name, const QString& how) {
-    return what + " File: " + name + how + ButtonPictureAudit::kRemovedFolder + " on Desktop.";
+    return what + " File: " + name + how + AppGlobals::kRemovedPicturesFolder + " on Desktop.";
 }
 
 // The folders are Finder-filled and may be long: keep the window's events flowing, now and then.
@@ -85,7 +85,7 @@ QSize ButtonPictureAudit::PictureSize(const QString& path) {
 
 bool ButtonPictureAudit::MoveOut(const QString& path) {
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
-        removedFolder = FileTools::CreateFolderOnDesktop(kRemovedFolder);
+        removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
     if (removedFolder.isEmpty() || stuck.contains(path)) return false;
     if (FileTools::MoveRenameOrSay(path, removedFolder).isEmpty()) {
         stuck.insert(path);
@@ -143,7 +143,7 @@ void ButtonPictureAudit::RemoveBadFolderNames() {
 
 QStringList ButtonPictureAudit::ListAllPictures() {
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
-        removedFolder = FileTools::CreateFolderOnDesktop(kRemovedFolder);
+        removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
     QStringList rows;
     for (const QString& palette : asButFolders) {
         const QString folder = QDir(butFolder).filePath(palette);

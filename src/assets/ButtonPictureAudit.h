@@ -7,10 +7,10 @@
 
 // The rules of the button picture folders and the audit that takes out what breaks them: a
 // picture's name as the palette window reads it, with more checks of its own.
-// Nothing is deleted: every offender moves to the Desktop folder kRemovedFolder, links as links.
+// Nothing is deleted: every offender moves to the Desktop folder RemovedZOR_PaletteButtonPictures,
+// links as links.
 class ButtonPictureAudit {
 public:
-    static const QString kRemovedFolder;
 
     // butFolder is ButtonPictures; paletteFolder is the current palette's folder inside it.
     ButtonPictureAudit(QString butFolder, QString paletteFolder);

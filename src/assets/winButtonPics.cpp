@@ -7,6 +7,7 @@
 #include "help/HelpLabels.h"
 #include "pictures/ButtonPictureFiles.h"
 #include "store/ZOR.h"
+#include "util/AppGlobals.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
 #include "util/FileTypes.h"
@@ -263,7 +264,7 @@ void winButtonPics::pbToDesktop_Pressed() {
         const QString id = labID->text();
         const QString path = audit->diFile.value(id);
         const QString target =
-            QDir(StdFolders::desktop()).filePath(ButtonPictureAudit::kRemovedFolder + '/' + ZOR::paleName);
+            QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder + '/' + ZOR::paleName);
         if (!QFileInfo(target).isDir()) FileTools::CreateAllFoldersInPath(target);
         if (!QFileInfo(target).isDir())
             Dialogs::message("There is a bug in the Remove Picture button: the folder " + target +

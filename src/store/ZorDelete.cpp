@@ -12,7 +12,6 @@
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
-const QString kRemovedFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
 
 bool exists(const QString& path) { return QFileInfo(path).exists() || QFileInfo(path).isSymLink(); }
 
@@ -43,9 +42,9 @@ QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
                 throw IOException("Could not remove the empty folder " + pictures.path() + '.');
             return {};
         }
-        const QString removedPath = FileTools::CreateFolderOnDesktop(kRemovedFolder);
+        const QString removedPath = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
         if (removedPath.isEmpty())
-            throw IOException("Could not create the folder " + kRemovedFolder + " on the Desktop.");
+            throw IOException("Could not create the folder " + AppGlobals::kRemovedPicturesFolder + " on the Desktop.");
         const QDir removed(removedPath);
         const QString into =
             exists(removed.filePath(paletteName)) ? stampedFolder(removed, paletteName) : removedPath;

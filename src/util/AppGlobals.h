@@ -15,4 +15,6 @@ inline QString folderPathAS;
 inline QString folderPathButFolder;
 
 inline const QString kAppFolderName = QStringLiteral("net.lunvale.ZOR-Palette");
+// The Desktop folder where pictures taken off their buttons go; nothing is deleted.
+inline const QString kRemovedPicturesFolder = QStringLiteral("RemovedZOR_PaletteButtonPictures");
 } // namespace AppGlobals
