@@ -6,7 +6,7 @@
 #include <QImage>
 
 inline void BuildFullStore(qint64 current) {
-    ZOR::ResetStore();
+    ZOR::resetStore();
     ZOR::MakeAlphabetShortcuts();
     ZOR::CreateFirstPalette();
     for (int p = 1; p < 100; ++p) {

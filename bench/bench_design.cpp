@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
     }
     AppGlobals::appSupportFolder = support;
     FileTools::StringToFileItem(ZOR::JSON_CreateData(), "PreserveState", support);
-    ZOR::ResetStore();
+    ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
 
     const std::unique_ptr<winMain> started = App::StartPaletteWindow();

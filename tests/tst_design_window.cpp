@@ -85,7 +85,7 @@ class DesignWindowTest : public WindowTest {
     // A store without a program: one palette's buttons on a grid of 3 x 4, none chosen.
     static void bareStore() {
         ZOR::MakeAlphabetShortcuts();
-        ZOR::aBtn = ZOR::NewButtonArray();
+        ZOR::aBtn = ZOR::newButtonArray();
         ZOR::numRows = 3, ZOR::numColumns = 4, ZOR::idxCurrentBtn = -1;
     }
 
@@ -430,7 +430,7 @@ private slots:
         b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i";
         ZOR::idxCurrentBtn = 11;
         ccGC cell;
-        cell.butID = StringUtils::TwoDigits(index);
+        cell.butID = StringUtils::twoDigits(index);
         const QImage shot = cell.grab().toImage();
         QTEST(shot.pixelColor(48, 28), "fill");
         QTEST(shot.pixelColor(27, index == 11 ? 1 : 0), "frame");

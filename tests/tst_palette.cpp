@@ -395,7 +395,7 @@ private slots:
         QList<bool> runs;
         for (const char* editor : {"true", "false"}) { // the engine's own answer is false
             tools->setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editor);
-            runs << ZOR::KeyboardMaestroEngineRuns();
+            runs << ZOR::keyboardMaestroEngineRuns();
         }
         QCOMPARE(runs, (QList<bool>{true, false}));
     }

@@ -53,13 +53,13 @@ void retireOldFolder(const QString& support) {
 
 // The current palette's pictures are decoded on worker threads while the data file is read.
 void startOnCurrentPictures() {
-    const qint64 current = ZOR::PeekCurrentPalette();
+    const qint64 current = ZOR::peekCurrentPalette();
     if (current < 0 || current > 99) return;
-    const QString name = "P" + StringUtils::TwoDigits(current);
+    const QString name = "P" + StringUtils::twoDigits(current);
     QStringList paths;
-    for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
+    for (const auto& file : buttonPictureFiles(palettePictureFolder(name)))
         paths << file.second;
-    PictureCache::PrefetchAtStart(paths);
+    PictureCache::prefetchAtStart(paths);
 }
 
 // The store could not read its data file and left it as it is: the user may restore a backup now.
@@ -180,11 +180,11 @@ private:
 // Shows the palette window; what its first frame does not need follows once it is drawn.
 void showPaletteWindow(winMain& window) {
     new AfterFirstFrame(window, [] {
-        ZOR::KeepDataText();
-        Help::FillDictionaryWhenNeeded();
+        ZOR::keepDataText();
+        Help::fillDictionaryWhenNeeded();
 #ifndef Q_OS_MACOS
         // The Mac shows the bundle's own icon. Elsewhere the window takes the small one.
-        QApplication::setWindowIcon(ApplicationIcon());
+        QApplication::setWindowIcon(applicationIcon());
 #endif
     });
     window.show();
@@ -192,17 +192,17 @@ void showPaletteWindow(winMain& window) {
 } // namespace
 
 std::unique_ptr<winMain> App::StartPaletteWindow() {
-    ErrorHandling::Install();
+    ErrorHandling::install();
     Event_Opening();
     auto window = std::make_unique<winMain>();
-    MenuTable::Install(*window);
+    MenuTable::install(*window);
     window->Event_Opening();
     showPaletteWindow(*window);
     return window;
 }
 
 int App::Main(int argc, char* argv[]) {
-    FileTypes::Build();
+    FileTypes::build();
     App app(argc, argv);
     const FontsFilledAside fonts;
     const std::unique_ptr<winMain> window = StartPaletteWindow();

@@ -65,7 +65,7 @@ ButtonPictureAudit::ButtonPictureAudit(QString butFolder_, QString paletteFolder
     : butFolder(std::move(butFolder_)), paletteFolder(std::move(paletteFolder_)) {}
 
 bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
-    if (ButtonOfPicture(name) < 0) return false;
+    if (buttonOfPicture(name) < 0) return false;
     const qsizetype dot = name.indexOf('.');
     if (dot < 0) return false;
     const QStringView rest = QStringView(name).mid(dot);
@@ -87,7 +87,7 @@ bool ButtonPictureAudit::MoveOut(const QString& path) {
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
         removedFolder = FileTools::CreateFolderOnDesktop(kRemovedFolder);
     if (removedFolder.isEmpty() || stuck.contains(path)) return false;
-    if (FileTools::MoveRenameOrSay(path, removedFolder).isEmpty()) {
+    if (FileTools::moveRenameOrSay(path, removedFolder).isEmpty()) {
         stuck.insert(path);
         return false;
     }
@@ -100,7 +100,7 @@ void ButtonPictureAudit::CheckCurrentPalette() {
         breathe();
         if (isFolder(file) || isHidden(name)) continue;
         QString message;
-        const bool named = ButtonOfPicture(name) >= 0;
+        const bool named = buttonOfPicture(name) >= 0;
         const QSize size = named ? PictureSize(file.filePath()) : QSize();
         if (!named)
             message = movedText("The file name is supposed to start with two digits.", name, " is moved to ");
@@ -136,7 +136,7 @@ void ButtonPictureAudit::RemoveBadFolderNames() {
     for (qsizetype i = asButFolders.size() - 1; i >= 0; --i) {
         breathe();
         const QString& name = asButFolders[i];
-        if (IsPaletteFolderName(name)) continue;
+        if (isPaletteFolderName(name)) continue;
         if (MoveOut(QDir(butFolder).filePath(name))) asButFolders.removeAt(i);
     }
 }

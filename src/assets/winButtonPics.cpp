@@ -72,7 +72,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     resize(580, 620);
 
     labCurrentName = Label(this, "labCurrentName", {}, {12, 8, 200, 28});
-    labCurrentName->setFont(Fonts::Sized("System", 18));
+    labCurrentName->setFont(Fonts::sized("System", 18));
     labCurrentAlias = Label(this, "labCurrentAlias", {}, {12, 36, 330, 20});
 
     lbButPic = ListBox(this, "lbButPic", {}, {12, 62, 170, 226});
@@ -128,7 +128,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     pbCancelAdd->setGeometry(462, 192, 80, 28);
     pbCancelAdd->setEnabled(false);
 
-    pbHelpButGraphics = HelpButton::Round(this, "pbHelpButGraphics", {372, 254, 26, 26});
+    pbHelpButGraphics = HelpButton::round(this, "pbHelpButGraphics", {372, 254, 26, 26});
     pbDone = new QPushButton("Done", this);
     pbDone->setObjectName("pbDone");
     pbDone->setGeometry(462, 252, 80, 30);
@@ -269,7 +269,7 @@ void winButtonPics::pbToDesktop_Pressed() {
             Dialogs::message("There is a bug in the Remove Picture button: the folder " + target +
                              " could not be made.");
         const QString name = QFileInfo(path).fileName();
-        if (!path.isEmpty() && FileTools::MoveRenameOrSay(path, target).isEmpty()) return; // it stays listed
+        if (!path.isEmpty() && FileTools::moveRenameOrSay(path, target).isEmpty()) return; // it stays listed
         audit->diFile.remove(id);
         if (QTreeWidgetItem* selected = lbButPic->currentItem(); selected && selected->isSelected())
             delete selected;
@@ -311,7 +311,7 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             labPicToAdd->setText(name);
         }
         const QString id = name.left(2);
-        if (ButtonOfPicture(name) >= 0) {
+        if (buttonOfPicture(name) >= 0) {
             labID_Add->setText(id);
             if (audit->diFile.contains(id)) {
                 Dialogs::message("There is already a picture for the button " + id);
@@ -382,7 +382,7 @@ void winButtonPics::CleanUpAddingPicture() {
 
 void winButtonPics::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        ZOR::ViewFollows();
+        ZOR::viewFollows();
         accept();
     });
 }

@@ -114,7 +114,7 @@ winManageAS::winManageAS(QWidget* parent)
         "Files found in the AppleScript Folder that do not appear to be AppleScripts. They will "
         "be moved to AppleScriptWorkshop");
 
-    pbHelpManageAS = HelpButton::Round(this, "pbHelpManageAS", {846, 580, 26, 26});
+    pbHelpManageAS = HelpButton::round(this, "pbHelpManageAS", {846, 580, 26, 26});
     pbDone = button(this, "pbDone", "Done", {888, 578, 100, 30});
     pbDone->setDefault(true);
 
@@ -211,7 +211,7 @@ void winManageAS::BadFileExtension() {
         fill(lbRemoved, bad);
         const QString target = FileTools::CreateFolderOnDesktop(kWorkshop);
         for (const QString& name : bad)
-            FileTools::MoveRenameOrSay(QDir(FolderAS()).filePath(name), target);
+            FileTools::moveRenameOrSay(QDir(FolderAS()).filePath(name), target);
         Dialogs::message(
             QString::number(bad.size()) +
             " file(s) with the incorrect extension removed from the AppleScript Folder and placed "
@@ -350,7 +350,7 @@ void winManageAS::pbMoveToAppleScript_Pressed() {
 
 void winManageAS::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        if (PaletteView* view = ZOR::View()) view->SetPaletteTitle(ZOR::paleWinTitle);
+        if (PaletteView* view = ZOR::view()) view->setPaletteTitle(ZOR::paleWinTitle);
         accept();
     });
 }

@@ -23,12 +23,12 @@ ccDataIntUpDown::ccDataIntUpDown(QWidget* parent) : QWidget(parent) {
     resize(155, 40);
     labTitle = new QLabel(this);
     labTitle->setObjectName("labTitle");
-    labTitle->setFont(Fonts::Sized("System", 13));
+    labTitle->setFont(Fonts::sized("System", 13));
     labTitle->setGeometry(0, 10, 80, 20);
     colour(labTitle, QColor(0x42, 0x42, 0x42));
     labValue = new QLabel(this);
     labValue->setObjectName("labValue");
-    labValue->setFont(Fonts::Sized("System", 13));
+    labValue->setFont(Fonts::sized("System", 13));
     labValue->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     labValue->setGeometry(80, 10, 40, 20);
     colour(labValue, Qt::black);

@@ -17,14 +17,14 @@ ccDataStrUpDown::ccDataStrUpDown(QWidget* parent) : QWidget(parent) {
     resize(200, 40);
     labTitle = new QLabel(this);
     labTitle->setObjectName("labTitle");
-    labTitle->setFont(Fonts::Sized("System", 13));
+    labTitle->setFont(Fonts::sized("System", 13));
     labTitle->setGeometry(0, 10, 125, 20);
     QPalette p = labTitle->palette();
     p.setColor(QPalette::WindowText, QColor(0x42, 0x42, 0x42));
     labTitle->setPalette(p);
     labValue = new QLabel(this);
     labValue->setObjectName("labValue");
-    labValue->setFont(Fonts::Sized("System", 15));
+    labValue->setFont(Fonts::sized("System", 15));
     labValue->setAlignment(Qt::AlignCenter);
     labValue->setGeometry(125, 10, 40, 20);
     SetValueColor(QColor(0xA9, 0xA9, 0xA9));

@@ -47,7 +47,7 @@ QFont ccGC::GridFont(int pixels) {
             if (installed.contains(QString::fromLatin1(candidate))) return QString::fromLatin1(candidate);
         return QStringLiteral("System");
     }();
-    return Fonts::Sized(family, pixels);
+    return Fonts::sized(family, pixels);
 }
 
 ccGC::Look ccGC::CurrentLook() const {

@@ -43,7 +43,7 @@ winConstruct::~winConstruct() {
 }
 
 void winConstruct::BuildFrame() {
-    pbHelpGridCon = HelpButton::Round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
+    pbHelpGridCon = HelpButton::round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
     connect(pbHelpGridCon, &QPushButton::clicked, this, &winConstruct::pbHelpGridCon_Pressed);
     pbDone = make<QPushButton>(this, "pbDone", QRect(985, 728, 95, 30), "Done");
     connect(pbDone, &QPushButton::clicked, this, &winConstruct::pbDone_Pressed);
@@ -86,7 +86,7 @@ void winConstruct::Event_Opening() {
 
         QStringList hidden;
         for (const auto& [n, path] :
-             ButtonPictureFiles(PalettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
+             buttonPictureFiles(palettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
             if (size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis) hidden << QString::number(n);
         if (!hidden.isEmpty()) {
             const QString message =
@@ -102,9 +102,9 @@ void winConstruct::Event_Opening() {
         DefaultOutsideUsedGrid();
         for (int i = 0; i < 100; ++i) {
             auto* cell = new ccGC(this);
-            cell->setObjectName("ccGC" + StringUtils::TwoDigits(i));
+            cell->setObjectName("ccGC" + StringUtils::twoDigits(i));
             cell->move(i % 10 * ccGC::kSize + 20, i / 10 * ccGC::kSize + 200);
-            cell->butID = StringUtils::TwoDigits(i);
+            cell->butID = StringUtils::twoDigits(i);
             connect(cell, &ccGC::MouseUp, this, &winConstruct::GridClicked);
             accGC.append(cell);
         }
@@ -152,7 +152,7 @@ void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
         FieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
-        ZOR::ViewFollows();
+        ZOR::viewFollows();
         opened = false;
         accept();
     });

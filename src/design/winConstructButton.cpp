@@ -58,7 +58,7 @@ void winConstruct::BuildButtonHalf() {
     ccShortcutUpDown = make<ccDataStrUpDown>(this, "ccShortcutUpDown", QRect(612, 280, 200, 40));
     labKB_ShortcutInfo = infoLabel(this, "labKB_ShortcutInfo", 24, QRect(815, 289, 20, 22));
     labShortcut = make<QLabel>(this, "labShortcut", QRect(845, 280, 50, 40));
-    QFont letter = Fonts::Sized("Menlo", 26);
+    QFont letter = Fonts::sized("Menlo", 26);
     letter.setBold(true);
     labShortcut->setFont(letter);
     labShortcut->setAlignment(Qt::AlignCenter);
@@ -177,7 +177,7 @@ void winConstruct::EditButton(int index) {
     Guard::run(windowMethod("EditButton"), [&] {
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         editingGridButton = true;
-        labID->setText(StringUtils::TwoDigits(index));
+        labID->setText(StringUtils::twoDigits(index));
         ccShortcutUpDown->SetValueColor(Qt::black);
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(true);
@@ -306,7 +306,7 @@ QString winConstruct::PaletteGoMakeAcceptable(const QString& text) {
     bool ok = false;
     const int n = digits.toInt(&ok);
     if (!ok || n < 0 || n > 99) return {};
-    return StringUtils::TwoDigits(n);
+    return StringUtils::twoDigits(n);
 }
 
 bool winConstruct::IsAppleScriptNameExist(const QString& name) {

@@ -230,7 +230,7 @@ void winConstruct::tfWinTitle_FocusLost() {
     Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
         const QString title = CleanWindowTitle(tfWinTitle->text(), ZOR::paleName);
         tfWinTitle->setText(title);
-        if (PaletteView* view = ZOR::View()) view->SetPaletteTitle(title);
+        if (PaletteView* view = ZOR::view()) view->setPaletteTitle(title);
         ZOR::paleWinTitle = title;
         ZOR::paletteContentChange = true;
     });

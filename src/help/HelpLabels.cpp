@@ -52,7 +52,7 @@ QColor labZor::textColor() const {
     return palette().color(foregroundRole());
 }
 
-bool labZor::OpensHelp(Qt::KeyboardModifiers modifiers) const {
+bool labZor::opensHelp(Qt::KeyboardModifiers modifiers) const {
     // Option is Qt's Alt modifier on the Mac.
     return !shiftRule || (modifiers & (Qt::AltModifier | Qt::ShiftModifier));
 }
@@ -84,7 +84,7 @@ void labZor::MouseExit() {
 
 void labZor::MouseUp(Qt::KeyboardModifiers modifiers) {
     Guard::run(where(*this, QStringLiteral("MouseUp")), [&] {
-        if (OpensHelp(modifiers)) Help::ShowHelp(helpID);
+        if (opensHelp(modifiers)) Help::ShowHelp(helpID);
     });
 }
 

@@ -54,7 +54,7 @@ public:
     QColor textColor() const;
 
     // Whether a click with these modifier keys opens help.
-    bool OpensHelp(Qt::KeyboardModifiers modifiers) const;
+    bool opensHelp(Qt::KeyboardModifiers modifiers) const;
 
     void MouseEnter();
     void MouseExit();

@@ -30,6 +30,6 @@ QString AliasRules::MadeUnique(const QString& alias) {
     // The suffix is added to the text as it stands: a third try for Work is Work0102.
     QString out = alias;
     for (int n = 1; IsInUse(out); ++n)
-        out += StringUtils::TwoDigits(n);
+        out += StringUtils::twoDigits(n);
     return out;
 }

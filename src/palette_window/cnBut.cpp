@@ -7,7 +7,7 @@
 #include <QPainter>
 
 cnBut::cnBut(winMain* owner, int buttonIndex, QWidget* parent) : QWidget(parent), window(owner), index(buttonIndex) {
-    setObjectName("cnBut" + StringUtils::TwoDigits(buttonIndex));
+    setObjectName("cnBut" + StringUtils::twoDigits(buttonIndex));
     setGeometry((buttonIndex % 10) * winMain::kCell, (buttonIndex / 10) * winMain::kCell, winMain::kCell,
                 winMain::kCell);
 }

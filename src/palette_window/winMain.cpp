@@ -57,7 +57,7 @@ template <class Label> Label* barLabel(QWidget* parent, const char* name, int le
 } // namespace
 
 winMain::winMain(QWidget* parent)
-    : QMainWindow(parent), numberFont(Fonts::Sized("Helvetica", 24)), letterFont(Fonts::Sized("Menlo", 12)) {
+    : QMainWindow(parent), numberFont(Fonts::sized("Helvetica", 24)), letterFont(Fonts::sized("Menlo", 12)) {
     setObjectName("winMain");
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinimizeButtonHint);
@@ -71,7 +71,7 @@ winMain::winMain(QWidget* parent)
     rectBackgroundTip->setObjectName("rectBackgroundTip");
     rectBackgroundTip->setAutoFillBackground(true);
     labSeeNum = barLabel<QLabel>(gridArea, "labSeeNum", 0, 45);
-    labSeeNum->setFont(Fonts::Sized("Menlo", 12));
+    labSeeNum->setFont(Fonts::sized("Menlo", 12));
     labTip = barLabel<labZor>(gridArea, "labTip", 44, 578);
     labTip->setID(5);
     labTip->setEnterColor(QColor(0x94, 0x11, 0x00));
@@ -82,7 +82,7 @@ winMain::winMain(QWidget* parent)
     labSeeSC->setEnterColor(QColor(0x00, 0x96, 0xFF));
     labSeeSC->setExitColor(QColor(0xFF, 0x93, 0x00));
     labSeeSC->invisibleDefaultText = "*";
-    QFont shortcutFont = Fonts::Sized("Menlo", 18);
+    QFont shortcutFont = Fonts::sized("Menlo", 18);
     shortcutFont.setBold(true);
     labSeeSC->setFont(shortcutFont);
 
@@ -111,11 +111,11 @@ winMain::winMain(QWidget* parent)
     addAction(mainMenuBar->FileQuit);
     connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
 
-    ZOR::RegisterView(this);
+    ZOR::registerView(this);
 }
 
 winMain::~winMain() {
-    if (ZOR::View() == this) ZOR::RegisterView(nullptr);
+    if (ZOR::view() == this) ZOR::registerView(nullptr);
 #ifdef Q_OS_MACOS
     delete mainMenuBar;
 #endif
@@ -126,7 +126,7 @@ void winMain::Event_Opening() {
         for (const char* folder : {"ButtonPictures", "Apple_Scripts", "EmergencyPreserveStateBU"})
             FileTools::CreateFolderInAppSupport(folder);
         RedrawGrid();
-        SetPaletteTitle(ZOR::paleWinTitle);
+        setPaletteTitle(ZOR::paleWinTitle);
         FillBar(kBarYellow);
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
@@ -137,7 +137,7 @@ void winMain::Event_Opening() {
             // The client area's rectangle, as it is saved: frames differ between window managers.
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
         }
-        SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
+        setRestingTexts(ZOR::paleAlias, ZOR::paleName);
     });
 }
 
@@ -155,15 +155,15 @@ void winMain::SizeToGrid(int width, int height) {
 
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
-        const auto files = ButtonPictureFiles(PalettePictureFolder(ZOR::paleName));
+        const auto files = buttonPictureFiles(palettePictureFolder(ZOR::paleName));
         QStringList paths;
         for (const auto& file : files)
             paths << file.second;
-        pictures.Prefetch(paths);
+        pictures.prefetch(paths);
         hasPicture.clear();
         for (const auto& [n, path] : files) {
             try {
-                cnButs[size_t(n)]->SetBackdrop(pictures.Load(path));
+                cnButs[size_t(n)]->SetBackdrop(pictures.load(path));
                 hasPicture.append(n);
             } catch (const IOException& error) {
                 // One bad file must not leave the window half drawn: told once per run, its
@@ -217,8 +217,8 @@ void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
         for (qint64 index : PalettesToWarm())
-            folders << PalettePictureFolder(ZOR::DP[size_t(index)].s_Name);
-        pictures.WarmAhead(folders);
+            folders << palettePictureFolder(ZOR::DP[size_t(index)].s_Name);
+        pictures.warmAhead(folders);
     });
 }
 
@@ -229,14 +229,14 @@ void winMain::EraseAllPictures() {
     });
 }
 
-void winMain::SetPaletteTitle(const QString& title) { setWindowTitle(title); }
+void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
 
-void winMain::SetRestingTexts(const QString& alias, const QString& name) {
+void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labTip->setText(alias);
     labSeeNum->setText(name);
 }
 
-QRect winMain::WindowRect() const { return geometry(); }
+QRect winMain::windowRect() const { return geometry(); }
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {
@@ -250,7 +250,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const int index = canvas.Index();
         if (!hasPicture.contains(index)) {
             g.setFont(numberFont);
-            g.drawText(numberBox.bottomLeft(), StringUtils::TwoDigits(index));
+            g.drawText(numberBox.bottomLeft(), StringUtils::twoDigits(index));
         }
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -270,7 +270,7 @@ void winMain::FillBar(const QColor& colour) {
 }
 
 void winMain::SetTipFontSize(int points) {
-    labTip->setFont(Fonts::Sized("System", points));
+    labTip->setFont(Fonts::sized("System", points));
 }
 
 void winMain::cnBut_MouseEnter(int index) {
@@ -285,7 +285,7 @@ void winMain::cnBut_MouseEnter(int index) {
             if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
             FillBar(colour);
         }
-        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::TwoDigits(index));
+        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::twoDigits(index));
         labTip->setText(LabTipText(index));
         labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
         labSeeSC->setText(b.Shortcut);
@@ -368,8 +368,8 @@ void winMain::FireChain(int index) {
         bool ok = false;
         const qint64 target = b.PaletteGo.trimmed().toLongLong(&ok);
         ZOR::ChangeToPalette(ok ? target : -1);
-    } else if (ZOR::KeyboardMaestroEngineRuns()) {
-        ZOR::FireKM(ZOR::paleName, StringUtils::TwoDigits(index));
+    } else if (ZOR::keyboardMaestroEngineRuns()) {
+        ZOR::FireKM(ZOR::paleName, StringUtils::twoDigits(index));
     } else {
         Dialogs::message("Is Keyboard Maestro Engine running?. I cannot see that it is.");
     }
@@ -408,7 +408,7 @@ bool winMain::eventFilter(QObject* watched, QEvent* event) {
 
 void winMain::labSeeNum_MouseUp() {
     Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"),
-               [this] { Follow(Upto::Pictures); });
+               [this] { follow(Upto::Pictures); });
 }
 
 void winMain::keyPressEvent(QKeyEvent* event) {
@@ -469,7 +469,7 @@ void winMain::Event_MenuBarSelected() {
 
 bool winMain::Event_Closing() {
     return Guard::run(windowEvent("Closing"), [this] {
-        const QRect now = WindowRect();
+        const QRect now = windowRect();
         const bool geometryChanged = now.top() != ZOR::initialWinTop || now.left() != ZOR::initialWinLeft ||
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
@@ -478,7 +478,7 @@ bool winMain::Event_Closing() {
         if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
         ZOR::SavePaletteToDP();
         const QString text = ZOR::JSON_CreateData();
-        if (!ZOR::WriteDataFile(text)) return false;
+        if (!ZOR::writeDataFile(text)) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

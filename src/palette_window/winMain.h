@@ -34,9 +34,9 @@ public:
     // PaletteView
     void EraseAllPictures() override;
     void RedrawGrid() override;
-    void SetPaletteTitle(const QString& title) override;
-    void SetRestingTexts(const QString& alias, const QString& name) override;
-    QRect WindowRect() const override;
+    void setPaletteTitle(const QString& title) override;
+    void setRestingTexts(const QString& alias, const QString& name) override;
+    QRect windowRect() const override;
 
     // canvas events, by the canvas's index
     void cnBut_Paint(cnBut& canvas, QPainter& g);
