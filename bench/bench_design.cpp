@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
 
-    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    const std::unique_ptr<winMain> started = App::startPaletteWindow();
     winMain& window = *started;
     QApplication::processEvents();
 

@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
         const QString folder = support + "/ButtonPictures/P" + StringUtils::twoDigits(p);
         QDir().mkpath(folder);
         for (int i = 0; i < 100; ++i)
-            SaveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i + p * 100);
+            saveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i + p * 100);
     }
     ZOR::MakeAlphabetShortcuts();
     ZOR::CreateFirstPalette();
@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
     ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
 
-    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    const std::unique_ptr<winMain> started = App::startPaletteWindow();
     winMain& window = *started;
     QApplication::processEvents();
     (*ZOR::DP[0].a_Btn)[7]->KM_Active = true;

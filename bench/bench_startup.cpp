@@ -60,8 +60,8 @@ void prepareHome(const QString& home) {
     const QString folder = support + "/ButtonPictures/P" + StringUtils::twoDigits(kCurrent);
     QDir().mkpath(folder);
     for (int i = 0; i < 100; ++i)
-        SaveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i);
-    BuildFullStore(kCurrent);
+        saveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i);
+    buildFullStore(kCurrent);
     ZOR::initialWinTop = 60;
     ZOR::initialWinLeft = 60;
     ZOR::initialWinWidth = 640;

@@ -219,7 +219,7 @@ private slots:
         QTest::mouseClick(w->pbCancel, Qt::LeftButton);
         QCOMPARE(changedSince(before), QList<int>());
         QCOMPARE(ZOR::idxCurrentBtn, -1);
-        QCOMPARE(w->accGC[6]->CurrentLook(), ccGC::Look::Used);
+        QCOMPARE(w->accGC[6]->currentLook(), ccGC::Look::Used);
         QCOMPARE(enabled(*w), kResting);
 
         // A stored delay that is none of the choices is stored as Never at OK.
@@ -306,7 +306,7 @@ private slots:
         const std::vector<Btn> before = buttons();
         arrows(w->ccRowUpDown->udChangeVal, false, 3, true);
         arrows(w->ccColUpDown->udChangeVal, false, 4);
-        QCOMPARE(w->accGC[46]->CurrentLook(), ccGC::Look::Outside);
+        QCOMPARE(w->accGC[46]->currentLook(), ccGC::Look::Outside);
         click(*w, 40); // the first row and the first column outside the grid
         click(*w, 6);
         QCOMPARE(dialogs->beeps(), 2);

@@ -91,7 +91,7 @@ private slots:
         ZOR::aBtn->at(3)->PaletteGo = " 11";
         QTest::mouseClick(w.labSeeNum, Qt::LeftButton); // a redraw, as after any change
         const QList<qint64> nearestFirst{1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 10};
-        QCOMPARE(w.PalettesToWarm(), nearestFirst);
+        QCOMPARE(w.palettesToWarm(), nearestFirst);
         // At idle priority: slow on a busy machine.
         QTRY_COMPARE_WITH_TIMEOUT(QDir(PictureDiskCache::folder()).entryList({"*.pic"}).size(), 3, 60000);
     }

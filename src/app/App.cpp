@@ -71,14 +71,14 @@ void offerBackupWindow() {
             "back, press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, "
             "for instance one from the folder EmergencyPreserveStateBU.";
         if (!RtrnBoolean::rbOKCancel(text, 1, QStringLiteral("Manage PreserveState Backup"))) return;
-        if (!winManageBU::ShowModal()) return;
+        if (!winManageBU::showModal()) return;
         // The palette window is not there yet; it closes, and so ends the program, once the event loop runs.
         QTimer::singleShot(0, qApp, [] { QApplication::closeAllWindows(); });
     });
 }
 } // namespace
 
-QPalette App::FixedPalette() {
+QPalette App::fixedPalette() {
     // Every role of every group is set, so that nothing of the system's palette shows through:
     // in the dark appearance it would give light text on the pale colours the windows paint.
     const std::pair<QPalette::ColorRole, QColor> roles[] = {
@@ -115,7 +115,7 @@ QPalette App::FixedPalette() {
 
 void App::Event_Opening() {
     // Before any window is made: each takes its colours from the application's at creation.
-    QApplication::setPalette(FixedPalette());
+    QApplication::setPalette(fixedPalette());
     Guard::run(Guard::Where::appEvent("Opening").directForm(), [] {
         const QString support = StdFolders::applicationSupport();
         const QDir supportDir(support);
@@ -191,7 +191,7 @@ void showPaletteWindow(winMain& window) {
 }
 } // namespace
 
-std::unique_ptr<winMain> App::StartPaletteWindow() {
+std::unique_ptr<winMain> App::startPaletteWindow() {
     ErrorHandling::install();
     Event_Opening();
     auto window = std::make_unique<winMain>();
@@ -201,10 +201,10 @@ std::unique_ptr<winMain> App::StartPaletteWindow() {
     return window;
 }
 
-int App::Main(int argc, char* argv[]) {
+int App::run(int argc, char* argv[]) {
     FileTypes::build();
     App app(argc, argv);
     const FontsFilledAside fonts;
-    const std::unique_ptr<winMain> window = StartPaletteWindow();
+    const std::unique_ptr<winMain> window = startPaletteWindow();
     return app.exec();
 }

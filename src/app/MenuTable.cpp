@@ -33,8 +33,8 @@ void MenuTable::install(winMain& window) {
              winConstruct design(&window); // built anew at each opening
              Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
          }},
-        {bar.miButPic, [] { ShowButtonPictures(); }},
-        {bar.miManageAS, [] { ShowManageAS(); }},
+        {bar.miButPic, [] { showButtonPictures(); }},
+        {bar.miManageAS, [] { showManageAS(); }},
         {bar.miNewPalette, [] { showModal<winNewPalette>(); }},
         {bar.miRenamePalette, [] { showModal<winChangeAlias>(); }},
         {bar.miDeletePalette,
@@ -48,7 +48,7 @@ void MenuTable::install(winMain& window) {
         {bar.miPreserveStateBU,
          [&window] {
              // Make Backup and a restore end the program through the palette window's closing step.
-             if (winManageBU::ShowModal()) window.close();
+             if (winManageBU::showModal()) window.close();
          }},
         {bar.miHelpAbout, [] { showAboutBox(); }},
     };

@@ -39,7 +39,7 @@ Guard::Where method(const char* name) {
 }
 
 // The picture for a preview, decoded only when it is of a sensible size.
-QPixmap Preview(const QString& path, QSize size) {
+QPixmap preview(const QString& path, QSize size) {
     if (!size.isValid() || size.width() > kLargestPreviewSide || size.height() > kLargestPreviewSide)
         return {};
     QImageReader reader(path);
@@ -75,7 +75,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     labCurrentName->setFont(Fonts::sized("System", 18));
     labCurrentAlias = Label(this, "labCurrentAlias", {}, {12, 36, 330, 20});
 
-    lbButPic = ListBox(this, "lbButPic", {}, {12, 62, 170, 226});
+    lbButPic = listBox(this, "lbButPic", {}, {12, 62, 170, 226});
     connect(lbButPic, &QTreeWidget::itemPressed, this,
             [this](QTreeWidgetItem* item) { lbButPic_CellPressed(lbButPic->indexOfTopLevelItem(item)); });
 
@@ -149,7 +149,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     labRemove->setText(QStringLiteral("ⓘ"));
     labRemove->setGeometry(352, 298, 20, 20);
     labRemove->setID(46);
-    lbRemoved = ListBox(this, "lbRemoved", {"Removed From Button Pictures"}, {352, 320, 216, 250});
+    lbRemoved = listBox(this, "lbRemoved", {"Removed From Button Pictures"}, {352, 320, 216, 250});
     labPathButFolder = new labZor(this);
     labPathButFolder->setObjectName("labPathButFolder");
     labPathButFolder->setGeometry(12, 578, 556, 34);
@@ -197,14 +197,14 @@ void winButtonPics::Event_Opening() {
 
 void winButtonPics::PrepareWindow() {
     Guard::run(method("PrepareWindow"), [&] {
-        audit->CheckCurrentPalette();
+        audit->checkCurrentPalette();
         RemoveFilesInButtonFolder();
         GetFoldersInButFolder();
-        audit->RemoveBadFolderNames();
+        audit->removeBadFolderNames();
         FillButtonGraphicListbox();
-        if (audit->FillDictionary()) FillButtonGraphicListbox(); // no row for a picture that just left
-        fill(lbButPic, audit->CurrentPalettePictures());
-        ShowRemovedRows();
+        if (audit->fillDictionary()) FillButtonGraphicListbox(); // no row for a picture that just left
+        fill(lbButPic, audit->currentPalettePictures());
+        showRemovedRows();
     });
 }
 
@@ -221,16 +221,16 @@ bool winButtonPics::IsNameOfButtonOK(const QString& name) {
 }
 
 void winButtonPics::FillButtonGraphicListbox() {
-    Guard::run(method("FillButtonGraphicListbox"), [&] { allButtonRows->setRows(audit->ListAllPictures()); });
+    Guard::run(method("FillButtonGraphicListbox"), [&] { allButtonRows->setRows(audit->listAllPictures()); });
 }
 
-void winButtonPics::ShowRemovedRows() {
+void winButtonPics::showRemovedRows() {
     QStringList rows = audit->asRemoved;
     rows.sort();
     fill(lbRemoved, rows + removedByUser);
 }
 
-void winButtonPics::ClearReview() {
+void winButtonPics::clearReview() {
     pbToDesktop->setEnabled(false);
     labID->clear();
     labSelect->clear();
@@ -248,12 +248,12 @@ void winButtonPics::lbButPic_CellPressed(int row) {
         labSelect->setText(name);
         labID->setText(name.left(2));
         const QString path = audit->diFile.value(labID->text());
-        const QSize size = ButtonPictureAudit::PictureSize(path);
+        const QSize size = ButtonPictureAudit::pictureSize(path);
         labRevHt->show();
         labRevWth->show();
         labRevHtValue->setText(size.isValid() ? QString::number(size.height()) : QString());
         labRevWthValue->setText(size.isValid() ? QString::number(size.width()) : QString());
-        cnShow->setBackdrop(Preview(path, size));
+        cnShow->setBackdrop(preview(path, size));
         pbToDesktop->setEnabled(true);
     });
 }
@@ -273,11 +273,11 @@ void winButtonPics::pbToDesktop_Pressed() {
         audit->diFile.remove(id);
         if (QTreeWidgetItem* selected = lbButPic->currentItem(); selected && selected->isSelected())
             delete selected;
-        ClearReview();
+        clearReview();
         labSelect->clear();
         if (!name.isEmpty()) {
             removedByUser << name;
-            ShowRemovedRows();
+            showRemovedRows();
         }
         FillButtonGraphicListbox();
     });
@@ -285,7 +285,7 @@ void winButtonPics::pbToDesktop_Pressed() {
 
 void winButtonPics::pbSelectPicToAdd_Pressed() {
     Guard::run(pressed("pbSelectPicToAdd"), [&] {
-        ClearReview();
+        clearReview();
         lbButPic->clearSelection();
         const QString chosen = FileTools::FolderItemSelect("Select Picture To Add", FileTypeJpgPng::All(),
                                                            StdFolders::desktop());
@@ -293,8 +293,8 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
         const QString name = QFileInfo(chosen).fileName();
         // The user chose this file: a link is followed to the picture it stands for.
         const QString real = QFileInfo(chosen).canonicalFilePath();
-        const QSize size = ButtonPictureAudit::PictureSize(real);
-        const QPixmap picture = Preview(real, size);
+        const QSize size = ButtonPictureAudit::pictureSize(real);
+        const QPixmap picture = preview(real, size);
         bool bad = false;
         if (!size.isValid() || (picture.isNull() && size.width() <= kLargestPreviewSide &&
                                 size.height() <= kLargestPreviewSide)) {
@@ -322,11 +322,11 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             bad = true;
         }
         const QString sizeText = "The file is supposed to be an ~ 64 pixel picture. File: " + name;
-        if (!bad && !ButtonPictureAudit::IsSideOK(size.width())) {
+        if (!bad && !ButtonPictureAudit::isSideOK(size.width())) {
             Dialogs::message(sizeText + " is too wide.");
             bad = true;
         }
-        if (!bad && !ButtonPictureAudit::IsSideOK(size.height())) {
+        if (!bad && !ButtonPictureAudit::isSideOK(size.height())) {
             Dialogs::message(sizeText + "is too tall.");
             bad = true;
         }
@@ -393,7 +393,7 @@ void winButtonPics::pbHelpButGraphics_Pressed(Qt::KeyboardModifiers modifiers) {
     });
 }
 
-void ShowButtonPictures() {
+void showButtonPictures() {
     winButtonPics window;
     window.Event_Opening(); // the audit's messages come before the window
     Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});

@@ -210,7 +210,7 @@ void winManageBU::pbRestoreBU_Pressed() {
     });
 }
 
-bool winManageBU::ShowModal() {
+bool winManageBU::showModal() {
     winManageBU window;
     const Dialogs::Answer answer =
         Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});

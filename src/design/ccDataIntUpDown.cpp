@@ -34,25 +34,25 @@ ccDataIntUpDown::ccDataIntUpDown(QWidget* parent) : QWidget(parent) {
     colour(labValue, Qt::black);
     udChangeVal = new UpDownArrows(this);
     udChangeVal->move(128, 8);
-    connect(udChangeVal, &UpDownArrows::UpPressed, this, &ccDataIntUpDown::udChangeVal_UpPressed);
-    connect(udChangeVal, &UpDownArrows::DownPressed, this, &ccDataIntUpDown::udChangeVal_DownPressed);
+    connect(udChangeVal, &UpDownArrows::upPressed, this, &ccDataIntUpDown::udChangeVal_UpPressed);
+    connect(udChangeVal, &UpDownArrows::downPressed, this, &ccDataIntUpDown::udChangeVal_DownPressed);
 }
 
-void ccDataIntUpDown::ShowValue() {
+void ccDataIntUpDown::showValue() {
     labValue->setText(QString::number(theValue));
 }
 
 void ccDataIntUpDown::udChangeVal_UpPressed(bool shift) {
-    Guard::run(arrowEvent("UpPressed"), [&] { Step(shift ? jumpShift : jump); });
+    Guard::run(arrowEvent("UpPressed"), [&] { step(shift ? jumpShift : jump); });
 }
 
 void ccDataIntUpDown::udChangeVal_DownPressed(bool shift) {
-    Guard::run(arrowEvent("DownPressed"), [&] { Step(-(shift ? jumpShift : jump)); });
+    Guard::run(arrowEvent("DownPressed"), [&] { step(-(shift ? jumpShift : jump)); });
 }
 
-void ccDataIntUpDown::Step(int delta) {
+void ccDataIntUpDown::step(int delta) {
     const int old = theValue;
     theValue = delta > 0 ? std::min(theValue + delta, maxValue) : std::max(theValue + delta, minValue);
-    ShowValue();
+    showValue();
     if (theValue != old) emit ValueChanged();
 }

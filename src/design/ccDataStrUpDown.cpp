@@ -30,8 +30,8 @@ ccDataStrUpDown::ccDataStrUpDown(QWidget* parent) : QWidget(parent) {
     SetValueColor(QColor(0xA9, 0xA9, 0xA9));
     udChangeVal = new UpDownArrows(this);
     udChangeVal->move(172, 8);
-    connect(udChangeVal, &UpDownArrows::UpPressed, this, &ccDataStrUpDown::udChangeVal_UpPressed);
-    connect(udChangeVal, &UpDownArrows::DownPressed, this, &ccDataStrUpDown::udChangeVal_DownPressed);
+    connect(udChangeVal, &UpDownArrows::upPressed, this, &ccDataStrUpDown::udChangeVal_UpPressed);
+    connect(udChangeVal, &UpDownArrows::downPressed, this, &ccDataStrUpDown::udChangeVal_DownPressed);
 }
 
 void ccDataStrUpDown::SetValueColor(const QColor& colour) {
@@ -45,14 +45,14 @@ QColor ccDataStrUpDown::ValueColor() const {
 }
 
 void ccDataStrUpDown::udChangeVal_UpPressed(bool shift) {
-    Guard::run(arrowEvent("UpPressed"), [&] { Step(-(shift ? jumpShift : jump)); });
+    Guard::run(arrowEvent("UpPressed"), [&] { step(-(shift ? jumpShift : jump)); });
 }
 
 void ccDataStrUpDown::udChangeVal_DownPressed(bool shift) {
-    Guard::run(arrowEvent("DownPressed"), [&] { Step(shift ? jumpShift : jump); });
+    Guard::run(arrowEvent("DownPressed"), [&] { step(shift ? jumpShift : jump); });
 }
 
-void ccDataStrUpDown::Step(int delta) {
+void ccDataStrUpDown::step(int delta) {
     SetValueColor(Qt::black);
     const int old = theValueIndex;
     theValueIndex =

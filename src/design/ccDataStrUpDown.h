@@ -34,5 +34,5 @@ signals:
     void ValueChanged();
 
 private:
-    void Step(int delta);
+    void step(int delta);
 };

@@ -28,9 +28,9 @@ winConstruct::winConstruct(QWidget* parent) : QDialog(parent) {
     setWindowTitle("Grid Construct");
     setFixedSize(1100, 770);
     setAutoFillBackground(true);
-    BuildFrame();
-    BuildPaletteHalf();
-    BuildButtonHalf();
+    buildFrame();
+    buildPaletteHalf();
+    buildButtonHalf();
     ccRowUpDown_Open_Instance();
     ccColUpDown_Open_Instance();
     ccShortcutUpDown_Open_Instance();
@@ -42,7 +42,7 @@ winConstruct::~winConstruct() {
     opened = false;
 }
 
-void winConstruct::BuildFrame() {
+void winConstruct::buildFrame() {
     pbHelpGridCon = HelpButton::round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
     connect(pbHelpGridCon, &QPushButton::clicked, this, &winConstruct::pbHelpGridCon_Pressed);
     pbDone = make<QPushButton>(this, "pbDone", QRect(985, 728, 95, 30), "Done");
@@ -121,11 +121,11 @@ void winConstruct::Event_Opening() {
 }
 
 bool winConstruct::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && opened) FieldLeft(watched);
+    if (event->type() == QEvent::FocusOut && opened) fieldLeft(watched);
     return QDialog::eventFilter(watched, event);
 }
 
-void winConstruct::FieldLeft(QObject* field) {
+void winConstruct::fieldLeft(QObject* field) {
     if (field == tfWinTitle)
         tfWinTitle_FocusLost();
     else if (field == taParticulars)
@@ -150,7 +150,7 @@ void winConstruct::pbHelpGridCon_Pressed() {
 
 void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
-        FieldLeft(focusWidget());
+        fieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
         ZOR::viewFollows();
         opened = false;

@@ -47,7 +47,7 @@ QString withoutBlanks(QString text) {
 }
 } // namespace
 
-void winConstruct::BuildButtonHalf() {
+void winConstruct::buildButtonHalf() {
     labButtSpec = plainLabel(this, "labButtSpec", "Button Specification", QRect(612, 210, 300, 28), 18);
     mabButton = helpLabel(this, "mabButton", "Button", 22, kGreyLabel, QRect(935, 216, 60, 20));
     labID = plainLabel(this, "labID", "ID", QRect(1000, 210, 60, 28), 18, true);
@@ -127,11 +127,11 @@ void winConstruct::BuildButtonHalf() {
     connect(cbVisOnBtn, &QCheckBox::toggled, this, &winConstruct::cbVisOnBtn_ValueChanged);
     connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this,
             &winConstruct::ccShortcutUpDown_ValueChanged);
-    connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::FieldChanged);
-    connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::FieldChanged);
-    connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::FieldChanged);
-    connect(cbVisibleBtn, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
-    connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
+    connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::fieldChanged);
+    connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::fieldChanged);
+    connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::fieldChanged);
+    connect(cbVisibleBtn, &QCheckBox::toggled, this, &winConstruct::fieldChanged);
+    connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::fieldChanged);
     connect(pbOK, &QPushButton::clicked, this, &winConstruct::pbOK_Pressed);
     connect(pbCancel, &QPushButton::clicked, this, &winConstruct::pbCancel_Pressed);
     for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo})
@@ -150,7 +150,7 @@ void winConstruct::ccShortcutUpDown_Open_Instance() {
     ccShortcutUpDown->labValue->setText(kNoShortcut);
 }
 
-void winConstruct::OKOn(bool on) {
+void winConstruct::okOn(bool on) {
     pbOK->setEnabled(on);
     pbDone->setEnabled(!on);
 }
@@ -213,7 +213,7 @@ void winConstruct::EditButton(int index) {
         InputEnabling();
         // The assignments above ran the change handlers; a fresh load is unchanged all the same.
         SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
-        OKOn(false);
+        okOn(false);
         PaletteGlobalActive(false);
     });
 }
@@ -241,7 +241,7 @@ void winConstruct::BlankOutEditButton() {
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(false);
         pbCancel->setEnabled(false);
-        OKOn(false);
+        okOn(false);
     });
 }
 
@@ -268,9 +268,9 @@ void winConstruct::InputEnabling() {
         if (!km && !as && !sc && !ps) {
             for (QWidget* w : std::initializer_list<QWidget*>{cbKM, tfAS, tfSC, tfPaletteGo})
                 w->setEnabled(true);
-            OKOn(false);
+            okOn(false);
         } else {
-            OKOn(true);
+            okOn(true);
         }
     });
 }
@@ -380,31 +380,31 @@ void winConstruct::tfPaletteGo_FocusLost() {
 void winConstruct::cbKM_ValueChanged() {
     Guard::run(controlEvent("cbKM", "ValueChanged"), [this] {
         InputEnabling();
-        OKOn(true);
+        okOn(true);
     });
 }
 
 void winConstruct::cbVisOnBtn_ValueChanged() {
     Guard::run(controlEvent("cbVisOnBtn", "ValueChanged"), [this] {
         SetShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
-        OKOn(true);
+        okOn(true);
     });
 }
 
 void winConstruct::ccShortcutUpDown_ValueChanged() {
     Guard::run(controlEvent("ccShortcutUpDown", "ValueChanged"), [this] {
         labShortcut->setText(ccShortcutUpDown->theValue);
-        OKOn(true);
+        okOn(true);
     });
 }
 
-void winConstruct::FieldChanged() {
-    Guard::run(windowMethod("FieldChanged"), [this] { OKOn(true); });
+void winConstruct::fieldChanged() {
+    Guard::run(windowMethod("fieldChanged"), [this] { okOn(true); });
 }
 
 void winConstruct::pbOK_Pressed() {
     Guard::run(controlEvent("pbOK", "Pressed"), [this] {
-        FieldLeft(focusWidget());
+        fieldLeft(focusWidget());
         if (ZOR::idxCurrentBtn < 0 || size_t(ZOR::idxCurrentBtn) >= ZOR::aBtn->size()) return;
         Btn& b = *(*ZOR::aBtn)[size_t(ZOR::idxCurrentBtn)];
         editingGridButton = false;
@@ -429,7 +429,7 @@ void winConstruct::pbOK_Pressed() {
         }
         b.Vis = cbVisibleBtn->isChecked();
         b.ShortcutShow = cbVisOnBtn->isChecked();
-        EndEdit();
+        endEdit();
         ZOR::paletteContentChange = true;
     });
 }
@@ -437,11 +437,11 @@ void winConstruct::pbOK_Pressed() {
 void winConstruct::pbCancel_Pressed() {
     Guard::run(controlEvent("pbCancel", "Pressed"), [this] {
         editingGridButton = false;
-        EndEdit();
+        endEdit();
     });
 }
 
-void winConstruct::EndEdit() {
+void winConstruct::endEdit() {
     BlankOutEditButton();
     const int old = int(ZOR::idxCurrentBtn);
     ZOR::idxCurrentBtn = -1;

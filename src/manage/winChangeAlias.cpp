@@ -21,7 +21,7 @@ constexpr int kAliasLength = 23;
 constexpr int kTitleLength = 25;
 
 QString renameRule(const QString& text, int length) {
-    return AliasRules::CutTo(AliasRules::Cleaned(text, AliasRules::kRenameRemoved), length);
+    return AliasRules::cutTo(AliasRules::cleaned(text, AliasRules::kRenameRemoved), length);
 }
 
 QLabel* caption(QWidget* parent, const char* name, const QString& text, int top) {
@@ -125,7 +125,7 @@ void winChangeAlias::pbMakeChange_Pressed() {
             return;
         }
         // The cut is not repeated: a suffix may carry the alias past 23 characters.
-        alias = AliasRules::MadeUnique(alias);
+        alias = AliasRules::madeUnique(alias);
         ZOR::paleAlias = alias;
         ZOR::paleWinTitle = title;
         if (view) {

@@ -80,7 +80,7 @@ void winNewPalette::pbOK_Pressed() {
             return;
         }
         const QString alias =
-            AliasRules::MadeUnique(AliasRules::Cleaned(tfAlias->text(), AliasRules::kNewPaletteRemoved));
+            AliasRules::madeUnique(AliasRules::cleaned(tfAlias->text(), AliasRules::kNewPaletteRemoved));
         // The outgoing palette's size, title and particulars live only in the working set until saved.
         ZOR::SavePaletteToDP();
         ZOR::CreateNewPalette(alias);

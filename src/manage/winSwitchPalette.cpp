@@ -167,7 +167,7 @@ bool winSwitchPalette::Event_KeyDown(const QString& key) {
             return true;
         }
         // Typing the active palette's own number is answered by the switch itself.
-        SwitchTo(number);
+        switchTo(number);
         return true;
     });
 }
@@ -192,7 +192,7 @@ void winSwitchPalette::lbPalette_CellPressed(int row, int) {
 }
 
 void winSwitchPalette::pbOK_Pressed() {
-    Guard::run(controlEvent("pbOK", "Pressed"), [this] { SwitchTo(choice); });
+    Guard::run(controlEvent("pbOK", "Pressed"), [this] { switchTo(choice); });
 }
 
 void winSwitchPalette::pbCancel_Pressed() {
@@ -206,7 +206,7 @@ void winSwitchPalette::tiBothDigits_Action() {
     });
 }
 
-void winSwitchPalette::SwitchTo(qint64 index) {
+void winSwitchPalette::switchTo(qint64 index) {
     ZOR::ChangeToPalette(index);
     accept();
 }

@@ -127,13 +127,13 @@ void winMain::Event_Opening() {
             FileTools::CreateFolderInAppSupport(folder);
         RedrawGrid();
         setPaletteTitle(ZOR::paleWinTitle);
-        FillBar(kBarYellow);
+        fillBar(kBarYellow);
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
         const bool stored = ZOR::initialWinWidth > 0 && ZOR::initialWinHeight > 0;
         if (stored && WinScrn::IsWithinMainScreenTLBR(ZOR::initialWinTop, ZOR::initialWinLeft, ZOR::initialWinHeight,
                                             ZOR::initialWinWidth)) {
-            SizeToGrid(int(ZOR::initialWinWidth), int(ZOR::initialWinHeight) - menuBarOffset());
+            sizeToGrid(int(ZOR::initialWinWidth), int(ZOR::initialWinHeight) - menuBarOffset());
             // The client area's rectangle, as it is saved: frames differ between window managers.
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
         }
@@ -146,7 +146,7 @@ int winMain::menuBarOffset() const {
     return mainMenuBar && !mainMenuBar->isNativeMenuBar() ? mainMenuBar->sizeHint().height() : 0;
 }
 
-void winMain::SizeToGrid(int width, int height) {
+void winMain::sizeToGrid(int width, int height) {
     width = std::clamp(width, kMinWidth, kMaxWidth);
     height = std::clamp(height, kMinHeight, kMaxHeight);
     gridArea->setFixedSize(width, height);
@@ -163,7 +163,7 @@ void winMain::RedrawGrid() {
         hasPicture.clear();
         for (const auto& [n, path] : files) {
             try {
-                cnButs[size_t(n)]->SetBackdrop(pictures.load(path));
+                cnButs[size_t(n)]->setBackdrop(pictures.load(path));
                 hasPicture.append(n);
             } catch (const IOException& error) {
                 // One bad file must not leave the window half drawn: told once per run, its
@@ -177,7 +177,7 @@ void winMain::RedrawGrid() {
         // A hand-edited file may hold any count; the window's size keeps to the grid's.
         const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
         const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
-        SizeToGrid(columns * kCell, rows * kCell + kBarHeight);
+        sizeToGrid(columns * kCell, rows * kCell + kBarHeight);
         const int barTop = std::clamp(rows * kCell, 0, gridArea->height() - kBarHeight);
         for (QWidget* w : {static_cast<QWidget*>(labSeeNum), static_cast<QWidget*>(labSeeSC),
                            static_cast<QWidget*>(labTip), rectBackgroundTip})
@@ -197,7 +197,7 @@ void winMain::RedrawGrid() {
     });
 }
 
-QList<qint64> winMain::PalettesToWarm() const {
+QList<qint64> winMain::palettesToWarm() const {
     QList<qint64> order;
     const auto add = [&](qint64 index) {
         if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
@@ -216,7 +216,7 @@ QList<qint64> winMain::PalettesToWarm() const {
 void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
-        for (qint64 index : PalettesToWarm())
+        for (qint64 index : palettesToWarm())
             folders << palettePictureFolder(ZOR::DP[size_t(index)].s_Name);
         pictures.warmAhead(folders);
     });
@@ -225,7 +225,7 @@ void winMain::tiWarmAhead_Action() {
 void winMain::EraseAllPictures() {
     Guard::run(windowMethod("EraseAllPictures"), [this] {
         // Each canvas is marked for repainting; the redraw that follows paints them in one pass.
-        for (cnBut* canvas : cnButs) canvas->SetBackdrop(BlankPic);
+        for (cnBut* canvas : cnButs) canvas->setBackdrop(BlankPic);
     });
 }
 
@@ -263,13 +263,13 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     });
 }
 
-void winMain::FillBar(const QColor& colour) {
+void winMain::fillBar(const QColor& colour) {
     QPalette colours = rectBackgroundTip->palette();
     colours.setColor(QPalette::Window, colour);
     rectBackgroundTip->setPalette(colours);
 }
 
-void winMain::SetTipFontSize(int points) {
+void winMain::setTipFontSize(int points) {
     labTip->setFont(Fonts::sized("System", points));
 }
 
@@ -283,7 +283,7 @@ void winMain::cnBut_MouseEnter(int index) {
             if (!b.SCname.isEmpty()) colour = kBarBlue;
             if (!b.ASfile.isEmpty()) colour = kBarRed;
             if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
-            FillBar(colour);
+            fillBar(colour);
         }
         labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::twoDigits(index));
         labTip->setText(LabTipText(index));
@@ -294,14 +294,14 @@ void winMain::cnBut_MouseEnter(int index) {
 
 void winMain::cnBut_MouseExit(int) {
     Guard::run(canvasEvent("MouseExit"), [&] {
-        SetTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
+        setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
         labTip->setText(ZOR::paleAlias);
         QPalette black = labSeeNum->palette();
         black.setColor(QPalette::WindowText, Qt::black);
         labSeeNum->setPalette(black);
         labSeeNum->setText(ZOR::paleName);
         labSeeSC->setText(QString());
-        FillBar(kBarYellow);
+        fillBar(kBarYellow);
     });
 }
 
@@ -313,19 +313,19 @@ QString winMain::LabTipText(int index) {
         labTip->move(labTip->x(), top);
         const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
         if (tip.isEmpty()) {
-            SetTipFontSize(0);
+            setTipFontSize(0);
             return narrow ? "no tip" : "no tip for this button";
         }
         const double room = labTip->width();
         if (!narrow && StringUtils::MeasureString(tip, "System", 0) + 20 > room) narrow = true;
         if (narrow) {
             labTip->move(labTip->x(), top + 1);
-            SetTipFontSize(10);
+            setTipFontSize(10);
             if (StringUtils::MeasureString(tip, "System", 0) + 10 > room)
                 return StringUtils::RemoveWordToFit(tip, "System", 10, room - 10);
             return tip;
         }
-        SetTipFontSize(0);
+        setTipFontSize(0);
         return tip;
     });
 }
@@ -337,7 +337,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
     Guard::run(canvasEvent("MouseUp"), [&] {
         if (size_t(index) >= ZOR::aBtn->size()) return;
         if (modifiers & Qt::AltModifier) { // the Option key
-            ShowButtonInformation(index);
+            showButtonInformation(index);
             return;
         }
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -345,7 +345,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
             GeneralMethods::ShowTimed(kNoActionText, "No Action for Button", true, 12);
             return;
         }
-        FireChain(index);
+        fireChain(index);
         // Read after the action: a palette switch takes the delay from the new palette's button.
         const qint64 delay = size_t(index) < ZOR::aBtn->size() ? (*ZOR::aBtn)[size_t(index)]->AutoMin * 1000 : 0;
         if (delay != 0) {
@@ -355,7 +355,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
     });
 }
 
-void winMain::FireChain(int index) {
+void winMain::fireChain(int index) {
     const Btn b = *(*ZOR::aBtn)[size_t(index)]; // a copy: a palette switch replaces the array
     if (!b.ASfile.isEmpty()) {
         ZOR::FireAS(ZOR::rsWithWithoutScpt(b.ASfile, true));
@@ -375,7 +375,7 @@ void winMain::FireChain(int index) {
     }
 }
 
-void winMain::ShowButtonInformation(int index) {
+void winMain::showButtonInformation(int index) {
     const Btn& b = *(*ZOR::aBtn)[size_t(index)];
     QString text;
     for (const QString* candidate : {&b.Info, &b.Tip, &b.SCname, &b.ASfile})

@@ -24,7 +24,7 @@ Program::Program() { resetProgramState(); }
 Program::~Program() { win.reset(); }
 
 winMain& Program::start() {
-    win = App::StartPaletteWindow();
+    win = App::startPaletteWindow();
     return *win;
 }
 
