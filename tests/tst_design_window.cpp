@@ -395,7 +395,7 @@ private slots:
             control.jump = 1, control.jumpShift = 8, control.minIndex = 0, control.maxIndex = 52;
             control.theValueIndex = start, control.theValue = control.aStrChoices[start];
             seen = press(control, arrow);
-            QCOMPARE(control.ValueColor(), QColor(Qt::black)); // also after a press that could not move
+            QCOMPARE(control.valueColour(), QColor(Qt::black)); // also after a press that could not move
         } else {
             ccDataIntUpDown control;
             control.jump = 1, control.jumpShift = 2, control.minValue = 1, control.maxValue = 10;

@@ -67,7 +67,7 @@ static QString hover(labZor* label, bool enter) { // what the label shows afterw
     QEnterEvent in(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
     QEvent out(QEvent::Leave);
     QCoreApplication::sendEvent(label, enter ? static_cast<QEvent*>(&in) : &out);
-    return label->text() + ' ' + label->textColor().name();
+    return label->text() + ' ' + label->textColour().name();
 }
 
 // The records of the table as "id title", in order, and those whose window has a fixed size.
@@ -253,7 +253,7 @@ private slots:
         shortcut.setFont(QFont(shortcut.font().family(), -1, QFont::Bold));
         shortcut.setEnterColor(QColor(0x941100));
         shortcut.setExitColor(QColor(0x945200)); // the resting colour shows at once
-        QStringList shown{shortcut.textColor().name(), hover(&shortcut, true), hover(&shortcut, false)};
+        QStringList shown{shortcut.textColour().name(), hover(&shortcut, true), hover(&shortcut, false)};
         shortcut.setText("k"); // a letter stays
         shown << hover(&shortcut, true) << hover(&shortcut, false);
         QCOMPARE(shown, (QStringList{"#945200", "* #941100", " #945200", "k #941100", "k #945200"}));

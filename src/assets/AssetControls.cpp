@@ -28,7 +28,7 @@ QTreeWidget* AssetControls::listBox(QWidget* parent, const char* name, const QSt
     return list;
 }
 
-QTreeView* AssetControls::ListView(QWidget* parent, const char* name, QAbstractItemModel* model,
+QTreeView* AssetControls::listView(QWidget* parent, const char* name, QAbstractItemModel* model,
                                    const QRect& geometry) {
     auto* list = new QTreeView(parent);
     setUp(list, name, geometry);

@@ -140,7 +140,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     labAllButton->setGeometry(12, 298, 200, 20);
     labAllButton->setID(44);
     allButtonRows = new AllButtonModel(this);
-    lbAllButton = ListView(this, "lbAllButton", allButtonRows, {12, 320, 330, 250});
+    lbAllButton = listView(this, "lbAllButton", allButtonRows, {12, 320, 330, 250});
     lbAllButton->setToolTip("List of ALL the buttons");
     lbAllButton->setColumnWidth(0, 330 * 14 / 100);
     lbAllButton->setColumnWidth(1, 330 * 11 / 100);

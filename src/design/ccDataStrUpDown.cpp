@@ -27,20 +27,20 @@ ccDataStrUpDown::ccDataStrUpDown(QWidget* parent) : QWidget(parent) {
     labValue->setFont(Fonts::sized("System", 15));
     labValue->setAlignment(Qt::AlignCenter);
     labValue->setGeometry(125, 10, 40, 20);
-    SetValueColor(QColor(0xA9, 0xA9, 0xA9));
+    setValueColour(QColor(0xA9, 0xA9, 0xA9));
     udChangeVal = new UpDownArrows(this);
     udChangeVal->move(172, 8);
     connect(udChangeVal, &UpDownArrows::upPressed, this, &ccDataStrUpDown::udChangeVal_UpPressed);
     connect(udChangeVal, &UpDownArrows::downPressed, this, &ccDataStrUpDown::udChangeVal_DownPressed);
 }
 
-void ccDataStrUpDown::SetValueColor(const QColor& colour) {
+void ccDataStrUpDown::setValueColour(const QColor& colour) {
     QPalette p = labValue->palette();
     p.setColor(QPalette::WindowText, colour);
     labValue->setPalette(p);
 }
 
-QColor ccDataStrUpDown::ValueColor() const {
+QColor ccDataStrUpDown::valueColour() const {
     return labValue->palette().color(QPalette::WindowText);
 }
 
@@ -53,7 +53,7 @@ void ccDataStrUpDown::udChangeVal_DownPressed(bool shift) {
 }
 
 void ccDataStrUpDown::step(int delta) {
-    SetValueColor(Qt::black);
+    setValueColour(Qt::black);
     const int old = theValueIndex;
     theValueIndex =
         delta < 0 ? std::max(theValueIndex + delta, minIndex) : std::min(theValueIndex + delta, maxIndex);

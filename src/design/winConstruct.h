@@ -141,7 +141,7 @@ private:
     void buildButtonHalf();
     void buildFrame();
     void okOn(bool on); // OK on and Done off, or the reverse
-    void SetShortcutColour(const QColor& colour);
+    void setShortcutColour(const QColor& colour);
     void endEdit(); // what OK and Cancel share once the button is dealt with
     // A press on a button takes no focus on the Mac: the field being typed in is left first.
     void fieldLeft(QObject* field);

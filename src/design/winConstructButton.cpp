@@ -155,7 +155,7 @@ void winConstruct::okOn(bool on) {
     pbDone->setEnabled(!on);
 }
 
-void winConstruct::SetShortcutColour(const QColor& colour) {
+void winConstruct::setShortcutColour(const QColor& colour) {
     setTextColour(labShortcut, colour);
 }
 
@@ -178,12 +178,12 @@ void winConstruct::EditButton(int index) {
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         editingGridButton = true;
         labID->setText(StringUtils::twoDigits(index));
-        ccShortcutUpDown->SetValueColor(Qt::black);
+        ccShortcutUpDown->setValueColour(Qt::black);
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(true);
         labShortcut->setText(b.Shortcut);
         labShortcut->show();
-        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        setShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
         tfAS->setText(b.ASfile);
         tfSC->setText(b.SCname);
         tfPaletteGo->setText(b.PaletteGo);
@@ -212,7 +212,7 @@ void winConstruct::EditButton(int index) {
         // kinds is applied once more so that it always answers for the loaded button.
         InputEnabling();
         // The assignments above ran the change handlers; a fresh load is unchanged all the same.
-        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        setShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
         okOn(false);
         PaletteGlobalActive(false);
     });
@@ -235,7 +235,7 @@ void winConstruct::BlankOutEditButton() {
                                                           labZorPaletteNum_NotExist})
             w->hide();
         labID->setText("ID");
-        ccShortcutUpDown->SetValueColor(QColor(0xCF, 0xCF, 0xCF));
+        ccShortcutUpDown->setValueColour(QColor(0xCF, 0xCF, 0xCF));
         ccShortcutUpDown->theValueIndex = 0;
         ccShortcutUpDown->theValue = kNoShortcut;
         ccShortcutUpDown->labValue->setText(kNoShortcut);
@@ -386,7 +386,7 @@ void winConstruct::cbKM_ValueChanged() {
 
 void winConstruct::cbVisOnBtn_ValueChanged() {
     Guard::run(controlEvent("cbVisOnBtn", "ValueChanged"), [this] {
-        SetShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
+        setShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
         okOn(true);
     });
 }

@@ -34,21 +34,21 @@ void labInfo::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 labZor::labZor(QWidget* parent) : QLabel(parent) {
-    setTextColor(exit);
+    setTextColour(exit);
 }
 
 void labZor::setExitColor(const QColor& colour) {
     exit = colour;
-    setTextColor(colour);
+    setTextColour(colour);
 }
 
-void labZor::setTextColor(const QColor& colour) {
+void labZor::setTextColour(const QColor& colour) {
     QPalette p = palette();
     p.setColor(foregroundRole(), colour);
     setPalette(p);
 }
 
-QColor labZor::textColor() const {
+QColor labZor::textColour() const {
     return palette().color(foregroundRole());
 }
 
@@ -59,7 +59,7 @@ bool labZor::opensHelp(Qt::KeyboardModifiers modifiers) const {
 
 void labZor::MouseEnter() {
     Guard::run(where(*this, QStringLiteral("MouseEnter")), [&] {
-        setTextColor(enter);
+        setTextColour(enter);
         if (bold) {
             QFont f = font();
             f.setBold(true);
@@ -71,7 +71,7 @@ void labZor::MouseEnter() {
 
 void labZor::MouseExit() {
     Guard::run(where(*this, QStringLiteral("MouseExit")), [&] {
-        setTextColor(exit);
+        setTextColour(exit);
         // Only undo our own bold: a label designed bold stays bold.
         if (bold) {
             QFont f = font();

@@ -287,7 +287,7 @@ void winMain::cnBut_MouseEnter(int index) {
         }
         labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::twoDigits(index));
         labTip->setText(LabTipText(index));
-        labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
+        labSeeSC->setTextColour(b.ShortcutShow ? kLetterShown : kLetterHidden);
         labSeeSC->setText(b.Shortcut);
     });
 }
