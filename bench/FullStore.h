@@ -5,8 +5,8 @@
 #include <QColor>
 #include <QImage>
 
-inline void BuildFullStore(qint64 current) {
-    ZOR::ResetStore();
+inline void buildFullStore(qint64 current) {
+    ZOR::resetStore();
     ZOR::MakeAlphabetShortcuts();
     ZOR::CreateFirstPalette();
     for (int p = 1; p < 100; ++p) {
@@ -27,7 +27,7 @@ inline void BuildFullStore(qint64 current) {
 
 // A button picture of 64 x 64 with a little detail, so that it decodes like a real icon rather
 // than a flat fill.
-inline void SaveButtonPicture(const QString& path, int seed) {
+inline void saveButtonPicture(const QString& path, int seed) {
     QImage picture(64, 64, QImage::Format_ARGB32);
     const QColor base = QColor::fromHsv((seed * 37) % 360, 160, 220);
     for (int y = 0; y < 64; ++y)

@@ -50,10 +50,10 @@ int main(int argc, char** argv) {
     const QString tree = AppGlobals::appSupportFolder + "/ButtonPictures";
     const QByteArray picture = png64();
     for (int p = 0; p < 100; ++p) {
-        const QString folder = tree + "/P" + StringUtils::TwoDigits(p);
+        const QString folder = tree + "/P" + StringUtils::twoDigits(p);
         QDir().mkpath(folder);
         for (int b = 0; b < 100; ++b) {
-            QFile f(folder + '/' + StringUtils::TwoDigits(b) + " button.png");
+            QFile f(folder + '/' + StringUtils::twoDigits(b) + " button.png");
             if (!f.open(QIODevice::WriteOnly)) return 1;
             f.write(picture);
         }

@@ -55,10 +55,10 @@ int main(int argc, char** argv) {
     }
     AppGlobals::appSupportFolder = support;
     FileTools::StringToFileItem(ZOR::JSON_CreateData(), "PreserveState", support);
-    ZOR::ResetStore();
+    ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
 
-    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    const std::unique_ptr<winMain> started = App::startPaletteWindow();
     winMain& window = *started;
     QApplication::processEvents();
 

@@ -65,10 +65,10 @@ int main(int argc, char** argv) {
     constexpr int kPalettes = 18, kWithinReach = 10;
     const QString support = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
     for (int p = 0; p < kPalettes; ++p) {
-        const QString folder = support + "/ButtonPictures/P" + StringUtils::TwoDigits(p);
+        const QString folder = support + "/ButtonPictures/P" + StringUtils::twoDigits(p);
         QDir().mkpath(folder);
         for (int i = 0; i < 100; ++i)
-            SaveButtonPicture(folder + '/' + StringUtils::TwoDigits(i) + " button.png", i + p * 100);
+            saveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i + p * 100);
     }
     ZOR::MakeAlphabetShortcuts();
     ZOR::CreateFirstPalette();
@@ -78,10 +78,10 @@ int main(int argc, char** argv) {
     }
     AppGlobals::appSupportFolder = support;
     FileTools::StringToFileItem(ZOR::JSON_CreateData(), "PreserveState", support);
-    ZOR::ResetStore();
+    ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
 
-    const std::unique_ptr<winMain> started = App::StartPaletteWindow();
+    const std::unique_ptr<winMain> started = App::startPaletteWindow();
     winMain& window = *started;
     QApplication::processEvents();
     (*ZOR::DP[0].a_Btn)[7]->KM_Active = true;
@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
 
     QApplication::setActiveWindow(&window); // shortcuts go to the active window
     // The window idles until every palette's pictures are decoded ahead.
-    QDir kept(PictureDiskCache::Folder());
+    QDir kept(PictureDiskCache::folder());
     QElapsedTimer idle;
     idle.start();
     while (kept.entryList({"*.pic"}, QDir::Files).size() < kPalettes * 100 && idle.elapsed() < 60000)

@@ -57,11 +57,11 @@ void prepareHome(const QString& home) {
     qputenv("XDG_CACHE_HOME", (home + "/.cache").toUtf8());
     const QString support = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
     constexpr int kCurrent = 3;
-    const QString folder = support + "/ButtonPictures/P" + StringUtils::TwoDigits(kCurrent);
+    const QString folder = support + "/ButtonPictures/P" + StringUtils::twoDigits(kCurrent);
     QDir().mkpath(folder);
     for (int i = 0; i < 100; ++i)
-        SaveButtonPicture(folder + '/' + StringUtils::TwoDigits(i) + " button.png", i);
-    BuildFullStore(kCurrent);
+        saveButtonPicture(folder + '/' + StringUtils::twoDigits(i) + " button.png", i);
+    buildFullStore(kCurrent);
     ZOR::initialWinTop = 60;
     ZOR::initialWinLeft = 60;
     ZOR::initialWinWidth = 640;

@@ -25,7 +25,7 @@ double median(std::vector<double> v) {
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    BuildFullStore(3);
+    buildFullStore(3);
     QTemporaryDir dir;
     const QString path = dir.filePath("PreserveState.txt");
     const QByteArray bytes = ZOR::JSON_CreateData().toUtf8();

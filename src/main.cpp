@@ -1,3 +1,3 @@
 #include "app/App.h"
 
-int main(int argc, char* argv[]) { return App::Main(argc, argv); }
+int main(int argc, char* argv[]) { return App::run(argc, argv); }

@@ -85,7 +85,7 @@ class DesignWindowTest : public WindowTest {
     // A store without a program: one palette's buttons on a grid of 3 x 4, none chosen.
     static void bareStore() {
         ZOR::MakeAlphabetShortcuts();
-        ZOR::aBtn = ZOR::NewButtonArray();
+        ZOR::aBtn = ZOR::newButtonArray();
         ZOR::numRows = 3, ZOR::numColumns = 4, ZOR::idxCurrentBtn = -1;
     }
 
@@ -219,7 +219,7 @@ private slots:
         QTest::mouseClick(w->pbCancel, Qt::LeftButton);
         QCOMPARE(changedSince(before), QList<int>());
         QCOMPARE(ZOR::idxCurrentBtn, -1);
-        QCOMPARE(w->accGC[6]->CurrentLook(), ccGC::Look::Used);
+        QCOMPARE(w->accGC[6]->currentLook(), ccGC::Look::Used);
         QCOMPARE(enabled(*w), kResting);
 
         // A stored delay that is none of the choices is stored as Never at OK.
@@ -306,7 +306,7 @@ private slots:
         const std::vector<Btn> before = buttons();
         arrows(w->ccRowUpDown->udChangeVal, false, 3, true);
         arrows(w->ccColUpDown->udChangeVal, false, 4);
-        QCOMPARE(w->accGC[46]->CurrentLook(), ccGC::Look::Outside);
+        QCOMPARE(w->accGC[46]->currentLook(), ccGC::Look::Outside);
         click(*w, 40); // the first row and the first column outside the grid
         click(*w, 6);
         QCOMPARE(dialogs->beeps(), 2);
@@ -395,7 +395,7 @@ private slots:
             control.jump = 1, control.jumpShift = 8, control.minIndex = 0, control.maxIndex = 52;
             control.theValueIndex = start, control.theValue = control.aStrChoices[start];
             seen = press(control, arrow);
-            QCOMPARE(control.ValueColor(), QColor(Qt::black)); // also after a press that could not move
+            QCOMPARE(control.valueColour(), QColor(Qt::black)); // also after a press that could not move
         } else {
             ccDataIntUpDown control;
             control.jump = 1, control.jumpShift = 2, control.minValue = 1, control.maxValue = 10;
@@ -430,7 +430,7 @@ private slots:
         b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i";
         ZOR::idxCurrentBtn = 11;
         ccGC cell;
-        cell.butID = StringUtils::TwoDigits(index);
+        cell.butID = StringUtils::twoDigits(index);
         const QImage shot = cell.grab().toImage();
         QTEST(shot.pixelColor(48, 28), "fill");
         QTEST(shot.pixelColor(27, index == 11 ? 1 : 0), "frame");

@@ -48,7 +48,7 @@ static WindowFit::TextHeight heightsAt(const QList<int>& h) { // text heights at
 }
 
 static QRect placed(QSize size) { // help windows stand at the upper right of the screen, below its menu bar
-    const QRect screen = HelpFit::AvailableArea();
+    const QRect screen = HelpFit::availableArea();
     return {QPoint(screen.x() + screen.width() - size.width() - 4, screen.top() + 22), size};
 }
 
@@ -67,7 +67,7 @@ static QString hover(labZor* label, bool enter) { // what the label shows afterw
     QEnterEvent in(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
     QEvent out(QEvent::Leave);
     QCoreApplication::sendEvent(label, enter ? static_cast<QEvent*>(&in) : &out);
-    return label->text() + ' ' + label->textColor().name();
+    return label->text() + ' ' + label->textColour().name();
 }
 
 // The records of the table as "id title", in order, and those whose window has a fixed size.
@@ -93,7 +93,7 @@ class tst_help : public QObject {
 
 private slots:
     void initTestCase() {
-        ErrorHandling::Install();
+        ErrorHandling::install();
         ScriptedDialogs dialogs; // the first help asked for in a run reads the table itself
         Help::ShowHelp(0);
         QCOMPARE(dialogs.titles(), QStringList{"Overview"});
@@ -159,7 +159,7 @@ private slots:
         if (id != 14 && id != 19) QCOMPARE_GT(seen.shown.size(), 80); // two records are short
         // A record's own size stands; a fitted one stays on the screen.
         const QSize size = kSized.value(id, seen.geometry.size());
-        QCOMPARE(seen.geometry, placed(size.boundedTo(HelpFit::AvailableArea().size())));
+        QCOMPARE(seen.geometry, placed(size.boundedTo(HelpFit::availableArea().size())));
     }
 
     void messagesAndTitles() {
@@ -190,7 +190,7 @@ private slots:
     // A wider step must save 80 pixels of height; a small screen gives 80% of itself.
     void choosingTheWidth() {
         const auto fit = [](const QList<int>& h, QRect available = QRect(0, 25, 2560, 1575)) {
-            return HelpFit::FittedSize(heightsAt(h), available);
+            return HelpFit::fittedSize(heightsAt(h), available);
         };
         QCOMPARE((QList<QSize>{fit({180, 100, 90, 80, 70}), fit({600, 400, 350, 320, 300}),
                                fit({900, 850, 700, 650, 500}),
@@ -253,7 +253,7 @@ private slots:
         shortcut.setFont(QFont(shortcut.font().family(), -1, QFont::Bold));
         shortcut.setEnterColor(QColor(0x941100));
         shortcut.setExitColor(QColor(0x945200)); // the resting colour shows at once
-        QStringList shown{shortcut.textColor().name(), hover(&shortcut, true), hover(&shortcut, false)};
+        QStringList shown{shortcut.textColour().name(), hover(&shortcut, true), hover(&shortcut, false)};
         shortcut.setText("k"); // a letter stays
         shown << hover(&shortcut, true) << hover(&shortcut, false);
         QCOMPARE(shown, (QStringList{"#945200", "* #941100", " #945200", "k #941100", "k #945200"}));
@@ -262,12 +262,12 @@ private slots:
 
     // The about box's texts, then the window that shows them.
     void aboutBox() {
-        QCOMPARE(winAboutBox::VersionText("1.4.0", QString()), "Version 1.4");
-        QCOMPARE(winAboutBox::DescriptionText(QString()),
+        QCOMPARE(winAboutBox::versionText("1.4.0", QString()), "Version 1.4");
+        QCOMPARE(winAboutBox::descriptionText(QString()),
                  "Palette Button Launcher for AppleScript, Shortcuts, and Keyboard Maestro");
-        const QDate built = winAboutBox::CompilerDate("Mar  5 2026"); // shown alone: no weekday, no time
-        QCOMPARE(winAboutBox::ReleaseDateText(built, QLocale("en_US")), "Release Date: March 5, 2026");
-        QCOMPARE(winAboutBox::ReleaseDateText(built, QLocale("de_DE")), "Release Date: 5. März 2026");
+        const QDate built = winAboutBox::compilerDate("Mar  5 2026"); // shown alone: no weekday, no time
+        QCOMPARE(winAboutBox::releaseDateText(built, QLocale("en_US")), "Release Date: March 5, 2026");
+        QCOMPARE(winAboutBox::releaseDateText(built, QLocale("de_DE")), "Release Date: 5. März 2026");
         QCoreApplication::setApplicationVersion("2.12");
         qApp->setProperty("versionString", "beta 2");
         ScriptedDialogs dialogs;
@@ -339,7 +339,7 @@ private slots:
         // 150 and 200 come equally near the ratio; the narrower wins and, being tall, grows by a tenth.
         const WindowFit::TextHeight tie = [](int w) { return w == 150 ? 57 : w == 200 ? 87 : 10000; };
         const auto fit = [](const WindowFit::TextHeight& heightAt, QRect available, QSize maximum) {
-            return WindowFit::FittedGeometry(heightAt, available, QSize(200, 125), maximum);
+            return WindowFit::fittedGeometry(heightAt, available, QSize(200, 125), maximum);
         };
         const auto best = &WindowFit::BestWidth;
         QCOMPARE((QList<int>{best(line), best(tie), best(many)}), (QList<int>{265, 291, 1006}));
@@ -376,7 +376,7 @@ private slots:
             else if (auto* box = qobject_cast<QMessageBox*>(&d)) { // explanation|icon|caption=number of each button
                 QStringList captions;
                 for (QAbstractButton* b : box->buttons())
-                    captions << b->text() + '=' + QString::number(GeneralMethods::MesDlgButtonNumber(*box, b));
+                    captions << b->text() + '=' + QString::number(GeneralMethods::mesDlgButtonNumber(*box, b));
                 captions.sort();
                 text += box->text() + '|' + box->informativeText() + '|' + QString::number(box->icon()) + '|' +
                         captions.join(',');
@@ -406,7 +406,7 @@ private slots:
 
     void osMajorRemembersOnlyAnAnswer() {
         FakeTools tools;
-        GeneralMethods::ForgetVersionOS_Major();
+        GeneralMethods::forgetVersionOS_Major();
         QList<int> majors{GeneralMethods::VersionOS_Major()}; // no sw_vers at all
         // No version in its answer, a version from a run that failed, then one to remember.
         for (const auto& [answer, exit] : {std::pair{"\n", "0"}, {"14.6.1\n", "1"}, {"14.6.1\n", "0"}, {"15.0\n", "0"}}) {

@@ -296,12 +296,12 @@ private slots:
         QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
         QApplication::sendEvent(w.cnButs[12], &enter); // the canvas's own event reaches the handler
         QCOMPARE(QStringList({barColour(w).name(), w.labSeeNum->text(), w.labTip->text(), w.labSeeSC->text(),
-                              w.labSeeSC->textColor().name()}),
+                              w.labSeeSC->textColour().name()}),
                  QStringList({colour.name(), "P00 12", "Mail", "m", "#797979"}));
 
         b.ShortcutShow = true;
         w.cnBut_MouseEnter(12);
-        QCOMPARE(w.labSeeSC->textColor(), QColor(0xDC, 0x6E, 0x00));
+        QCOMPARE(w.labSeeSC->textColour(), QColor(0xDC, 0x6E, 0x00));
         button(60).Vis = false; // a hidden button leaves the colour as it was
         button(60).ASfile = "x";
         w.cnBut_MouseEnter(60);
@@ -395,7 +395,7 @@ private slots:
         QList<bool> runs;
         for (const char* editor : {"true", "false"}) { // the engine's own answer is false
             tools->setAnswer("running:com.stairways.keyboardmaestro.editor.engine", editor);
-            runs << ZOR::KeyboardMaestroEngineRuns();
+            runs << ZOR::keyboardMaestroEngineRuns();
         }
         QCOMPARE(runs, (QList<bool>{true, false}));
     }

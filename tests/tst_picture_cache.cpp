@@ -73,7 +73,7 @@ private slots:
         const QString path = picturePath(*home);
         paint(path, Qt::red, 64, QDateTime::currentDateTime().addSecs(-60));
         QCOMPARE(shown(startWith(1, 3, 3)), QColor(Qt::red));
-        const auto kept = [] { return QDir(PictureDiskCache::Folder()).entryInfoList({"*.pic"}, QDir::Files); };
+        const auto kept = [] { return QDir(PictureDiskCache::folder()).entryInfoList({"*.pic"}, QDir::Files); };
         QTRY_COMPARE(kept().size(), 1); // written behind the shown window
         program->quit();
 
@@ -101,9 +101,9 @@ private slots:
         ZOR::aBtn->at(3)->PaletteGo = " 11";
         QTest::mouseClick(w.labSeeNum, Qt::LeftButton); // a redraw, as after any change
         const QList<qint64> nearestFirst{1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 10};
-        QCOMPARE(w.PalettesToWarm(), nearestFirst);
+        QCOMPARE(w.palettesToWarm(), nearestFirst);
         // At idle priority: slow on a busy machine.
-        QTRY_COMPARE_WITH_TIMEOUT(QDir(PictureDiskCache::Folder()).entryList({"*.pic"}).size(), 3, 60000);
+        QTRY_COMPARE_WITH_TIMEOUT(QDir(PictureDiskCache::folder()).entryList({"*.pic"}).size(), 3, 60000);
     }
 
     // A chosen file of any size and name becomes button 07's picture; the file itself stays as

@@ -101,7 +101,7 @@ private slots:
                                      {"ASfile", b.ASfile.toStdString()}, {"SCname", b.SCname.toStdString()}, {"AutoMin", 50},
                                      {"Clipbrd", 1}, {"PaletteGo", "12"}, {"KM_Active", false}};
         QCOMPARE(parsed[1 + 5 * 101 + 23].dump(), button.dump());
-        ZOR::ResetStore();
+        ZOR::resetStore();
         QVERIFY(ZOR::JSON_ParseData(text));
         QVERIFY(!ZOR::IsPaletteExistant(37)); // a free slot is no palette
         QVERIFY(ZOR::IsPaletteExistant(36));

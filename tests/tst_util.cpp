@@ -23,13 +23,13 @@ private slots:
     void alphaDateTime() {
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7, 42)));
         QStringList forms;
-        for (int m = 0; m <= 14; ++m) { RtrnDateString::ResetCounter(); forms << RtrnDateString::rsAlphaDateTime(m); }
+        for (int m = 0; m <= 14; ++m) { RtrnDateString::resetCounter(); forms << RtrnDateString::rsAlphaDateTime(m); }
         QCOMPARE(forms, (QStringList{"230523_195507", "230523", "230523_19", "230523_1955", "230523_195507", "2305231955", // 0 falls back to 4
                                      "2023.05.23", "230523_195507Aa", "05/23/2023 19:55:07", "20230523_195507", "230523_195507_042000000",
                                      "230523_195507_042000", "230523_195507_042", "230523_16oxia", "195507"}));
         Clock::set(QDateTime(QDate(2023, 5, 23), QTime(0, 0, 1)));
         QCOMPARE(RtrnDateString::rsAlphaDateTime(13), "230523_0000rs"); // leading zeros kept
-        RtrnDateString::ResetCounter();
+        RtrnDateString::resetCounter();
         QStringList seen;
         for (int i = 0; i < 26 * 26 + 1; ++i) seen << RtrnDateString::rsAlphaDateTime(7).right(2);
         QCOMPARE(seen.mid(25, 2), (QStringList{"Az", "Ba"}));

@@ -119,8 +119,8 @@ QString ZOR::sID_FromShortcut(const QString& key) {
     });
 }
 
-bool ZOR::KeyboardMaestroEngineRuns() {
-    return Guard::run(zor("KeyboardMaestroEngineRuns"), [] {
+bool ZOR::keyboardMaestroEngineRuns() {
+    return Guard::run(zor("keyboardMaestroEngineRuns"), [] {
         return FileTools::ApplicationIsRunning(QStringLiteral("com.stairways.keyboardmaestro.engine")) ||
                FileTools::ApplicationIsRunning(QStringLiteral("com.stairways.keyboardmaestro.editor.engine"));
     });

@@ -25,7 +25,7 @@ bool IsShortcutExistant(const QString& name);
 QString sID_FromShortcut(const QString& key);
 
 // Whether the Keyboard Maestro Engine runs, on its own or as the editor's engine.
-bool KeyboardMaestroEngineRuns();
+bool keyboardMaestroEngineRuns();
 
 } // namespace ZOR
 

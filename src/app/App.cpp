@@ -53,13 +53,13 @@ void retireOldFolder(const QString& support) {
 
 // The current palette's pictures are decoded on worker threads while the data file is read.
 void startOnCurrentPictures() {
-    const qint64 current = ZOR::PeekCurrentPalette();
+    const qint64 current = ZOR::peekCurrentPalette();
     if (current < 0 || current > 99) return;
-    const QString name = "P" + StringUtils::TwoDigits(current);
+    const QString name = "P" + StringUtils::twoDigits(current);
     QStringList paths;
-    for (const auto& file : ButtonPictureFiles(PalettePictureFolder(name)))
+    for (const auto& file : buttonPictureFiles(palettePictureFolder(name)))
         paths << file.second;
-    PictureCache::PrefetchAtStart(paths);
+    PictureCache::prefetchAtStart(paths);
 }
 
 // The store could not read its data file and left it as it is: the user may restore a backup now.
@@ -71,14 +71,14 @@ void offerBackupWindow() {
             "back, press OK to open Manage PreserveState Backup (it is also in the Help menu) and restore a backup, "
             "for instance one from the folder EmergencyPreserveStateBU.";
         if (!RtrnBoolean::rbOKCancel(text, 1, QStringLiteral("Manage PreserveState Backup"))) return;
-        if (!winManageBU::ShowModal()) return;
+        if (!winManageBU::showModal()) return;
         // The palette window is not there yet; it closes, and so ends the program, once the event loop runs.
         QTimer::singleShot(0, qApp, [] { QApplication::closeAllWindows(); });
     });
 }
 } // namespace
 
-QPalette App::FixedPalette() {
+QPalette App::fixedPalette() {
     // Every role of every group is set, so that nothing of the system's palette shows through:
     // in the dark appearance it would give light text on the pale colours the windows paint.
     const std::pair<QPalette::ColorRole, QColor> roles[] = {
@@ -115,7 +115,7 @@ QPalette App::FixedPalette() {
 
 void App::Event_Opening() {
     // Before any window is made: each takes its colours from the application's at creation.
-    QApplication::setPalette(FixedPalette());
+    QApplication::setPalette(fixedPalette());
     Guard::run(Guard::Where::appEvent("Opening").directForm(), [] {
         const QString support = StdFolders::applicationSupport();
         const QDir supportDir(support);
@@ -180,31 +180,31 @@ private:
 // Shows the palette window; what its first frame does not need follows once it is drawn.
 void showPaletteWindow(winMain& window) {
     new AfterFirstFrame(window, [] {
-        ZOR::KeepDataText();
-        Help::FillDictionaryWhenNeeded();
+        ZOR::keepDataText();
+        Help::fillDictionaryWhenNeeded();
 #ifndef Q_OS_MACOS
         // The Mac shows the bundle's own icon. Elsewhere the window takes the small one.
-        QApplication::setWindowIcon(ApplicationIcon());
+        QApplication::setWindowIcon(applicationIcon());
 #endif
     });
     window.show();
 }
 } // namespace
 
-std::unique_ptr<winMain> App::StartPaletteWindow() {
-    ErrorHandling::Install();
+std::unique_ptr<winMain> App::startPaletteWindow() {
+    ErrorHandling::install();
     Event_Opening();
     auto window = std::make_unique<winMain>();
-    MenuTable::Install(*window);
+    MenuTable::install(*window);
     window->Event_Opening();
     showPaletteWindow(*window);
     return window;
 }
 
-int App::Main(int argc, char* argv[]) {
-    FileTypes::Build();
+int App::run(int argc, char* argv[]) {
+    FileTypes::build();
     App app(argc, argv);
     const FontsFilledAside fonts;
-    const std::unique_ptr<winMain> window = StartPaletteWindow();
+    const std::unique_ptr<winMain> window = startPaletteWindow();
     return app.exec();
 }

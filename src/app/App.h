@@ -14,13 +14,13 @@ public:
 
     static void Event_Opening();
     // The program's own light colours, whatever the system's appearance.
-    static QPalette FixedPalette();
+    static QPalette fixedPalette();
     static void Event_Closing() {}
     // The order from the application's opening to the palette window on screen, once a
     // QApplication exists; what the first frame does not need follows once it is drawn. The
     // program and its tests start alike through it.
-    static std::unique_ptr<winMain> StartPaletteWindow();
+    static std::unique_ptr<winMain> startPaletteWindow();
 
     // Process entry: the start, then the event loop.
-    static int Main(int argc, char* argv[]);
+    static int run(int argc, char* argv[]);
 };

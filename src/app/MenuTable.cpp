@@ -23,7 +23,7 @@ template <class Window> Dialogs::Answer showModal() {
 }
 } // namespace
 
-void MenuTable::Install(winMain& window) {
+void MenuTable::install(winMain& window) {
     const MainMenuBar& bar = *window.mainMenuBar;
     QList<winMain::MenuEntry> table = {
         {bar.FileQuit, [&window] { window.close(); }}, // the closing step saves
@@ -33,24 +33,24 @@ void MenuTable::Install(winMain& window) {
              winConstruct design(&window); // built anew at each opening
              Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
          }},
-        {bar.miButPic, [] { ShowButtonPictures(); }},
-        {bar.miManageAS, [] { ShowManageAS(); }},
+        {bar.miButPic, [] { showButtonPictures(); }},
+        {bar.miManageAS, [] { showManageAS(); }},
         {bar.miNewPalette, [] { showModal<winNewPalette>(); }},
         {bar.miRenamePalette, [] { showModal<winChangeAlias>(); }},
         {bar.miDeletePalette,
          [&window] {
              // Once more behind the closed window, so the palette window is whole when it comes to the front.
-             if (showModal<winDeletePalette>().accepted) window.Follow();
+             if (showModal<winDeletePalette>().accepted) window.follow();
          }},
         {bar.miPaletteParticulars, [] { Help::ShowHelpTextProvided(ZOR::paleParticulars); }},
         {bar.miProgramOverview, [] { Help::ShowHelp(0); }},
-        {bar.miPaletteData, [] { ZOR::PaletteDataToDesktop(); }},
+        {bar.miPaletteData, [] { ZOR::paletteDataToDesktop(); }},
         {bar.miPreserveStateBU,
          [&window] {
              // Make Backup and a restore end the program through the palette window's closing step.
-             if (winManageBU::ShowModal()) window.close();
+             if (winManageBU::showModal()) window.close();
          }},
-        {bar.miHelpAbout, [] { ShowAboutBox(); }},
+        {bar.miHelpAbout, [] { showAboutBox(); }},
     };
     for (qint64 k = 0; k < qint64(bar.miPalette.size()); ++k) // P00 to P09, Cmd+0 to Cmd+9
         table.append({bar.miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); }});

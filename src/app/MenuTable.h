@@ -5,5 +5,5 @@ class winMain;
 // start-up. Which items are enabled, and the palette items' texts, winMain decides each time the
 // menus open (Event_MenuBarSelected).
 namespace MenuTable {
-void Install(winMain& window);
+void install(winMain& window);
 }

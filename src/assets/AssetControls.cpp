@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 
 namespace {
-void SetUp(QTreeView* list, const char* name, const QRect& geometry) {
+void setUp(QTreeView* list, const char* name, const QRect& geometry) {
     list->setObjectName(QString::fromLatin1(name));
     list->setGeometry(geometry);
     list->setRootIsDecorated(false);
@@ -18,20 +18,20 @@ void SetUp(QTreeView* list, const char* name, const QRect& geometry) {
 }
 } // namespace
 
-QTreeWidget* AssetControls::ListBox(QWidget* parent, const char* name, const QStringList& headers,
+QTreeWidget* AssetControls::listBox(QWidget* parent, const char* name, const QStringList& headers,
                                     const QRect& geometry) {
     auto* list = new QTreeWidget(parent);
-    SetUp(list, name, geometry);
+    setUp(list, name, geometry);
     list->setColumnCount(std::max<int>(1, int(headers.size())));
     list->setHeaderLabels(headers);
     list->setHeaderHidden(headers.isEmpty());
     return list;
 }
 
-QTreeView* AssetControls::ListView(QWidget* parent, const char* name, QAbstractItemModel* model,
+QTreeView* AssetControls::listView(QWidget* parent, const char* name, QAbstractItemModel* model,
                                    const QRect& geometry) {
     auto* list = new QTreeView(parent);
-    SetUp(list, name, geometry);
+    setUp(list, name, geometry);
     list->setModel(model);
     return list;
 }

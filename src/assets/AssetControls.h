@@ -12,9 +12,9 @@ class QTreeWidget;
 namespace AssetControls {
 
 // A list box of one or more columns; headers empty means no header.
-QTreeWidget* ListBox(QWidget* parent, const char* name, const QStringList& headers, const QRect& geometry);
+QTreeWidget* listBox(QWidget* parent, const char* name, const QStringList& headers, const QRect& geometry);
 // The same list box over a model, for lists too long to hold an item a row; the model names the columns.
-QTreeView* ListView(QWidget* parent, const char* name, QAbstractItemModel* model, const QRect& geometry);
+QTreeView* listView(QWidget* parent, const char* name, QAbstractItemModel* model, const QRect& geometry);
 QLabel* Label(QWidget* parent, const char* name, const QString& text, const QRect& geometry);
 
 // Fills a cell whose tag (the string under Qt::UserRole) is the colour's word with that colour;

@@ -65,7 +65,7 @@ ButtonPictureAudit::ButtonPictureAudit(QString butFolder_, QString paletteFolder
     : butFolder(std::move(butFolder_)), paletteFolder(std::move(paletteFolder_)) {}
 
 bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
-    if (ButtonOfPicture(name) < 0) return false;
+    if (buttonOfPicture(name) < 0) return false;
     const qsizetype dot = name.indexOf('.');
     if (dot < 0) return false;
     const QStringView rest = QStringView(name).mid(dot);
@@ -74,7 +74,7 @@ bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
            rest.compare(u".jpg", Qt::CaseInsensitive) == 0;
 }
 
-QSize ButtonPictureAudit::PictureSize(const QString& path) {
+QSize ButtonPictureAudit::pictureSize(const QString& path) {
     const QFileInfo info(path);
     if (info.isSymLink() || !info.isFile() || info.size() == 0) return {};
     QImageReader reader(path);
@@ -83,11 +83,11 @@ QSize ButtonPictureAudit::PictureSize(const QString& path) {
     return reader.size(); // the header's size; invalid for a format that does not tell it
 }
 
-bool ButtonPictureAudit::MoveOut(const QString& path) {
+bool ButtonPictureAudit::moveOut(const QString& path) {
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
         removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
     if (removedFolder.isEmpty() || stuck.contains(path)) return false;
-    if (FileTools::MoveRenameOrSay(path, removedFolder).isEmpty()) {
+    if (FileTools::moveRenameOrSay(path, removedFolder).isEmpty()) {
         stuck.insert(path);
         return false;
     }
@@ -95,26 +95,26 @@ bool ButtonPictureAudit::MoveOut(const QString& path) {
     return true;
 }
 
-void ButtonPictureAudit::CheckCurrentPalette() {
+void ButtonPictureAudit::checkCurrentPalette() {
     for (const auto& [name, file] : children(paletteFolder)) {
         breathe();
         if (isFolder(file) || isHidden(name)) continue;
         QString message;
-        const bool named = ButtonOfPicture(name) >= 0;
-        const QSize size = named ? PictureSize(file.filePath()) : QSize();
+        const bool named = buttonOfPicture(name) >= 0;
+        const QSize size = named ? pictureSize(file.filePath()) : QSize();
         if (!named)
             message = movedText("The file name is supposed to start with two digits.", name, " is moved to ");
         else if (!size.isValid())
             message = movedText("The file is supposed to be a picture.", name, " is moved to ");
-        else if (!IsSideOK(size.width()))
+        else if (!isSideOK(size.width()))
             message = movedText("The file is supposed to be an ~ 64 pixel picture.", name,
                                 " is too wide and is moved to ");
-        else if (!IsSideOK(size.height()))
+        else if (!isSideOK(size.height()))
             message = movedText("The file is supposed to be an ~ 64 pixel picture.", name,
                                 "is too tall and is moved to ");
         if (message.isEmpty()) continue;
         Dialogs::message(message);
-        MoveOut(file.filePath());
+        moveOut(file.filePath());
     }
 }
 
@@ -122,7 +122,7 @@ void ButtonPictureAudit::RemoveFilesInButtonFolder() {
     if (!QFileInfo(butFolder).isDir()) return;
     for (const auto& [name, item] : children(butFolder)) {
         breathe();
-        if (!isFolder(item) && !isHidden(name)) MoveOut(item.filePath());
+        if (!isFolder(item) && !isHidden(name)) moveOut(item.filePath());
     }
 }
 
@@ -132,16 +132,16 @@ void ButtonPictureAudit::GetFoldersInButFolder() {
         if (isFolder(item)) asButFolders << name;
 }
 
-void ButtonPictureAudit::RemoveBadFolderNames() {
+void ButtonPictureAudit::removeBadFolderNames() {
     for (qsizetype i = asButFolders.size() - 1; i >= 0; --i) {
         breathe();
         const QString& name = asButFolders[i];
-        if (IsPaletteFolderName(name)) continue;
-        if (MoveOut(QDir(butFolder).filePath(name))) asButFolders.removeAt(i);
+        if (isPaletteFolderName(name)) continue;
+        if (moveOut(QDir(butFolder).filePath(name))) asButFolders.removeAt(i);
     }
 }
 
-QStringList ButtonPictureAudit::ListAllPictures() {
+QStringList ButtonPictureAudit::listAllPictures() {
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
         removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
     QStringList rows;
@@ -163,13 +163,13 @@ QStringList ButtonPictureAudit::ListAllPictures() {
         }
         offenders.sort();
         for (const QString& name : offenders)
-            MoveOut(folder + '/' + name);
+            moveOut(folder + '/' + name);
     }
     rows.sort();
     return rows;
 }
 
-bool ButtonPictureAudit::FillDictionary() {
+bool ButtonPictureAudit::fillDictionary() {
     diFile.clear();
     bool moved = false;
     for (const auto& [name, file] : children(paletteFolder)) {
@@ -181,12 +181,12 @@ bool ButtonPictureAudit::FillDictionary() {
             continue;
         }
         Dialogs::message(movedText("There is already a picture for " + key, name, " is moved to "));
-        moved = MoveOut(file.filePath()) || moved;
+        moved = moveOut(file.filePath()) || moved;
     }
     return moved;
 }
 
-QStringList ButtonPictureAudit::CurrentPalettePictures() const {
+QStringList ButtonPictureAudit::currentPalettePictures() const {
     QStringList names;
     FileTools::FolderFilesToArray(paletteFolder, names);
     names.sort();

@@ -17,20 +17,20 @@ public:
 
     // Two leading digits, and from the first "." on exactly ".png", ".jpeg" or ".jpg".
     static bool IsNameOfButtonOK(const QString& name);
-    static bool IsSideOK(int pixels) { return pixels > 50 && pixels < 70; }
+    static bool isSideOK(int pixels) { return pixels > 50 && pixels < 70; }
     // Width and height from the file's header, never decoding the picture; invalid when the file
     // is no picture or is a link (links are never followed).
-    static QSize PictureSize(const QString& path);
+    static QSize pictureSize(const QString& path);
 
     // The steps of one audit, in their order.
-    void CheckCurrentPalette();       // names, content and size, with a message for each
+    void checkCurrentPalette();       // names, content and size, with a message for each
     void RemoveFilesInButtonFolder(); // files among the palette folders, silently
     void GetFoldersInButFolder();     // asButFolders anew
-    void RemoveBadFolderNames();      // folders not named P00 to P99, silently
+    void removeBadFolderNames();      // folders not named P00 to P99, silently
     // Every picture of every palette, "Pnn*name" sorted; moves names that break the rule.
-    QStringList ListAllPictures();
-    bool FillDictionary(); // diFile; a second picture for a button moves; true when one did
-    QStringList CurrentPalettePictures() const; // sorted names
+    QStringList listAllPictures();
+    bool fillDictionary(); // diFile; a second picture for a button moves; true when one did
+    QStringList currentPalettePictures() const; // sorted names
 
     // What moved in this audit and every earlier one of the same window, by display name.
     QStringList asRemoved;
@@ -41,7 +41,7 @@ public:
     QString paletteFolder;
 
 private:
-    bool MoveOut(const QString& path); // to the Desktop folder; true when it moved
+    bool moveOut(const QString& path); // to the Desktop folder; true when it moved
     QString removedFolder;
     QSet<QString> stuck; // files that would not move: told once, then left alone
 };

@@ -40,7 +40,7 @@ Guard::Where method(const char* name) {
 }
 
 // The picture for a preview, decoded only when it is of a sensible size.
-QPixmap Preview(const QString& path, QSize size) {
+QPixmap preview(const QString& path, QSize size) {
     if (!size.isValid() || size.width() > kLargestPreviewSide || size.height() > kLargestPreviewSide)
         return {};
     QImageReader reader(path);
@@ -73,10 +73,10 @@ winButtonPics::winButtonPics(QWidget* parent)
     resize(580, 620);
 
     labCurrentName = Label(this, "labCurrentName", {}, {12, 8, 200, 28});
-    labCurrentName->setFont(Fonts::Sized("System", 18));
+    labCurrentName->setFont(Fonts::sized("System", 18));
     labCurrentAlias = Label(this, "labCurrentAlias", {}, {12, 36, 330, 20});
 
-    lbButPic = ListBox(this, "lbButPic", {}, {12, 62, 170, 226});
+    lbButPic = listBox(this, "lbButPic", {}, {12, 62, 170, 226});
     connect(lbButPic, &QTreeWidget::itemPressed, this,
             [this](QTreeWidgetItem* item) { lbButPic_CellPressed(lbButPic->indexOfTopLevelItem(item)); });
 
@@ -129,7 +129,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     pbCancelAdd->setGeometry(462, 192, 80, 28);
     pbCancelAdd->setEnabled(false);
 
-    pbHelpButGraphics = HelpButton::Round(this, "pbHelpButGraphics", {372, 254, 26, 26});
+    pbHelpButGraphics = HelpButton::round(this, "pbHelpButGraphics", {372, 254, 26, 26});
     pbDone = new QPushButton("Done", this);
     pbDone->setObjectName("pbDone");
     pbDone->setGeometry(462, 252, 80, 30);
@@ -141,7 +141,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     labAllButton->setGeometry(12, 298, 200, 20);
     labAllButton->setID(44);
     allButtonRows = new AllButtonModel(this);
-    lbAllButton = ListView(this, "lbAllButton", allButtonRows, {12, 320, 330, 250});
+    lbAllButton = listView(this, "lbAllButton", allButtonRows, {12, 320, 330, 250});
     lbAllButton->setToolTip("List of ALL the buttons");
     lbAllButton->setColumnWidth(0, 330 * 14 / 100);
     lbAllButton->setColumnWidth(1, 330 * 11 / 100);
@@ -150,7 +150,7 @@ winButtonPics::winButtonPics(QWidget* parent)
     labRemove->setText(QStringLiteral("ⓘ"));
     labRemove->setGeometry(352, 298, 20, 20);
     labRemove->setID(46);
-    lbRemoved = ListBox(this, "lbRemoved", {"Removed From Button Pictures"}, {352, 320, 216, 250});
+    lbRemoved = listBox(this, "lbRemoved", {"Removed From Button Pictures"}, {352, 320, 216, 250});
     labPathButFolder = new labZor(this);
     labPathButFolder->setObjectName("labPathButFolder");
     labPathButFolder->setGeometry(12, 578, 556, 34);
@@ -198,14 +198,14 @@ void winButtonPics::Event_Opening() {
 
 void winButtonPics::PrepareWindow() {
     Guard::run(method("PrepareWindow"), [&] {
-        audit->CheckCurrentPalette();
+        audit->checkCurrentPalette();
         RemoveFilesInButtonFolder();
         GetFoldersInButFolder();
-        audit->RemoveBadFolderNames();
+        audit->removeBadFolderNames();
         FillButtonGraphicListbox();
-        if (audit->FillDictionary()) FillButtonGraphicListbox(); // no row for a picture that just left
-        fill(lbButPic, audit->CurrentPalettePictures());
-        ShowRemovedRows();
+        if (audit->fillDictionary()) FillButtonGraphicListbox(); // no row for a picture that just left
+        fill(lbButPic, audit->currentPalettePictures());
+        showRemovedRows();
     });
 }
 
@@ -222,16 +222,16 @@ bool winButtonPics::IsNameOfButtonOK(const QString& name) {
 }
 
 void winButtonPics::FillButtonGraphicListbox() {
-    Guard::run(method("FillButtonGraphicListbox"), [&] { allButtonRows->setRows(audit->ListAllPictures()); });
+    Guard::run(method("FillButtonGraphicListbox"), [&] { allButtonRows->setRows(audit->listAllPictures()); });
 }
 
-void winButtonPics::ShowRemovedRows() {
+void winButtonPics::showRemovedRows() {
     QStringList rows = audit->asRemoved;
     rows.sort();
     fill(lbRemoved, rows + removedByUser);
 }
 
-void winButtonPics::ClearReview() {
+void winButtonPics::clearReview() {
     pbToDesktop->setEnabled(false);
     labID->clear();
     labSelect->clear();
@@ -249,12 +249,12 @@ void winButtonPics::lbButPic_CellPressed(int row) {
         labSelect->setText(name);
         labID->setText(name.left(2));
         const QString path = audit->diFile.value(labID->text());
-        const QSize size = ButtonPictureAudit::PictureSize(path);
+        const QSize size = ButtonPictureAudit::pictureSize(path);
         labRevHt->show();
         labRevWth->show();
         labRevHtValue->setText(size.isValid() ? QString::number(size.height()) : QString());
         labRevWthValue->setText(size.isValid() ? QString::number(size.width()) : QString());
-        cnShow->setBackdrop(Preview(path, size));
+        cnShow->setBackdrop(preview(path, size));
         pbToDesktop->setEnabled(true);
     });
 }
@@ -270,15 +270,15 @@ void winButtonPics::pbToDesktop_Pressed() {
             Dialogs::message("There is a bug in the Remove Picture button: the folder " + target +
                              " could not be made.");
         const QString name = QFileInfo(path).fileName();
-        if (!path.isEmpty() && FileTools::MoveRenameOrSay(path, target).isEmpty()) return; // it stays listed
+        if (!path.isEmpty() && FileTools::moveRenameOrSay(path, target).isEmpty()) return; // it stays listed
         audit->diFile.remove(id);
         if (QTreeWidgetItem* selected = lbButPic->currentItem(); selected && selected->isSelected())
             delete selected;
-        ClearReview();
+        clearReview();
         labSelect->clear();
         if (!name.isEmpty()) {
             removedByUser << name;
-            ShowRemovedRows();
+            showRemovedRows();
         }
         FillButtonGraphicListbox();
     });
@@ -286,7 +286,7 @@ void winButtonPics::pbToDesktop_Pressed() {
 
 void winButtonPics::pbSelectPicToAdd_Pressed() {
     Guard::run(pressed("pbSelectPicToAdd"), [&] {
-        ClearReview();
+        clearReview();
         lbButPic->clearSelection();
         const QString chosen = FileTools::FolderItemSelect("Select Picture To Add", FileTypeJpgPng::All(),
                                                            StdFolders::desktop());
@@ -294,8 +294,8 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
         const QString name = QFileInfo(chosen).fileName();
         // The user chose this file: a link is followed to the picture it stands for.
         const QString real = QFileInfo(chosen).canonicalFilePath();
-        const QSize size = ButtonPictureAudit::PictureSize(real);
-        const QPixmap picture = Preview(real, size);
+        const QSize size = ButtonPictureAudit::pictureSize(real);
+        const QPixmap picture = preview(real, size);
         bool bad = false;
         if (!size.isValid() || (picture.isNull() && size.width() <= kLargestPreviewSide &&
                                 size.height() <= kLargestPreviewSide)) {
@@ -312,7 +312,7 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             labPicToAdd->setText(name);
         }
         const QString id = name.left(2);
-        if (ButtonOfPicture(name) >= 0) {
+        if (buttonOfPicture(name) >= 0) {
             labID_Add->setText(id);
             if (audit->diFile.contains(id)) {
                 Dialogs::message("There is already a picture for the button " + id);
@@ -323,11 +323,11 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             bad = true;
         }
         const QString sizeText = "The file is supposed to be an ~ 64 pixel picture. File: " + name;
-        if (!bad && !ButtonPictureAudit::IsSideOK(size.width())) {
+        if (!bad && !ButtonPictureAudit::isSideOK(size.width())) {
             Dialogs::message(sizeText + " is too wide.");
             bad = true;
         }
-        if (!bad && !ButtonPictureAudit::IsSideOK(size.height())) {
+        if (!bad && !ButtonPictureAudit::isSideOK(size.height())) {
             Dialogs::message(sizeText + "is too tall.");
             bad = true;
         }
@@ -383,7 +383,7 @@ void winButtonPics::CleanUpAddingPicture() {
 
 void winButtonPics::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        ZOR::ViewFollows();
+        ZOR::viewFollows();
         accept();
     });
 }
@@ -394,7 +394,7 @@ void winButtonPics::pbHelpButGraphics_Pressed(Qt::KeyboardModifiers modifiers) {
     });
 }
 
-void ShowButtonPictures() {
+void showButtonPictures() {
     winButtonPics window;
     window.Event_Opening(); // the audit's messages come before the window
     Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});

@@ -77,9 +77,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void ClearReview();
-    void ShowRemovedRows();
+    void clearReview();
+    void showRemovedRows();
 };
 
 // Opens the window modally from the palette window's menu.
-void ShowButtonPictures();
+void showButtonPictures();

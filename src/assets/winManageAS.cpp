@@ -78,7 +78,7 @@ winManageAS::winManageAS(QWidget* parent)
     labAppleScript = Label(this, "labAppleScript", {}, {450, 17, 538, 20});
     labAppleScript->setToolTip("The path to the AppleScript Folder on this computer");
 
-    lbAppleScript = ListBox(this, "lbAppleScript", {"Apple_Scripts Folder Contents"}, {12, 80, 300, 440});
+    lbAppleScript = listBox(this, "lbAppleScript", {"Apple_Scripts Folder Contents"}, {12, 80, 300, 440});
     lbAppleScript->setToolTip("List of all the AppleScripts currently in place");
     lbAppleScript->setItemDelegateForColumn(0, new TagPainter(kTangerine, QColor(0xFF8000), this));
     pbMoveToWorkshop = button(this, "pbMoveToWorkshop", "Move To Workshop", {12, 528, 300, 30},
@@ -86,7 +86,7 @@ winManageAS::winManageAS(QWidget* parent)
                               "where it can be edited.");
     pbMoveToWorkshop->setEnabled(false);
 
-    lbWorkshop = ListBox(this, "lbWorkshop", {"AppleScriptWorkshop"}, {324, 80, 250, 440});
+    lbWorkshop = listBox(this, "lbWorkshop", {"AppleScriptWorkshop"}, {324, 80, 250, 440});
     lbWorkshop->setToolTip(
         "AppleScriptWorkshop is a folder on the Desktop that is a convenient place to create "
         "and edit AppleScripts.");
@@ -103,18 +103,18 @@ winManageAS::winManageAS(QWidget* parent)
     labLinked->setID(52);
     labLinked->setToolTip("These are AppleScripts that are linked to buttons in palettes");
     lbActiveAppleScripts =
-        ListBox(this, "lbActiveAppleScripts", {"PID", "Alias", "BID", "Name"}, {586, 80, 402, 290});
+        listBox(this, "lbActiveAppleScripts", {"PID", "Alias", "BID", "Name"}, {586, 80, 402, 290});
     lbActiveAppleScripts->setColumnWidth(0, 30);
     lbActiveAppleScripts->setColumnWidth(1, 135);
     lbActiveAppleScripts->setColumnWidth(2, 30);
     lbActiveAppleScripts->setItemDelegateForColumn(3, new TagPainter(kLavender, QColor(0xCC66FF), this));
 
-    lbRemoved = ListBox(this, "lbRemoved", {"Incorrect Extension"}, {586, 382, 402, 138});
+    lbRemoved = listBox(this, "lbRemoved", {"Incorrect Extension"}, {586, 382, 402, 138});
     lbRemoved->setToolTip(
         "Files found in the AppleScript Folder that do not appear to be AppleScripts. They will "
         "be moved to AppleScriptWorkshop");
 
-    pbHelpManageAS = HelpButton::Round(this, "pbHelpManageAS", {846, 580, 26, 26});
+    pbHelpManageAS = HelpButton::round(this, "pbHelpManageAS", {846, 580, 26, 26});
     pbDone = button(this, "pbDone", "Done", {888, 578, 100, 30});
     pbDone->setDefault(true);
 
@@ -132,16 +132,16 @@ QString winManageAS::rsExtension(const QString& name) {
     return dot < 0 ? name : name.mid(dot + 1);
 }
 
-bool winManageAS::IsScript(const QString& name) {
+bool winManageAS::isScript(const QString& name) {
     return rsExtension(name).compare("scpt", Qt::CaseInsensitive) == 0;
 }
 
-QString winManageAS::FolderAS() const {
+QString winManageAS::folderAS() const {
     return AppGlobals::folderPathAS.isEmpty() ? FileTools::CreateFolderInAppSupport("Apple_Scripts")
                                               : QDir::fromNativeSeparators(AppGlobals::folderPathAS);
 }
 
-QString winManageAS::FolderWorkshop() const {
+QString winManageAS::folderWorkshop() const {
     return QDir(StdFolders::desktop()).filePath(kWorkshop);
 }
 
@@ -188,14 +188,14 @@ void winManageAS::ListboxRefresh() {
 
 void winManageAS::GetFilesWorkshop() {
     Guard::run(method("GetFilesWorkshop"), [&] {
-        if (QFileInfo(FolderWorkshop()).isDir()) FileTools::FolderFilesToArray(FolderWorkshop(), asWorkshop);
+        if (QFileInfo(folderWorkshop()).isDir()) FileTools::FolderFilesToArray(folderWorkshop(), asWorkshop);
         asWorkshop.sort(Qt::CaseInsensitive);
     });
 }
 
 void winManageAS::GetFilesAS_Fol() {
     Guard::run(method("GetFilesAS_Fol"), [&] {
-        FileTools::FolderFilesToArray(FolderAS(), asAS_Fol);
+        FileTools::FolderFilesToArray(folderAS(), asAS_Fol);
         asAS_Fol.sort(Qt::CaseInsensitive);
     });
 }
@@ -204,14 +204,14 @@ void winManageAS::BadFileExtension() {
     Guard::run(method("BadFileExtension"), [&] {
         QStringList bad;
         for (const QString& name : asAS_Fol)
-            if (!IsScript(name)) bad << name;
+            if (!isScript(name)) bad << name;
         if (bad.isEmpty()) return;
         for (const QString& name : bad)
             asAS_Fol.removeAll(name);
         fill(lbRemoved, bad);
         const QString target = FileTools::CreateFolderOnDesktop(kWorkshop);
         for (const QString& name : bad)
-            FileTools::MoveRenameOrSay(QDir(FolderAS()).filePath(name), target);
+            FileTools::moveRenameOrSay(QDir(folderAS()).filePath(name), target);
         Dialogs::message(
             QString::number(bad.size()) +
             " file(s) with the incorrect extension removed from the AppleScript Folder and placed "
@@ -285,7 +285,7 @@ bool winManageAS::lbWorkshop_CellPressed(int row) {
         if (item->isSelected()) {
             item->setSelected(false);
             pbMoveToAppleScript->setEnabled(false);
-        } else if (!IsScript(item->text(0))) {
+        } else if (!isScript(item->text(0))) {
             Dialogs::message("That file does not have the proper extension (.scpt) so not selectable.");
             lbWorkshop->clearSelection();
             pbMoveToAppleScript->setEnabled(false);
@@ -308,7 +308,7 @@ bool winManageAS::lbActiveAppleScripts_CellPressed(int row) {
 
 void winManageAS::pbAddToDF_Pressed() {
     Guard::run(pressed("pbAddToDF"), [&] {
-        FileTools::ChooseFileAndMoveToSuppliedDestination(FolderAS(), "Choose AppleScript",
+        FileTools::ChooseFileAndMoveToSuppliedDestination(folderAS(), "Choose AppleScript",
                                                           FileTypeAppleScript::All(), "Desktop");
         ListboxRefresh();
     });
@@ -318,7 +318,7 @@ void winManageAS::pbMoveToWorkshop_Pressed() {
     Guard::run(pressed("pbMoveToWorkshop"), [&] {
         const QList<QTreeWidgetItem*> selected = lbAppleScript->selectedItems();
         if (!selected.isEmpty()) {
-            const QString path = QDir(FolderAS()).filePath(selected.first()->text(0));
+            const QString path = QDir(folderAS()).filePath(selected.first()->text(0));
             const QFileInfo file(path);
             if (file.exists() || file.isSymLink())
                 plainMove(path, FileTools::CreateFolderOnDesktop(kWorkshop));
@@ -333,7 +333,7 @@ void winManageAS::pbMoveToAppleScript_Pressed() {
     Guard::run(pressed("pbMoveToAppleScript"), [&] {
         const QList<QTreeWidgetItem*> selected = lbWorkshop->selectedItems();
         if (!selected.isEmpty()) {
-            const QString path = QDir(FolderWorkshop()).filePath(selected.first()->text(0));
+            const QString path = QDir(folderWorkshop()).filePath(selected.first()->text(0));
             const QFileInfo file(path);
             const QString folder = QDir::fromNativeSeparators(AppGlobals::folderPathAS);
             if (!file.exists() && !file.isSymLink())
@@ -350,7 +350,7 @@ void winManageAS::pbMoveToAppleScript_Pressed() {
 
 void winManageAS::pbDone_Pressed() {
     Guard::run(pressed("pbDone"), [&] {
-        if (PaletteView* view = ZOR::View()) view->SetPaletteTitle(ZOR::paleWinTitle);
+        if (PaletteView* view = ZOR::view()) view->setPaletteTitle(ZOR::paleWinTitle);
         accept();
     });
 }
@@ -359,7 +359,7 @@ void winManageAS::pbHelpManageAS_Pressed() {
     Guard::run(pressed("pbHelpManageAS"), [&] { Help::ShowHelp(50); });
 }
 
-void ShowManageAS() {
+void showManageAS() {
     winManageAS window;
     window.Event_Opening();
     Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});

@@ -20,7 +20,7 @@ public:
     static const QString kLavender;
     // What stands behind the first "."; the whole name when there is no dot.
     static QString rsExtension(const QString& name);
-    static bool IsScript(const QString& name);
+    static bool isScript(const QString& name);
 
     void Event_Opening();
     void GetFilesAS_Fol();
@@ -62,9 +62,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QString FolderAS() const;
-    QString FolderWorkshop() const; // where it is or would be
+    QString folderAS() const;
+    QString folderWorkshop() const; // where it is or would be
 };
 
 // Opens the window modally from the palette window's menu.
-void ShowManageAS();
+void showManageAS();

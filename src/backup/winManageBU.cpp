@@ -81,7 +81,7 @@ QLabel* label(QWidget* parent, const char* name, const QString& text, int pixels
     lab->setTextFormat(Qt::PlainText);
     lab->setWordWrap(true);
     lab->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    QFont font = Fonts::Sized("System", pixels);
+    QFont font = Fonts::sized("System", pixels);
     font.setBold(bold);
     lab->setFont(font);
     return lab;
@@ -198,7 +198,7 @@ void winManageBU::pbCopyEmergency_Pressed() {
             return;
         }
         QDir().mkpath(desktop);
-        ItemCopy::CopyInto(source, desktop);
+        ItemCopy::copyInto(source, desktop);
     });
 }
 
@@ -210,7 +210,7 @@ void winManageBU::pbRestoreBU_Pressed() {
     });
 }
 
-bool winManageBU::ShowModal() {
+bool winManageBU::showModal() {
     winManageBU window;
     const Dialogs::Answer answer =
         Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});

@@ -34,5 +34,5 @@ public:
     void pbRestoreBU_Pressed();
 
     // Builds the window and runs it modally; true when the program is to quit now.
-    static bool ShowModal();
+    static bool showModal();
 };

@@ -43,14 +43,14 @@ inline labZor* helpLabel(QWidget* parent, const char* name, const QString& text,
     label->setText(text);
     label->setID(id);
     label->setExitColor(rest);
-    label->setFont(Fonts::Sized("System", size));
+    label->setFont(Fonts::sized("System", size));
     return label;
 }
 
 inline labInfo* infoLabel(QWidget* parent, const char* name, int id, const QRect& place) {
     auto* label = make<labInfo>(parent, name, place);
     label->setID(id);
-    label->setFont(Fonts::Sized("System", 15));
+    label->setFont(Fonts::sized("System", 15));
     return label;
 }
 
@@ -58,7 +58,7 @@ inline QLabel* plainLabel(QWidget* parent, const char* name, const QString& text
                           double size, bool bold = false) {
     auto* label = make<QLabel>(parent, name, place);
     label->setText(text);
-    QFont font = Fonts::Sized("System", size);
+    QFont font = Fonts::sized("System", size);
     font.setBold(bold);
     label->setFont(font);
     return label;

@@ -35,7 +35,7 @@ void UpDownArrows::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const bool shift = event->modifiers() & Qt::ShiftModifier;
     if (event->position().y() < height() / 2.0)
-        emit UpPressed(shift);
+        emit upPressed(shift);
     else
-        emit DownPressed(shift);
+        emit downPressed(shift);
 }

@@ -10,8 +10,8 @@ public:
     QSize sizeHint() const override { return {15, 24}; }
 
 signals:
-    void UpPressed(bool shift);
-    void DownPressed(bool shift);
+    void upPressed(bool shift);
+    void downPressed(bool shift);
 
 protected:
     void paintEvent(QPaintEvent*) override;

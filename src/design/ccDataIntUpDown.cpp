@@ -23,36 +23,36 @@ ccDataIntUpDown::ccDataIntUpDown(QWidget* parent) : QWidget(parent) {
     resize(155, 40);
     labTitle = new QLabel(this);
     labTitle->setObjectName("labTitle");
-    labTitle->setFont(Fonts::Sized("System", 13));
+    labTitle->setFont(Fonts::sized("System", 13));
     labTitle->setGeometry(0, 10, 80, 20);
     colour(labTitle, QColor(0x42, 0x42, 0x42));
     labValue = new QLabel(this);
     labValue->setObjectName("labValue");
-    labValue->setFont(Fonts::Sized("System", 13));
+    labValue->setFont(Fonts::sized("System", 13));
     labValue->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     labValue->setGeometry(80, 10, 40, 20);
     colour(labValue, Qt::black);
     udChangeVal = new UpDownArrows(this);
     udChangeVal->move(128, 8);
-    connect(udChangeVal, &UpDownArrows::UpPressed, this, &ccDataIntUpDown::udChangeVal_UpPressed);
-    connect(udChangeVal, &UpDownArrows::DownPressed, this, &ccDataIntUpDown::udChangeVal_DownPressed);
+    connect(udChangeVal, &UpDownArrows::upPressed, this, &ccDataIntUpDown::udChangeVal_UpPressed);
+    connect(udChangeVal, &UpDownArrows::downPressed, this, &ccDataIntUpDown::udChangeVal_DownPressed);
 }
 
-void ccDataIntUpDown::ShowValue() {
+void ccDataIntUpDown::showValue() {
     labValue->setText(QString::number(theValue));
 }
 
 void ccDataIntUpDown::udChangeVal_UpPressed(bool shift) {
-    Guard::run(arrowEvent("UpPressed"), [&] { Step(shift ? jumpShift : jump); });
+    Guard::run(arrowEvent("UpPressed"), [&] { step(shift ? jumpShift : jump); });
 }
 
 void ccDataIntUpDown::udChangeVal_DownPressed(bool shift) {
-    Guard::run(arrowEvent("DownPressed"), [&] { Step(-(shift ? jumpShift : jump)); });
+    Guard::run(arrowEvent("DownPressed"), [&] { step(-(shift ? jumpShift : jump)); });
 }
 
-void ccDataIntUpDown::Step(int delta) {
+void ccDataIntUpDown::step(int delta) {
     const int old = theValue;
     theValue = delta > 0 ? std::min(theValue + delta, maxValue) : std::max(theValue + delta, minValue);
-    ShowValue();
+    showValue();
     if (theValue != old) emit ValueChanged();
 }

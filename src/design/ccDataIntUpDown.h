@@ -13,7 +13,7 @@ public:
 
     void udChangeVal_UpPressed(bool shift);
     void udChangeVal_DownPressed(bool shift);
-    void ShowValue(); // labValue follows theValue
+    void showValue(); // labValue follows theValue
 
     int theValue = 0;
     int jump = 1;
@@ -29,5 +29,5 @@ signals:
     void ValueChanged();
 
 private:
-    void Step(int delta);
+    void step(int delta);
 };

@@ -17,43 +17,43 @@ ccDataStrUpDown::ccDataStrUpDown(QWidget* parent) : QWidget(parent) {
     resize(200, 40);
     labTitle = new QLabel(this);
     labTitle->setObjectName("labTitle");
-    labTitle->setFont(Fonts::Sized("System", 13));
+    labTitle->setFont(Fonts::sized("System", 13));
     labTitle->setGeometry(0, 10, 125, 20);
     QPalette p = labTitle->palette();
     p.setColor(QPalette::WindowText, QColor(0x42, 0x42, 0x42));
     labTitle->setPalette(p);
     labValue = new QLabel(this);
     labValue->setObjectName("labValue");
-    labValue->setFont(Fonts::Sized("System", 15));
+    labValue->setFont(Fonts::sized("System", 15));
     labValue->setAlignment(Qt::AlignCenter);
     labValue->setGeometry(125, 10, 40, 20);
-    SetValueColor(QColor(0xA9, 0xA9, 0xA9));
+    setValueColour(QColor(0xA9, 0xA9, 0xA9));
     udChangeVal = new UpDownArrows(this);
     udChangeVal->move(172, 8);
-    connect(udChangeVal, &UpDownArrows::UpPressed, this, &ccDataStrUpDown::udChangeVal_UpPressed);
-    connect(udChangeVal, &UpDownArrows::DownPressed, this, &ccDataStrUpDown::udChangeVal_DownPressed);
+    connect(udChangeVal, &UpDownArrows::upPressed, this, &ccDataStrUpDown::udChangeVal_UpPressed);
+    connect(udChangeVal, &UpDownArrows::downPressed, this, &ccDataStrUpDown::udChangeVal_DownPressed);
 }
 
-void ccDataStrUpDown::SetValueColor(const QColor& colour) {
+void ccDataStrUpDown::setValueColour(const QColor& colour) {
     QPalette p = labValue->palette();
     p.setColor(QPalette::WindowText, colour);
     labValue->setPalette(p);
 }
 
-QColor ccDataStrUpDown::ValueColor() const {
+QColor ccDataStrUpDown::valueColour() const {
     return labValue->palette().color(QPalette::WindowText);
 }
 
 void ccDataStrUpDown::udChangeVal_UpPressed(bool shift) {
-    Guard::run(arrowEvent("UpPressed"), [&] { Step(-(shift ? jumpShift : jump)); });
+    Guard::run(arrowEvent("UpPressed"), [&] { step(-(shift ? jumpShift : jump)); });
 }
 
 void ccDataStrUpDown::udChangeVal_DownPressed(bool shift) {
-    Guard::run(arrowEvent("DownPressed"), [&] { Step(shift ? jumpShift : jump); });
+    Guard::run(arrowEvent("DownPressed"), [&] { step(shift ? jumpShift : jump); });
 }
 
-void ccDataStrUpDown::Step(int delta) {
-    SetValueColor(Qt::black);
+void ccDataStrUpDown::step(int delta) {
+    setValueColour(Qt::black);
     const int old = theValueIndex;
     theValueIndex =
         delta < 0 ? std::max(theValueIndex + delta, minIndex) : std::min(theValueIndex + delta, maxIndex);

@@ -15,8 +15,8 @@ public:
 
     void udChangeVal_UpPressed(bool shift);
     void udChangeVal_DownPressed(bool shift);
-    void SetValueColor(const QColor& colour);
-    QColor ValueColor() const;
+    void setValueColour(const QColor& colour);
+    QColor valueColour() const;
 
     QString theValue;
     int jump = 1;
@@ -34,5 +34,5 @@ signals:
     void ValueChanged();
 
 private:
-    void Step(int delta);
+    void step(int delta);
 };

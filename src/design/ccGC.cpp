@@ -39,7 +39,7 @@ ccGC::ccGC(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
-QFont ccGC::GridFont(int pixels) {
+QFont ccGC::gridFont(int pixels) {
     static const QString family = [] {
         const QStringList installed = QFontDatabase::families();
         for (const char* candidate : {"SF Pro", "SF Pro Text", "Helvetica Neue", "Helvetica", "Arial",
@@ -47,10 +47,10 @@ QFont ccGC::GridFont(int pixels) {
             if (installed.contains(QString::fromLatin1(candidate))) return QString::fromLatin1(candidate);
         return QStringLiteral("System");
     }();
-    return Fonts::Sized(family, pixels);
+    return Fonts::sized(family, pixels);
 }
 
-ccGC::Look ccGC::CurrentLook() const {
+ccGC::Look ccGC::currentLook() const {
     const int n = butID.toInt();
     if (n == ZOR::idxCurrentBtn) return Look::Selected;
     if (n / 10 >= ZOR::numRows || n % 10 >= ZOR::numColumns) return Look::Outside;
@@ -66,7 +66,7 @@ void ccGC::cnvGC_Paint(QPainter& g) {
     const int n = butID.toInt();
     if (butID.isEmpty() || n < 0 || size_t(n) >= ZOR::aBtn->size()) return;
     const Btn& b = *(*ZOR::aBtn)[size_t(n)];
-    const Look look = CurrentLook();
+    const Look look = currentLook();
     g.setRenderHint(QPainter::Antialiasing);
     g.setRenderHint(QPainter::TextAntialiasing);
 
@@ -84,13 +84,13 @@ void ccGC::cnvGC_Paint(QPainter& g) {
     g.drawRoundedRect(box, 5, 5);
 
     if (look == Look::Selected) {
-        static const QFont large = GridFont(22);
+        static const QFont large = gridFont(22);
         g.setFont(large);
         g.setPen(kGhost);
         g.drawText(QPointF(16, 35), butID);
         return;
     }
-    static const QFont small = GridFont(14); // looked up once: a refresh paints 100 cells
+    static const QFont small = gridFont(14); // looked up once: a refresh paints 100 cells
     g.setFont(small);
     if (look == Look::Outside) {
         g.setPen(kGhost);

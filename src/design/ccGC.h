@@ -12,14 +12,14 @@ public:
     explicit ccGC(QWidget* parent = nullptr);
 
     enum class Look { Used, Outside, Selected };
-    Look CurrentLook() const;
+    Look currentLook() const;
 
     QString butID;    // "00" .. "99"
     int tipInfo = 0;  // kept for the data's sake; nothing reads it
     int shortcut = 0; // the same
 
     // "SF Pro" where it is installed, else a sans-serif of like width.
-    static QFont GridFont(int pixels);
+    static QFont gridFont(int pixels);
 
 signals:
     void MouseUp(int index);

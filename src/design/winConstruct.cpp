@@ -28,9 +28,9 @@ winConstruct::winConstruct(QWidget* parent) : QDialog(parent) {
     setWindowTitle("Grid Construct");
     setFixedSize(1100, 770);
     setAutoFillBackground(true);
-    BuildFrame();
-    BuildPaletteHalf();
-    BuildButtonHalf();
+    buildFrame();
+    buildPaletteHalf();
+    buildButtonHalf();
     ccRowUpDown_Open_Instance();
     ccColUpDown_Open_Instance();
     ccShortcutUpDown_Open_Instance();
@@ -42,8 +42,8 @@ winConstruct::~winConstruct() {
     opened = false;
 }
 
-void winConstruct::BuildFrame() {
-    pbHelpGridCon = HelpButton::Round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
+void winConstruct::buildFrame() {
+    pbHelpGridCon = HelpButton::round(this, "pbHelpGridCon", QRect(1060, 12, 24, 24));
     connect(pbHelpGridCon, &QPushButton::clicked, this, &winConstruct::pbHelpGridCon_Pressed);
     pbDone = make<QPushButton>(this, "pbDone", QRect(985, 728, 95, 30), "Done");
     connect(pbDone, &QPushButton::clicked, this, &winConstruct::pbDone_Pressed);
@@ -86,7 +86,7 @@ void winConstruct::Event_Opening() {
 
         QStringList hidden;
         for (const auto& [n, path] :
-             ButtonPictureFiles(PalettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
+             buttonPictureFiles(palettePictureFolder(ZOR::paleName), LeadingDigits::AsNumber))
             if (size_t(n) < ZOR::aBtn->size() && !(*ZOR::aBtn)[size_t(n)]->Vis) hidden << QString::number(n);
         if (!hidden.isEmpty()) {
             const QString message =
@@ -102,9 +102,9 @@ void winConstruct::Event_Opening() {
         DefaultOutsideUsedGrid();
         for (int i = 0; i < 100; ++i) {
             auto* cell = new ccGC(this);
-            cell->setObjectName("ccGC" + StringUtils::TwoDigits(i));
+            cell->setObjectName("ccGC" + StringUtils::twoDigits(i));
             cell->move(i % 10 * ccGC::kSize + 20, i / 10 * ccGC::kSize + 200);
-            cell->butID = StringUtils::TwoDigits(i);
+            cell->butID = StringUtils::twoDigits(i);
             connect(cell, &ccGC::MouseUp, this, &winConstruct::GridClicked);
             accGC.append(cell);
         }
@@ -121,11 +121,11 @@ void winConstruct::Event_Opening() {
 }
 
 bool winConstruct::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && opened) FieldLeft(watched);
+    if (event->type() == QEvent::FocusOut && opened) fieldLeft(watched);
     return QDialog::eventFilter(watched, event);
 }
 
-void winConstruct::FieldLeft(QObject* field) {
+void winConstruct::fieldLeft(QObject* field) {
     if (field == tfWinTitle)
         tfWinTitle_FocusLost();
     else if (field == taParticulars)
@@ -150,9 +150,9 @@ void winConstruct::pbHelpGridCon_Pressed() {
 
 void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
-        FieldLeft(focusWidget());
+        fieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
-        ZOR::ViewFollows();
+        ZOR::viewFollows();
         opened = false;
         accept();
     });

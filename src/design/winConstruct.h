@@ -56,7 +56,7 @@ public:
     static QString AS_HasCorrectCharacters(const QString& text);
     static QString PaletteGoMakeAcceptable(const QString& text);
     static bool IsAppleScriptNameExist(const QString& name);
-    static QString CleanWindowTitle(const QString& text, const QString& paletteName);
+    static QString cleanWindowTitle(const QString& text, const QString& paletteName);
     void tfAS_TextChanged();
     void tfAS_FocusLost();
     void tfSC_TextChanged();
@@ -67,7 +67,7 @@ public:
     void cbVisOnBtn_ValueChanged();
     void ccShortcutUpDown_Open_Instance();
     void ccShortcutUpDown_ValueChanged();
-    void FieldChanged(); // the change rule of the fields that are not an action
+    void fieldChanged(); // the change rule of the fields that are not an action
     void pbOK_Pressed();
     void pbCancel_Pressed();
 
@@ -137,13 +137,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void BuildPaletteHalf();
-    void BuildButtonHalf();
-    void BuildFrame();
-    void OKOn(bool on); // OK on and Done off, or the reverse
-    void SetShortcutColour(const QColor& colour);
-    void EndEdit(); // what OK and Cancel share once the button is dealt with
+    void buildPaletteHalf();
+    void buildButtonHalf();
+    void buildFrame();
+    void okOn(bool on); // OK on and Done off, or the reverse
+    void setShortcutColour(const QColor& colour);
+    void endEdit(); // what OK and Cancel share once the button is dealt with
     // A press on a button takes no focus on the Mac: the field being typed in is left first.
-    void FieldLeft(QObject* field);
+    void fieldLeft(QObject* field);
     bool opened = false;
 };

@@ -47,7 +47,7 @@ QString withoutBlanks(QString text) {
 }
 } // namespace
 
-void winConstruct::BuildButtonHalf() {
+void winConstruct::buildButtonHalf() {
     labButtSpec = plainLabel(this, "labButtSpec", "Button Specification", QRect(612, 210, 300, 28), 18);
     mabButton = helpLabel(this, "mabButton", "Button", 22, kGreyLabel, QRect(935, 216, 60, 20));
     labID = plainLabel(this, "labID", "ID", QRect(1000, 210, 60, 28), 18, true);
@@ -58,7 +58,7 @@ void winConstruct::BuildButtonHalf() {
     ccShortcutUpDown = make<ccDataStrUpDown>(this, "ccShortcutUpDown", QRect(612, 280, 200, 40));
     labKB_ShortcutInfo = infoLabel(this, "labKB_ShortcutInfo", 24, QRect(815, 289, 20, 22));
     labShortcut = make<QLabel>(this, "labShortcut", QRect(845, 280, 50, 40));
-    QFont letter = Fonts::Sized("Menlo", 26);
+    QFont letter = Fonts::sized("Menlo", 26);
     letter.setBold(true);
     labShortcut->setFont(letter);
     labShortcut->setAlignment(Qt::AlignCenter);
@@ -127,11 +127,11 @@ void winConstruct::BuildButtonHalf() {
     connect(cbVisOnBtn, &QCheckBox::toggled, this, &winConstruct::cbVisOnBtn_ValueChanged);
     connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this,
             &winConstruct::ccShortcutUpDown_ValueChanged);
-    connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::FieldChanged);
-    connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::FieldChanged);
-    connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::FieldChanged);
-    connect(cbVisibleBtn, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
-    connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::FieldChanged);
+    connect(tfTip, &QLineEdit::textChanged, this, &winConstruct::fieldChanged);
+    connect(taInfo, &QPlainTextEdit::textChanged, this, &winConstruct::fieldChanged);
+    connect(pumAutoMin, &QComboBox::currentIndexChanged, this, &winConstruct::fieldChanged);
+    connect(cbVisibleBtn, &QCheckBox::toggled, this, &winConstruct::fieldChanged);
+    connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::fieldChanged);
     connect(pbOK, &QPushButton::clicked, this, &winConstruct::pbOK_Pressed);
     connect(pbCancel, &QPushButton::clicked, this, &winConstruct::pbCancel_Pressed);
     for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo})
@@ -150,12 +150,12 @@ void winConstruct::ccShortcutUpDown_Open_Instance() {
     ccShortcutUpDown->labValue->setText(kNoShortcut);
 }
 
-void winConstruct::OKOn(bool on) {
+void winConstruct::okOn(bool on) {
     pbOK->setEnabled(on);
     pbDone->setEnabled(!on);
 }
 
-void winConstruct::SetShortcutColour(const QColor& colour) {
+void winConstruct::setShortcutColour(const QColor& colour) {
     setTextColour(labShortcut, colour);
 }
 
@@ -177,13 +177,13 @@ void winConstruct::EditButton(int index) {
     Guard::run(windowMethod("EditButton"), [&] {
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         editingGridButton = true;
-        labID->setText(StringUtils::TwoDigits(index));
-        ccShortcutUpDown->SetValueColor(Qt::black);
+        labID->setText(StringUtils::twoDigits(index));
+        ccShortcutUpDown->setValueColour(Qt::black);
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(true);
         labShortcut->setText(b.Shortcut);
         labShortcut->show();
-        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        setShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
         tfAS->setText(b.ASfile);
         tfSC->setText(b.SCname);
         tfPaletteGo->setText(b.PaletteGo);
@@ -212,8 +212,8 @@ void winConstruct::EditButton(int index) {
         // kinds is applied once more so that it always answers for the loaded button.
         InputEnabling();
         // The assignments above ran the change handlers; a fresh load is unchanged all the same.
-        SetShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
-        OKOn(false);
+        setShortcutColour(b.ShortcutShow ? kLetterShown : kLetterLoadedHidden);
+        okOn(false);
         PaletteGlobalActive(false);
     });
 }
@@ -235,13 +235,13 @@ void winConstruct::BlankOutEditButton() {
                                                           labZorPaletteNum_NotExist})
             w->hide();
         labID->setText("ID");
-        ccShortcutUpDown->SetValueColor(QColor(0xCF, 0xCF, 0xCF));
+        ccShortcutUpDown->setValueColour(QColor(0xCF, 0xCF, 0xCF));
         ccShortcutUpDown->theValueIndex = 0;
         ccShortcutUpDown->theValue = kNoShortcut;
         ccShortcutUpDown->labValue->setText(kNoShortcut);
         ccShortcutUpDown->udChangeVal->setEnabled(false);
         pbCancel->setEnabled(false);
-        OKOn(false);
+        okOn(false);
     });
 }
 
@@ -268,9 +268,9 @@ void winConstruct::InputEnabling() {
         if (!km && !as && !sc && !ps) {
             for (QWidget* w : std::initializer_list<QWidget*>{cbKM, tfAS, tfSC, tfPaletteGo})
                 w->setEnabled(true);
-            OKOn(false);
+            okOn(false);
         } else {
-            OKOn(true);
+            okOn(true);
         }
     });
 }
@@ -306,7 +306,7 @@ QString winConstruct::PaletteGoMakeAcceptable(const QString& text) {
     bool ok = false;
     const int n = digits.toInt(&ok);
     if (!ok || n < 0 || n > 99) return {};
-    return StringUtils::TwoDigits(n);
+    return StringUtils::twoDigits(n);
 }
 
 bool winConstruct::IsAppleScriptNameExist(const QString& name) {
@@ -380,31 +380,31 @@ void winConstruct::tfPaletteGo_FocusLost() {
 void winConstruct::cbKM_ValueChanged() {
     Guard::run(controlEvent("cbKM", "ValueChanged"), [this] {
         InputEnabling();
-        OKOn(true);
+        okOn(true);
     });
 }
 
 void winConstruct::cbVisOnBtn_ValueChanged() {
     Guard::run(controlEvent("cbVisOnBtn", "ValueChanged"), [this] {
-        SetShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
-        OKOn(true);
+        setShortcutColour(cbVisOnBtn->isChecked() ? kLetterShown : kLetterHidden);
+        okOn(true);
     });
 }
 
 void winConstruct::ccShortcutUpDown_ValueChanged() {
     Guard::run(controlEvent("ccShortcutUpDown", "ValueChanged"), [this] {
         labShortcut->setText(ccShortcutUpDown->theValue);
-        OKOn(true);
+        okOn(true);
     });
 }
 
-void winConstruct::FieldChanged() {
-    Guard::run(windowMethod("FieldChanged"), [this] { OKOn(true); });
+void winConstruct::fieldChanged() {
+    Guard::run(windowMethod("fieldChanged"), [this] { okOn(true); });
 }
 
 void winConstruct::pbOK_Pressed() {
     Guard::run(controlEvent("pbOK", "Pressed"), [this] {
-        FieldLeft(focusWidget());
+        fieldLeft(focusWidget());
         if (ZOR::idxCurrentBtn < 0 || size_t(ZOR::idxCurrentBtn) >= ZOR::aBtn->size()) return;
         Btn& b = *(*ZOR::aBtn)[size_t(ZOR::idxCurrentBtn)];
         editingGridButton = false;
@@ -429,7 +429,7 @@ void winConstruct::pbOK_Pressed() {
         }
         b.Vis = cbVisibleBtn->isChecked();
         b.ShortcutShow = cbVisOnBtn->isChecked();
-        EndEdit();
+        endEdit();
         ZOR::paletteContentChange = true;
     });
 }
@@ -437,11 +437,11 @@ void winConstruct::pbOK_Pressed() {
 void winConstruct::pbCancel_Pressed() {
     Guard::run(controlEvent("pbCancel", "Pressed"), [this] {
         editingGridButton = false;
-        EndEdit();
+        endEdit();
     });
 }
 
-void winConstruct::EndEdit() {
+void winConstruct::endEdit() {
     BlankOutEditButton();
     const int old = int(ZOR::idxCurrentBtn);
     ZOR::idxCurrentBtn = -1;

@@ -31,12 +31,12 @@ void openCount(ccDataIntUpDown* control, qint64& count, const QString& title) {
     control->minValue = 1;
     control->maxValue = 10;
     control->theValue = int(count);
-    control->ShowValue();
+    control->showValue();
     control->labTitle->setText(title);
 }
 } // namespace
 
-void winConstruct::BuildPaletteHalf() {
+void winConstruct::buildPaletteHalf() {
     labPaleSpec = plainLabel(this, "labPaleSpec", "Palette Specification", QRect(20, 12, 260, 28), 18, true);
     ccRowUpDown = make<ccDataIntUpDown>(this, "ccRowUpDown", QRect(20, 50, 155, 40));
     ccColUpDown = make<ccDataIntUpDown>(this, "ccColUpDown", QRect(20, 92, 155, 40));
@@ -215,7 +215,7 @@ void winConstruct::tfWinTitle_TextChanged() {
     });
 }
 
-QString winConstruct::CleanWindowTitle(const QString& text, const QString& paletteName) {
+QString winConstruct::cleanWindowTitle(const QString& text, const QString& paletteName) {
     QString title = withoutTitleMarks(text.trimmed());
     title = StringUtils::ReplaceDoubledCharWithSingle(title, " ");
     while (title.contains("  "))
@@ -228,9 +228,9 @@ QString winConstruct::CleanWindowTitle(const QString& text, const QString& palet
 
 void winConstruct::tfWinTitle_FocusLost() {
     Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
-        const QString title = CleanWindowTitle(tfWinTitle->text(), ZOR::paleName);
+        const QString title = cleanWindowTitle(tfWinTitle->text(), ZOR::paleName);
         tfWinTitle->setText(title);
-        if (PaletteView* view = ZOR::View()) view->SetPaletteTitle(title);
+        if (PaletteView* view = ZOR::view()) view->setPaletteTitle(title);
         ZOR::paleWinTitle = title;
         ZOR::paletteContentChange = true;
     });

@@ -12,7 +12,7 @@ bool ErrorHandling::HandleException(const std::exception& error, const QString& 
         const QString type = RuntimeExceptionExtension::Type(error);
         const QString report =
             QStringList{type + " in " + context, "TYPE: " + type,
-                        "ERROR CODE: " + QString::number(RuntimeExceptionExtension::ErrorNumber(error)),
+                        "ERROR CODE: " + QString::number(RuntimeExceptionExtension::errorNumber(error)),
                         "ERROR MESSAGE: " + QString::fromUtf8(error.what())}
                 .join('\n');
         const QString title = QStringLiteral("Oops! Error Message");
@@ -30,6 +30,6 @@ bool ErrorHandling::HandleException(const std::exception& error, const QString& 
     return true;
 }
 
-void ErrorHandling::Install() {
+void ErrorHandling::install() {
     Guard::setReporter(&ErrorHandling::HandleException);
 }

@@ -9,6 +9,6 @@ namespace ErrorHandling {
 bool HandleException(const std::exception& error, const QString& context);
 
 // Makes HandleException the reporter of every handler's failures.
-void Install();
+void install();
 
 } // namespace ErrorHandling

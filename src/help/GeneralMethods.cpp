@@ -39,7 +39,7 @@ std::unique_ptr<QMessageBox> buildMesDlg(const QString& message, const QString& 
 }
 } // namespace
 
-int GeneralMethods::MesDlgButtonNumber(QMessageBox& box, QAbstractButton* clicked) {
+int GeneralMethods::mesDlgButtonNumber(QMessageBox& box, QAbstractButton* clicked) {
     if (!clicked) return 0;
     switch (box.buttonRole(clicked)) {
     case kActionRole:
@@ -58,7 +58,7 @@ int GeneralMethods::MesDlg(QString message, QString explanation, QString actionC
         const Dialogs::Answer answer =
             Dialogs::exec(*box, {Dialogs::Kind::MesDlg, {}, message, explanation, nullptr});
         if (Dialogs::installedScript()) return answer.button;
-        return MesDlgButtonNumber(*box, box->clickedButton());
+        return mesDlgButtonNumber(*box, box->clickedButton());
     });
 }
 
@@ -89,7 +89,7 @@ namespace {
 std::optional<int> osMajor; // asked once per run
 } // namespace
 
-void GeneralMethods::ForgetVersionOS_Major() { osMajor.reset(); }
+void GeneralMethods::forgetVersionOS_Major() { osMajor.reset(); }
 
 int GeneralMethods::VersionOS_Major() {
     return Guard::run(Where::module("GeneralMethods", "VersionOS_Major"), [] {

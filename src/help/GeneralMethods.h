@@ -12,7 +12,7 @@ namespace GeneralMethods {
 int MesDlg(QString message, QString explanation, QString actionCaption, bool showCancel,
            QString alternateCaption);
 // MesDlg's number for a button of its box.
-int MesDlgButtonNumber(QMessageBox& box, QAbstractButton* clicked);
+int mesDlgButtonNumber(QMessageBox& box, QAbstractButton* clicked);
 
 // A long text in a modal, scrolling window.
 void ShowText(QString text, QString title);
@@ -21,7 +21,7 @@ void ShowTimed(QString message, QString title, bool edge, int seconds);
 
 // The major version of macOS; 0 where it cannot be told. Asked once per run.
 int VersionOS_Major();
-void ForgetVersionOS_Major(); // the next call asks the system again
+void forgetVersionOS_Major(); // the next call asks the system again
 
 } // namespace GeneralMethods
 

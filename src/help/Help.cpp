@@ -141,13 +141,13 @@ void Help::FillDictionaryFromHELP_TEXT(const QString& table) {
     });
 }
 
-void Help::FillDictionaryWhenNeeded() {
+void Help::fillDictionaryWhenNeeded() {
     if (!dictionaryFilled) FillDictionaryFromHELP_TEXT();
 }
 
 void Help::ShowHelp(int id) {
     Guard::run(Where::module("Help", "ShowHelp"), [&] {
-        FillDictionaryWhenNeeded();
+        fillDictionaryWhenNeeded();
         const auto found = helpDict.constFind(id);
         if (found == helpDict.constEnd()) {
             Dialogs::message(QStringLiteral("No Dictionary Entry for Key ") + QString::number(id));

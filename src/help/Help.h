@@ -30,7 +30,7 @@ void FillDictionaryFromHELP_TEXT();
 void FillDictionaryFromHELP_TEXT(const QString& table);
 // The same, unless it was done already: once the palette is on screen, or at the first help asked
 // for before that, whichever comes first.
-void FillDictionaryWhenNeeded();
+void fillDictionaryWhenNeeded();
 
 // Shows the record of `id` modally, in the HTML window or the plain one as its text asks.
 void ShowHelp(int id);

@@ -5,7 +5,7 @@
 
 #include <QPushButton>
 
-QPushButton* HelpButton::Round(QWidget* parent, const char* name, const QRect& geometry) {
+QPushButton* HelpButton::round(QWidget* parent, const char* name, const QRect& geometry) {
     auto* button = new QPushButton(QStringLiteral("?"), parent);
     button->setObjectName(name);
     button->setGeometry(geometry);
@@ -19,9 +19,9 @@ QPushButton* HelpButton::Round(QWidget* parent, const char* name, const QRect& g
     return button;
 }
 
-QPushButton* HelpButton::Make(QWidget* window, const char* name, int helpID, const QString& owner) {
+QPushButton* HelpButton::make(QWidget* window, const char* name, int helpID, const QString& owner) {
     constexpr int side = 22;
-    QPushButton* button = Round(window, name, {window->width() - side - 10, 10, side, side});
+    QPushButton* button = round(window, name, {window->width() - side - 10, 10, side, side});
     QObject::connect(button, &QPushButton::clicked, button, [helpID, owner, control = QString(name)] {
         const auto where = Guard::Where::controlEvent(owner, control, "Pressed");
         Guard::run(where, [helpID] { Help::ShowHelp(helpID); });

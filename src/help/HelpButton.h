@@ -7,8 +7,8 @@ class QWidget;
 
 // The round help button with a question mark, one look in every window.
 namespace HelpButton {
-QPushButton* Round(QWidget* parent, const char* name, const QRect& geometry);
+QPushButton* round(QWidget* parent, const char* name, const QRect& geometry);
 // A round button in the window's top right corner whose press shows the help record `helpID`.
 // `owner` names the window in failure reports.
-QPushButton* Make(QWidget* window, const char* name, int helpID, const QString& owner);
+QPushButton* make(QWidget* window, const char* name, int helpID, const QString& owner);
 } // namespace HelpButton

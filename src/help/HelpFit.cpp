@@ -15,7 +15,7 @@ constexpr int kWidths[] = {300, 400, 600, 800, 1000};
 constexpr int kWorthWidening = 80; // pixels of height a wider window must save
 } // namespace
 
-HelpFit::Measure HelpFit::ChooseTextWidth(const WindowFit::TextHeight& heightAt) {
+HelpFit::Measure HelpFit::chooseTextWidth(const WindowFit::TextHeight& heightAt) {
     int heights[std::size(kWidths)];
     for (std::size_t i = 0; i < std::size(kWidths); ++i)
         heights[i] = heightAt(kWidths[i]);
@@ -26,8 +26,8 @@ HelpFit::Measure HelpFit::ChooseTextWidth(const WindowFit::TextHeight& heightAt)
     return {kWidths[chosen], heights[chosen]};
 }
 
-QSize HelpFit::FittedSize(const WindowFit::TextHeight& heightAt, const QRect& available) {
-    const Measure m = ChooseTextWidth(heightAt);
+QSize HelpFit::fittedSize(const WindowFit::TextHeight& heightAt, const QRect& available) {
+    const Measure m = chooseTextWidth(heightAt);
     // Room for title bar, margins and the Done button; a narrow window needs less of it.
     const int chrome = m.textWidth == 300 ? 180 : 216;
     const int width = m.textWidth + 40;
@@ -35,23 +35,23 @@ QSize HelpFit::FittedSize(const WindowFit::TextHeight& heightAt, const QRect& av
     return {std::min(width, int(available.width() * 0.8)), std::min(height, int(available.height() * 0.8))};
 }
 
-QPoint HelpFit::UpperRight(const QRect& available, int windowWidth) {
+QPoint HelpFit::upperRight(const QRect& available, int windowWidth) {
     return {available.x() + available.width() - windowWidth - 4, available.top() + 22};
 }
 
-void HelpFit::SizeAndPlace(QWidget& window, QSize size, const QRect& available) {
+void HelpFit::sizeAndPlace(QWidget& window, QSize size, const QRect& available) {
     window.resize(size);
-    window.move(UpperRight(available, window.width()));
+    window.move(upperRight(available, window.width()));
 }
 
-void HelpFit::WriteWindowSizeInfo(const QWidget& window) {
+void HelpFit::writeWindowSizeInfo(const QWidget& window) {
     const QString line = "Width: " + QString::number(window.width()) +
                          "   Height: " + QString::number(window.height()) +
                          "  Title: " + window.windowTitle();
     FileTools::TextToFile(line, QStringLiteral("WindowSizeInfo"), QStringLiteral("Desktop"), 4);
 }
 
-QRect HelpFit::AvailableArea() {
+QRect HelpFit::availableArea() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
 }
@@ -64,7 +64,7 @@ WindowFit::TextHeight HelpFit::systemFontHeight(const QString& text, int pointSi
     };
 }
 
-void HelpFit::SizeHelpWindow(QWidget& window, int width, int height, const WindowFit::TextHeight& heightAt) {
-    const QRect available = AvailableArea();
-    SizeAndPlace(window, width > 0 && height > 0 ? QSize(width, height) : FittedSize(heightAt, available), available);
+void HelpFit::sizeHelpWindow(QWidget& window, int width, int height, const WindowFit::TextHeight& heightAt) {
+    const QRect available = availableArea();
+    sizeAndPlace(window, width > 0 && height > 0 ? QSize(width, height) : fittedSize(heightAt, available), available);
 }

@@ -34,32 +34,32 @@ void labInfo::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 labZor::labZor(QWidget* parent) : QLabel(parent) {
-    setTextColor(exit);
+    setTextColour(exit);
 }
 
 void labZor::setExitColor(const QColor& colour) {
     exit = colour;
-    setTextColor(colour);
+    setTextColour(colour);
 }
 
-void labZor::setTextColor(const QColor& colour) {
+void labZor::setTextColour(const QColor& colour) {
     QPalette p = palette();
     p.setColor(foregroundRole(), colour);
     setPalette(p);
 }
 
-QColor labZor::textColor() const {
+QColor labZor::textColour() const {
     return palette().color(foregroundRole());
 }
 
-bool labZor::OpensHelp(Qt::KeyboardModifiers modifiers) const {
+bool labZor::opensHelp(Qt::KeyboardModifiers modifiers) const {
     // Option is Qt's Alt modifier on the Mac.
     return !shiftRule || (modifiers & (Qt::AltModifier | Qt::ShiftModifier));
 }
 
 void labZor::MouseEnter() {
     Guard::run(where(*this, QStringLiteral("MouseEnter")), [&] {
-        setTextColor(enter);
+        setTextColour(enter);
         if (bold) {
             QFont f = font();
             f.setBold(true);
@@ -71,7 +71,7 @@ void labZor::MouseEnter() {
 
 void labZor::MouseExit() {
     Guard::run(where(*this, QStringLiteral("MouseExit")), [&] {
-        setTextColor(exit);
+        setTextColour(exit);
         // Only undo our own bold: a label designed bold stays bold.
         if (bold) {
             QFont f = font();
@@ -84,7 +84,7 @@ void labZor::MouseExit() {
 
 void labZor::MouseUp(Qt::KeyboardModifiers modifiers) {
     Guard::run(where(*this, QStringLiteral("MouseUp")), [&] {
-        if (OpensHelp(modifiers)) Help::ShowHelp(helpID);
+        if (opensHelp(modifiers)) Help::ShowHelp(helpID);
     });
 }
 

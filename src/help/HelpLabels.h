@@ -50,11 +50,11 @@ public:
     void setRequireShift(bool on) { shiftRule = on; }
 
     // The colour shown now, without changing the resting colour that the next exit brings back.
-    void setTextColor(const QColor& colour);
-    QColor textColor() const;
+    void setTextColour(const QColor& colour);
+    QColor textColour() const;
 
     // Whether a click with these modifier keys opens help.
-    bool OpensHelp(Qt::KeyboardModifiers modifiers) const;
+    bool opensHelp(Qt::KeyboardModifiers modifiers) const;
 
     void MouseEnter();
     void MouseExit();

@@ -43,7 +43,7 @@ int WindowFit::BestWidth(const TextHeight& heightAt) {
     return windowWidth;
 }
 
-QRect WindowFit::FittedGeometry(const TextHeight& heightAt, const QRect& available, QSize minimum,
+QRect WindowFit::fittedGeometry(const TextHeight& heightAt, const QRect& available, QSize minimum,
                                 QSize maximum) {
     int width = BestWidth(heightAt);
     const int height0 = int(width / kRatio);
@@ -61,7 +61,7 @@ QRect WindowFit::FittedGeometry(const TextHeight& heightAt, const QRect& availab
 void WindowFit::AdjustWindowSize(QWidget& window, const TextHeight& heightAt) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
-    const QRect place = FittedGeometry(heightAt, available, window.minimumSize(), window.maximumSize());
+    const QRect place = fittedGeometry(heightAt, available, window.minimumSize(), window.maximumSize());
     window.resize(place.size());
     window.move(place.topLeft());
 }
@@ -85,7 +85,7 @@ void WindowFit::Anchors::apply(QSize windowSize) const {
     }
 }
 
-QPushButton* WindowFit::PushButton(QWidget* window, const char* name, const QString& caption,
+QPushButton* WindowFit::pushButton(QWidget* window, const char* name, const QString& caption,
                                    const QRect& geometry) {
     auto* button = new QPushButton(caption, window);
     button->setObjectName(QString::fromLatin1(name));

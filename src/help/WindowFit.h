@@ -23,7 +23,7 @@ int BestWidth(const TextHeight& heightAt);
 
 // Size and place for a window on a screen whose free area is `available`; the window's own
 // minimum and maximum apply on top.
-QRect FittedGeometry(const TextHeight& heightAt, const QRect& available, QSize minimum, QSize maximum);
+QRect fittedGeometry(const TextHeight& heightAt, const QRect& available, QSize minimum, QSize maximum);
 
 // Sizes and places `window` on the primary screen.
 void AdjustWindowSize(QWidget& window, const TextHeight& heightAt);
@@ -47,6 +47,6 @@ private:
 };
 
 // A push button of a window, named and placed as designed.
-QPushButton* PushButton(QWidget* window, const char* name, const QString& caption, const QRect& geometry);
+QPushButton* pushButton(QWidget* window, const char* name, const QString& caption, const QRect& geometry);
 
 } // namespace WindowFit

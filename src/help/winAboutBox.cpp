@@ -67,7 +67,7 @@ winAboutBox::winAboutBox(QWidget* parent)
     Icon64->setGeometry(128, 8, 64, 64);
     Icon64->onPaint = [this](QPainter& g) { Icon64_Paint(g); };
 
-    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {270, 8, 40, 17});
+    pbDone = WindowFit::pushButton(this, "pbDone", QStringLiteral("Done"), {270, 8, 40, 17});
     pbDone->setFont(smallFont(pbDone->font()));
     pbDone->setDefault(true);
     connect(pbDone, &QPushButton::clicked, this, [this] { pbDone_Pressed(); });
@@ -129,7 +129,7 @@ void winAboutBox::pbDone_Pressed() {
 void winAboutBox::labVersion_Opening() {
     Guard::run(Guard::Where::controlEvent(kWindow, QStringLiteral("labVersion"), QStringLiteral("Opening")),
                [&] {
-                   labVersion->setText(VersionText(QCoreApplication::applicationVersion(),
+                   labVersion->setText(versionText(QCoreApplication::applicationVersion(),
                                                    qApp->property("versionString").toString()));
                });
 }
@@ -138,7 +138,7 @@ void winAboutBox::labDescription_Opening() {
     Guard::run(
         Guard::Where::controlEvent(kWindow, QStringLiteral("labDescription"), QStringLiteral("Opening")),
         [&] {
-            labDescription->setText(DescriptionText(qApp->property("applicationDescription").toString()));
+            labDescription->setText(descriptionText(qApp->property("applicationDescription").toString()));
         });
 }
 
@@ -150,7 +150,7 @@ void winAboutBox::taCredits_Opening() {
 void winAboutBox::labReleaseDate_Opening() {
     Guard::run(
         Guard::Where::controlEvent(kWindow, QStringLiteral("labReleaseDate"), QStringLiteral("Opening")),
-        [&] { labReleaseDate->setText(ReleaseDateText(BuildDate())); });
+        [&] { labReleaseDate->setText(releaseDateText(buildDate())); });
 }
 
 void winAboutBox::labCopyright_Opening() {
@@ -166,19 +166,19 @@ void winAboutBox::suHomePage_Opening() {
                });
 }
 
-QString winAboutBox::VersionText(const QString& applicationVersion, const QString& versionString) {
+QString winAboutBox::versionText(const QString& applicationVersion, const QString& versionString) {
     const QVersionNumber version = QVersionNumber::fromString(applicationVersion);
     QString text = QStringLiteral("Version %1.%2").arg(version.majorVersion()).arg(version.minorVersion());
     if (!versionString.isEmpty()) text += ' ' + versionString;
     return text;
 }
 
-QString winAboutBox::DescriptionText(const QString& description) {
+QString winAboutBox::descriptionText(const QString& description) {
     if (!description.isEmpty()) return description;
     return QStringLiteral("Palette Button Launcher for AppleScript, Shortcuts, and Keyboard Maestro");
 }
 
-QString winAboutBox::ReleaseDateText(const QDate& built, const QLocale& locale) {
+QString winAboutBox::releaseDateText(const QDate& built, const QLocale& locale) {
     // The locale's long date without its weekday: "March 5, 2026", "5. März 2026".
     QString format = locale.dateFormat(QLocale::LongFormat);
     static const QRegularExpression weekday(QStringLiteral("[,\\s]*(?<!d)d{3,4}(?!d)[,\\s]*"));
@@ -186,22 +186,22 @@ QString winAboutBox::ReleaseDateText(const QDate& built, const QLocale& locale) 
     return QStringLiteral("Release Date: ") + locale.toString(built, format);
 }
 
-QDate winAboutBox::CompilerDate(const char* stamp) {
+QDate winAboutBox::compilerDate(const char* stamp) {
     // English month names whatever the locale; the day is padded with a blank ("Mar  5 2026").
     return QDate::fromString(QString::fromLatin1(stamp).simplified(), QStringLiteral("MMM d yyyy"));
 }
 
-QDate winAboutBox::BuildDate() {
-    return CompilerDate(__DATE__);
+QDate winAboutBox::buildDate() {
+    return compilerDate(__DATE__);
 }
 
-QIcon ApplicationIcon() {
+QIcon applicationIcon() {
     QIcon icon;
     icon.addFile(kPicture64, QSize(64, 64));
     return icon;
 }
 
-void ShowAboutBox() {
+void showAboutBox() {
     winAboutBox window;
     Dialogs::exec(window, {Dialogs::Kind::Window, QStringLiteral("About ZOR_Palette"), {}, {}, nullptr});
 }

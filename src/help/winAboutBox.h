@@ -38,19 +38,19 @@ public:
     void suHomePage_Opening();
 
     // "Version 1.4", and the version string after a blank when there is one.
-    static QString VersionText(const QString& applicationVersion, const QString& versionString);
-    static QString DescriptionText(const QString& description);
-    static QString ReleaseDateText(const QDate& built, const QLocale& locale = QLocale());
+    static QString versionText(const QString& applicationVersion, const QString& versionString);
+    static QString descriptionText(const QString& description);
+    static QString releaseDateText(const QDate& built, const QLocale& locale = QLocale());
     // The compiler's "Mmm dd yyyy" date stamp; invalid when it cannot be read.
-    static QDate CompilerDate(const char* stamp);
-    static QDate BuildDate();
+    static QDate compilerDate(const char* stamp);
+    static QDate buildDate();
 
     static const QString kCopyright;
     static const QString kHomePage;
 };
 
 // The application's picture for the windows' title bars where the system does not give one.
-QIcon ApplicationIcon();
+QIcon applicationIcon();
 
 // Builds the about window and shows it modally.
-void ShowAboutBox();
+void showAboutBox();

@@ -31,7 +31,7 @@ winExplainHTML::winExplainHTML(QWidget* parent) : QDialog(parent) {
     HV_Explain->setFont(QFont(QStringLiteral("Helvetica"), 14));
     HV_Explain->setStyleSheet(QStringLiteral("QTextBrowser { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {250, 210, 80, 20});
+    pbDone = WindowFit::pushButton(this, "pbDone", QStringLiteral("Done"), {250, 210, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(HV_Explain);
@@ -60,14 +60,14 @@ void winExplainHTML::AdjustWindowSize(const QString& html, int width, int height
         }
         const WindowFit::TextHeight heightAt =
             textHeight ? textHeight : WindowFit::helveticaHeight(RtrnString::rsRawTextFromHTML(html), 14);
-        resize(HelpFit::FittedSize(heightAt, HelpFit::AvailableArea()));
+        resize(HelpFit::fittedSize(heightAt, HelpFit::availableArea()));
     });
 }
 
 void winExplainHTML::PositionWindow() {
     Guard::run(Where::windowMethod("winExplainHTML", "PositionWindow"), [&] {
         resize(std::clamp(width(), kMinWidth, kMaxWidth), height());
-        move(HelpFit::UpperRight(HelpFit::AvailableArea(), width()));
+        move(HelpFit::upperRight(HelpFit::availableArea(), width()));
     });
 }
 

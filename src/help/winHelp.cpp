@@ -27,7 +27,7 @@ winHelp::winHelp(QWidget* parent) : QDialog(parent) {
     // Fixed colours: help reads the same in the dark appearance.
     HV_Help->setStyleSheet(QStringLiteral("QTextBrowser { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
+    pbDone = WindowFit::pushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(HV_Help);
@@ -56,14 +56,14 @@ QString winHelp::RawTextFromHTML(const QString& htmlText) {
 
 void winHelp::AdjustWindowSize(const QString& text, int width, int height) {
     Guard::run(Where::windowMethod("winHelp", "AdjustWindowSize").directForm(), [&] {
-        HelpFit::SizeHelpWindow(*this, width, height,
+        HelpFit::sizeHelpWindow(*this, width, height,
                                 textHeight ? textHeight : WindowFit::helveticaHeight(text, 14));
     });
 }
 
 void winHelp::pbDone_Pressed(Qt::KeyboardModifiers modifiers) {
     Guard::run(Where::controlEvent("winHelp", "pbDone", "Pressed").directForm(), [&] {
-        if (modifiers & Qt::AltModifier) HelpFit::WriteWindowSizeInfo(*this); // Option on the Mac
+        if (modifiers & Qt::AltModifier) HelpFit::writeWindowSizeInfo(*this); // Option on the Mac
         done(QDialog::Accepted);
     });
 }

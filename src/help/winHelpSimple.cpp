@@ -30,7 +30,7 @@ winHelpSimple::winHelpSimple(QWidget* parent) : QDialog(parent) {
     taHelp->setFont(font);
     taHelp->setStyleSheet(QStringLiteral("QPlainTextEdit { color: #000000; background: #FFFFFF; }"));
 
-    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
+    pbDone = WindowFit::pushButton(this, "pbDone", QStringLiteral("Done"), {314, 406, 80, 20});
     pbDone->setDefault(true);
 
     anchors.toAllSides(taHelp);
@@ -53,14 +53,14 @@ void winHelpSimple::PrepareAndShowWindow(const QString& helpText, const QString&
 
 void winHelpSimple::AdjustWindowSize(int width, int height) {
     Guard::run(Where::windowMethod("winHelpSimple", "AdjustWindowSize"), [&] {
-        HelpFit::SizeHelpWindow(*this, width, height,
+        HelpFit::sizeHelpWindow(*this, width, height,
                                 textHeight ? textHeight : HelpFit::systemFontHeight(text, 14));
     });
 }
 
 void winHelpSimple::pbDone_Pressed(Qt::KeyboardModifiers modifiers) {
     Guard::run(Where::controlEvent("winHelpSimple", "pbDone", "Pressed").directForm(), [&] {
-        if (modifiers & Qt::AltModifier) HelpFit::WriteWindowSizeInfo(*this); // Option on the Mac
+        if (modifiers & Qt::AltModifier) HelpFit::writeWindowSizeInfo(*this); // Option on the Mac
         done(QDialog::Accepted);
     });
 }

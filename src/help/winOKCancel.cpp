@@ -21,10 +21,10 @@ winOKCancel::winOKCancel(QWidget* parent)
     QFont buttonFont = font();
     buttonFont.setPointSize(12);
 
-    pbOK = WindowFit::PushButton(this, "pbOK", QStringLiteral("OK"), {311, 210, 69, 20});
+    pbOK = WindowFit::pushButton(this, "pbOK", QStringLiteral("OK"), {311, 210, 69, 20});
     pbOK->setFont(buttonFont);
 
-    pbCancel = WindowFit::PushButton(this, "pbCancel", QStringLiteral("Cancel"), {230, 210, 69, 20});
+    pbCancel = WindowFit::pushButton(this, "pbCancel", QStringLiteral("Cancel"), {230, 210, 69, 20});
     pbCancel->setFont(buttonFont);
 
     // Only the caller's choice may make a button the default, never the focus.

@@ -22,7 +22,7 @@ winShowText::winShowText(QWidget* parent) : QDialog(parent) {
     taShow->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     taShow->setStyleSheet(QStringLiteral("QPlainTextEdit { color: #000000; background: #FFFFFF; }"));
 
-    pbOK = WindowFit::PushButton(this, "pbOK", QStringLiteral("OK"), {300, 210, 80, 20});
+    pbOK = WindowFit::pushButton(this, "pbOK", QStringLiteral("OK"), {300, 210, 80, 20});
     pbOK->setDefault(true);
 
     anchors.toAllSides(taShow);

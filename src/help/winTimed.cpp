@@ -33,7 +33,7 @@ winTimed::winTimed(QWidget* parent)
     setMinimumSize(200, 125);
     setMaximumSize(1000, 800);
 
-    pbDone = WindowFit::PushButton(this, "pbDone", QStringLiteral("Done"), {311, 210, 69, 20});
+    pbDone = WindowFit::pushButton(this, "pbDone", QStringLiteral("Done"), {311, 210, 69, 20});
     QFont buttonFont = pbDone->font();
     buttonFont.setPointSize(12);
     pbDone->setFont(buttonFont);

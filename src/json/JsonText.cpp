@@ -258,7 +258,7 @@ const QString* sharedShortString(std::string_view bytes) {
     static const auto digitPairs = [] {
         std::array<QString, 100> all;
         for (size_t n = 0; n < all.size(); ++n)
-            all[n] = StringUtils::TwoDigits(qint64(n));
+            all[n] = StringUtils::twoDigits(qint64(n));
         return all;
     }();
     const auto c0 = uint8_t(bytes[0]);

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-QString AliasRules::Cleaned(const QString& text, const QString& removed) {
+QString AliasRules::cleaned(const QString& text, const QString& removed) {
     QString out = StringUtils::Remove(text.trimmed(), removed);
     out = StringUtils::ReplaceDoubledCharWithSingle(out, " ").replace("  ", " ");
     if (out.isEmpty()) out = StringUtils::Random(2, "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
@@ -14,22 +14,22 @@ QString AliasRules::Cleaned(const QString& text, const QString& removed) {
     return out;
 }
 
-QString AliasRules::CutTo(const QString& text, int length) {
+QString AliasRules::cutTo(const QString& text, int length) {
     if (text.size() <= length) return text;
     if (length > 0 && text[length - 1].isHighSurrogate()) --length;
     return text.left(length);
 }
 
-bool AliasRules::IsInUse(const QString& alias) {
+bool AliasRules::isInUse(const QString& alias) {
     return std::any_of(ZOR::DP.begin(), ZOR::DP.end(), [&](const PaletteDict& p) {
         return p.s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
     });
 }
 
-QString AliasRules::MadeUnique(const QString& alias) {
+QString AliasRules::madeUnique(const QString& alias) {
     // The suffix is added to the text as it stands: a third try for Work is Work0102.
     QString out = alias;
-    for (int n = 1; IsInUse(out); ++n)
-        out += StringUtils::TwoDigits(n);
+    for (int n = 1; isInUse(out); ++n)
+        out += StringUtils::twoDigits(n);
     return out;
 }

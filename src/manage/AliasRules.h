@@ -9,11 +9,11 @@ inline const QString kNewPaletteRemoved = QStringLiteral(",;:.'][()");
 inline const QString kRenameRemoved = QStringLiteral(",;:.'][()&*");
 
 // Trimmed, without the removed characters, single blanks, never empty, beginning with a letter.
-QString Cleaned(const QString& text, const QString& removed);
+QString cleaned(const QString& text, const QString& removed);
 // At most `length` characters; a character made of two UTF-16 units is never split.
-QString CutTo(const QString& text, int length);
+QString cutTo(const QString& text, int length);
 // Extended by two digits until no palette uses it, ignoring case: Work, Work01, Work0102 ...
-QString MadeUnique(const QString& alias);
-bool IsInUse(const QString& alias);
+QString madeUnique(const QString& alias);
+bool isInUse(const QString& alias);
 
 } // namespace AliasRules

@@ -15,7 +15,7 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     resize(2 * step + side, step + side);
     for (size_t cell = 0; cell < kButtons.size(); ++cell) {
         auto* canvas = new MessageCanvas(this);
-        canvas->setObjectName("cnBut" + StringUtils::TwoDigits(kButtons[cell]));
+        canvas->setObjectName("cnBut" + StringUtils::twoDigits(kButtons[cell]));
         canvas->setGeometry(int(cell % 3) * step, int(cell / 3) * step, side, side);
         canvas->setAttribute(Qt::WA_TransparentForMouseEvents);
         canvas->onPaint = [this, cell](QPainter& g) { cnBut_Paint(int(cell), g); };
@@ -23,11 +23,11 @@ ccPalettePreview::ccPalettePreview(QWidget* parent, const QString& ownerName)
     }
 }
 
-void ccPalettePreview::Load(const QString& paletteName) {
+void ccPalettePreview::load(const QString& paletteName) {
     Guard::run(Guard::Where::windowEvent(owner, "Opening"), [&] {
         for (QPixmap& picture : myPict) picture = QPixmap();
         // In the palette window's order: of two files for one button, the later wins.
-        for (const auto& [n, path] : ButtonPictureFiles(PalettePictureFolder(paletteName))) {
+        for (const auto& [n, path] : buttonPictureFiles(palettePictureFolder(paletteName))) {
             const auto at = std::find(kButtons.begin(), kButtons.end(), n);
             if (at == kButtons.end()) continue;
             QImageReader reader(path);
@@ -40,7 +40,7 @@ void ccPalettePreview::Load(const QString& paletteName) {
 
 void ccPalettePreview::cnBut_Paint(int cell, QPainter& g) {
     Guard::run(
-        Guard::Where::controlEvent(owner, "cnBut" + StringUtils::TwoDigits(kButtons[size_t(cell)]), "Paint"),
+        Guard::Where::controlEvent(owner, "cnBut" + StringUtils::twoDigits(kButtons[size_t(cell)]), "Paint"),
         [&] {
             const QPixmap& picture = myPict[size_t(cell)];
             if (picture.isNull()) return;

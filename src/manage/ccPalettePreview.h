@@ -20,7 +20,7 @@ public:
     ccPalettePreview(QWidget* parent, const QString& owner);
 
     // Reads the pictures of the palette `paletteName` from its folder of button pictures.
-    void Load(const QString& paletteName);
+    void load(const QString& paletteName);
 
     std::array<MessageCanvas*, 6> cnBut{}; // cnBut00, cnBut01, cnBut02, cnBut10, cnBut11, cnBut12
     std::array<QPixmap, 6> myPict;         // myPict00 ... myPict12; null where there is none

@@ -21,7 +21,7 @@ constexpr int kAliasLength = 23;
 constexpr int kTitleLength = 25;
 
 QString renameRule(const QString& text, int length) {
-    return AliasRules::CutTo(AliasRules::Cleaned(text, AliasRules::kRenameRemoved), length);
+    return AliasRules::cutTo(AliasRules::cleaned(text, AliasRules::kRenameRemoved), length);
 }
 
 QLabel* caption(QWidget* parent, const char* name, const QString& text, int top) {
@@ -74,9 +74,9 @@ winChangeAlias::winChangeAlias(QWidget* parent)
     tfWinTitle->setFrame(false);
     tfWinTitle->installEventFilter(this);
 
-    pbHelpChgAlias = HelpButton::Make(this, "pbHelpChgAlias", 64, kWindow);
-    pbCancel = WindowFit::PushButton(this, "pbCancel", "Cancel", {260, 350, 90, 28});
-    pbMakeChange = WindowFit::PushButton(this, "pbMakeChange", "Accept Change", {360, 350, 120, 28});
+    pbHelpChgAlias = HelpButton::make(this, "pbHelpChgAlias", 64, kWindow);
+    pbCancel = WindowFit::pushButton(this, "pbCancel", "Cancel", {260, 350, 90, 28});
+    pbMakeChange = WindowFit::pushButton(this, "pbMakeChange", "Accept Change", {360, 350, 120, 28});
     pbMakeChange->setDefault(true);
 
     connect(pbMakeChange, &QPushButton::clicked, this, &winChangeAlias::pbMakeChange_Pressed);
@@ -87,7 +87,7 @@ winChangeAlias::winChangeAlias(QWidget* parent)
 
 void winChangeAlias::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, "Opening"), [this] {
-        preview->Load(ZOR::paleName);
+        preview->load(ZOR::paleName);
         labNameID->setText(ZOR::paleName);
         tfAlias->setText(ZOR::paleAlias);
         tfWinTitle->setText(ZOR::paleWinTitle);
@@ -112,25 +112,25 @@ void winChangeAlias::pbMakeChange_Pressed() {
         tfWinTitle_FocusLost();
         const QString title = tfWinTitle->text();
         QString alias = renameRule(tfAlias->text(), kAliasLength);
-        PaletteView* view = ZOR::View();
+        PaletteView* view = ZOR::view();
         const bool sameAlias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
         if (sameAlias) {
             if (title.compare(ZOR::paleWinTitle, Qt::CaseInsensitive) != 0) {
                 ZOR::paleWinTitle = title;
                 ZOR::paletteContentChange = true;
                 ZOR::SavePaletteToDP();
-                if (view) view->SetPaletteTitle(title);
+                if (view) view->setPaletteTitle(title);
             }
             accept();
             return;
         }
         // The cut is not repeated: a suffix may carry the alias past 23 characters.
-        alias = AliasRules::MadeUnique(alias);
+        alias = AliasRules::madeUnique(alias);
         ZOR::paleAlias = alias;
         ZOR::paleWinTitle = title;
         if (view) {
-            view->SetRestingTexts(alias, ZOR::paleName);
-            view->SetPaletteTitle(title);
+            view->setRestingTexts(alias, ZOR::paleName);
+            view->setPaletteTitle(title);
         }
         ZOR::paletteContentChange = true;
         ZOR::SavePaletteToDP();

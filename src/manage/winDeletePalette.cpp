@@ -77,9 +77,9 @@ winDeletePalette::winDeletePalette(QWidget* parent)
     labInfo->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     labInfo->setEnabled(false); // the disabled look: it only explains
 
-    pbHelpDelPal = HelpButton::Make(this, "pbHelpDelPal", 66, kWindow);
-    pbCancel = WindowFit::PushButton(this, "pbCancel", "Cancel", {300, 350, 80, 28});
-    pbDelete = WindowFit::PushButton(this, "pbDelete", "Delete", {400, 350, 80, 28});
+    pbHelpDelPal = HelpButton::make(this, "pbHelpDelPal", 66, kWindow);
+    pbCancel = WindowFit::pushButton(this, "pbCancel", "Cancel", {300, 350, 80, 28});
+    pbDelete = WindowFit::pushButton(this, "pbDelete", "Delete", {400, 350, 80, 28});
     pbCancel->setDefault(true);
 
     connect(pbDelete, &QPushButton::clicked, this, &winDeletePalette::pbDelete_Pressed);
@@ -90,7 +90,7 @@ winDeletePalette::winDeletePalette(QWidget* parent)
 
 void winDeletePalette::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, "Opening"), [this] {
-        preview->Load(ZOR::paleName);
+        preview->load(ZOR::paleName);
         labNameID->setText(ZOR::paleName);
         labNameAlias->setText(ZOR::paleAlias);
         labWindowTitle->setText(ZOR::paleWinTitle);
@@ -104,7 +104,7 @@ void winDeletePalette::pbDelete_Pressed() {
             return;
         }
         if (!RtrnBoolean::rbOKCancel(kConfirm, 2, "OK or Cancel")) return;
-        if (ZOR::DeleteActivePalette()) accept();
+        if (ZOR::deleteActivePalette()) accept();
     });
 }
 

@@ -52,9 +52,9 @@ winNewPalette::winNewPalette(QWidget* parent)
     tfAlias->setGeometry(130, 240, 330, 24);
     tfAlias->setStyleSheet("QLineEdit { background: #FFFFFF; color: #000000; }");
 
-    pbHelpNewPal = HelpButton::Make(this, "pbHelpNewPal", 60, kWindow);
-    pbCancel = WindowFit::PushButton(this, "pbCancel", "Cancel", {300, 350, 80, 28});
-    pbOK = WindowFit::PushButton(this, "pbOK", "OK", {400, 350, 80, 28});
+    pbHelpNewPal = HelpButton::make(this, "pbHelpNewPal", 60, kWindow);
+    pbCancel = WindowFit::pushButton(this, "pbCancel", "Cancel", {300, 350, 80, 28});
+    pbOK = WindowFit::pushButton(this, "pbOK", "OK", {400, 350, 80, 28});
     pbOK->setDefault(true);
 
     connect(pbOK, &QPushButton::clicked, this, &winNewPalette::pbOK_Pressed);
@@ -75,17 +75,17 @@ void winNewPalette::Event_Opening() {
 void winNewPalette::pbOK_Pressed() {
     Guard::run(Guard::Where::controlEvent(kWindow, "pbOK", "Pressed"), [this] {
         // Only P00 to P99 can be reached by the menus and by two typed digits.
-        if (!ZOR::RoomForNewPalette()) {
+        if (!ZOR::roomForNewPalette()) {
             Dialogs::message(kAllInUse);
             return;
         }
         const QString alias =
-            AliasRules::MadeUnique(AliasRules::Cleaned(tfAlias->text(), AliasRules::kNewPaletteRemoved));
+            AliasRules::madeUnique(AliasRules::cleaned(tfAlias->text(), AliasRules::kNewPaletteRemoved));
         // The outgoing palette's size, title and particulars live only in the working set until saved.
         ZOR::SavePaletteToDP();
         ZOR::CreateNewPalette(alias);
         ZOR::aBtn = ZOR::DP[size_t(ZOR::idxCP)].a_Btn;
-        ZOR::ViewFollows(PaletteView::Upto::RestingTexts);
+        ZOR::viewFollows(PaletteView::Upto::RestingTexts);
         accept();
     });
 }

@@ -57,7 +57,7 @@ winSwitchPalette::winSwitchPalette(QWidget* parent)
 
     labCurrentAlias = label(this, "labCurrentAlias", "Untitled", {20, 12, 220, 24});
     labCurrentAlias->setAlignment(Qt::AlignCenter);
-    QFont aliasFont = Fonts::Sized("System", 16);
+    QFont aliasFont = Fonts::sized("System", 16);
     aliasFont.setBold(true);
     labCurrentAlias->setFont(aliasFont);
     labCurrentAlias->setStyleSheet("color: #7980FF;");
@@ -81,16 +81,16 @@ winSwitchPalette::winSwitchPalette(QWidget* parent)
     labChoiceAlias->setFont(bold);
 
     labType = label(this, "labType", "XX", {20, 462, 40, 16});
-    labType->setFont(Fonts::Sized("System", 10));
+    labType->setFont(Fonts::sized("System", 10));
     labType->setStyleSheet("color: #A9A9A9;");
 
-    pbCancel = WindowFit::PushButton(this, "pbCancel", "Cancel", {110, 456, 70, 28});
-    pbOK = WindowFit::PushButton(this, "pbOK", "OK", {190, 456, 70, 28});
+    pbCancel = WindowFit::pushButton(this, "pbCancel", "Cancel", {110, 456, 70, 28});
+    pbOK = WindowFit::pushButton(this, "pbOK", "OK", {190, 456, 70, 28});
     pbOK->setEnabled(false);
     // Return and Escape are keys like any other here: they clear a pending digit.
     pbOK->setAutoDefault(false);
     pbCancel->setAutoDefault(false);
-    pbHelpSwiPal = HelpButton::Make(this, "pbHelpSwiPal", 4, kWindow);
+    pbHelpSwiPal = HelpButton::make(this, "pbHelpSwiPal", 4, kWindow);
 
     tiBothDigits = new QTimer(this);
     tiBothDigits->setObjectName("tiBothDigits");
@@ -167,7 +167,7 @@ bool winSwitchPalette::Event_KeyDown(const QString& key) {
             return true;
         }
         // Typing the active palette's own number is answered by the switch itself.
-        SwitchTo(number);
+        switchTo(number);
         return true;
     });
 }
@@ -192,7 +192,7 @@ void winSwitchPalette::lbPalette_CellPressed(int row, int) {
 }
 
 void winSwitchPalette::pbOK_Pressed() {
-    Guard::run(controlEvent("pbOK", "Pressed"), [this] { SwitchTo(choice); });
+    Guard::run(controlEvent("pbOK", "Pressed"), [this] { switchTo(choice); });
 }
 
 void winSwitchPalette::pbCancel_Pressed() {
@@ -206,7 +206,7 @@ void winSwitchPalette::tiBothDigits_Action() {
     });
 }
 
-void winSwitchPalette::SwitchTo(qint64 index) {
+void winSwitchPalette::switchTo(qint64 index) {
     ZOR::ChangeToPalette(index);
     accept();
 }

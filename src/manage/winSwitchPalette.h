@@ -43,7 +43,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void SwitchTo(qint64 index);
+    void switchTo(qint64 index);
     qint64 choice = -1; // the slot of the row last pressed
     WindowFit::Anchors anchors{{280, 500}};
 };

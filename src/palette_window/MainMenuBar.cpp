@@ -68,7 +68,7 @@ MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
     miSwitchPalette = item(muPalette, "miSwitchPalette", "Switch Palette", cmd(Qt::Key_P));
     muPalette->addSeparator()->setObjectName("miSepLine");
     for (int k = 0; k < 10; ++k) {
-        const QString name = "P" + StringUtils::TwoDigits(k);
+        const QString name = "P" + StringUtils::twoDigits(k);
         miPalette[size_t(k)] = item(muPalette, qPrintable("miPalette" + name.mid(1)), name, cmd(Qt::Key(Qt::Key_0 + k)));
     }
 

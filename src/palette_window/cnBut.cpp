@@ -7,20 +7,20 @@
 #include <QPainter>
 
 cnBut::cnBut(winMain* owner, int buttonIndex, QWidget* parent) : QWidget(parent), window(owner), index(buttonIndex) {
-    setObjectName("cnBut" + StringUtils::TwoDigits(buttonIndex));
+    setObjectName("cnBut" + StringUtils::twoDigits(buttonIndex));
     setGeometry((buttonIndex % 10) * winMain::kCell, (buttonIndex / 10) * winMain::kCell, winMain::kCell,
                 winMain::kCell);
 }
 
-void cnBut::SetBackdrop(const QPixmap& picture) {
-    backdrop = picture;
+void cnBut::setBackdrop(const QPixmap& backdrop) {
+    picture = backdrop;
     update();
 }
 
 void cnBut::paintEvent(QPaintEvent*) {
     QPainter g(this);
     // The backdrop stands at the origin at its own size, neither scaled nor centred.
-    if (!backdrop.isNull()) g.drawPixmap(0, 0, backdrop);
+    if (!picture.isNull()) g.drawPixmap(0, 0, picture);
     window->cnBut_Paint(*this, g);
 }
 

@@ -11,8 +11,8 @@ class cnBut : public QWidget {
 public:
     cnBut(winMain* window, int index, QWidget* parent);
     int Index() const { return index; }
-    void SetBackdrop(const QPixmap& picture);
-    const QPixmap& Backdrop() const { return backdrop; }
+    void setBackdrop(const QPixmap& backdrop);
+    const QPixmap& backdrop() const { return picture; }
 
 protected:
     void paintEvent(QPaintEvent*) override;
@@ -24,5 +24,5 @@ protected:
 private:
     winMain* window;
     int index;
-    QPixmap backdrop;
+    QPixmap picture;
 };

@@ -57,7 +57,7 @@ template <class Label> Label* barLabel(QWidget* parent, const char* name, int le
 } // namespace
 
 winMain::winMain(QWidget* parent)
-    : QMainWindow(parent), numberFont(Fonts::Sized("Helvetica", 24)), letterFont(Fonts::Sized("Menlo", 12)) {
+    : QMainWindow(parent), numberFont(Fonts::sized("Helvetica", 24)), letterFont(Fonts::sized("Menlo", 12)) {
     setObjectName("winMain");
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowMinimizeButtonHint);
@@ -71,7 +71,7 @@ winMain::winMain(QWidget* parent)
     rectBackgroundTip->setObjectName("rectBackgroundTip");
     rectBackgroundTip->setAutoFillBackground(true);
     labSeeNum = barLabel<QLabel>(gridArea, "labSeeNum", 0, 45);
-    labSeeNum->setFont(Fonts::Sized("Menlo", 12));
+    labSeeNum->setFont(Fonts::sized("Menlo", 12));
     labTip = barLabel<labZor>(gridArea, "labTip", 44, 578);
     labTip->setID(5);
     labTip->setEnterColor(QColor(0x94, 0x11, 0x00));
@@ -82,7 +82,7 @@ winMain::winMain(QWidget* parent)
     labSeeSC->setEnterColor(QColor(0x00, 0x96, 0xFF));
     labSeeSC->setExitColor(QColor(0xFF, 0x93, 0x00));
     labSeeSC->invisibleDefaultText = "*";
-    QFont shortcutFont = Fonts::Sized("Menlo", 18);
+    QFont shortcutFont = Fonts::sized("Menlo", 18);
     shortcutFont.setBold(true);
     labSeeSC->setFont(shortcutFont);
 
@@ -111,11 +111,11 @@ winMain::winMain(QWidget* parent)
     addAction(mainMenuBar->FileQuit);
     connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
 
-    ZOR::RegisterView(this);
+    ZOR::registerView(this);
 }
 
 winMain::~winMain() {
-    if (ZOR::View() == this) ZOR::RegisterView(nullptr);
+    if (ZOR::view() == this) ZOR::registerView(nullptr);
 #ifdef Q_OS_MACOS
     delete mainMenuBar;
 #endif
@@ -126,18 +126,18 @@ void winMain::Event_Opening() {
         for (const char* folder : {"ButtonPictures", "Apple_Scripts", "EmergencyPreserveStateBU"})
             FileTools::CreateFolderInAppSupport(folder);
         RedrawGrid();
-        SetPaletteTitle(ZOR::paleWinTitle);
-        FillBar(kBarYellow);
+        setPaletteTitle(ZOR::paleWinTitle);
+        fillBar(kBarYellow);
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
         const bool stored = ZOR::initialWinWidth > 0 && ZOR::initialWinHeight > 0;
         if (stored && WinScrn::IsWithinMainScreenTLBR(ZOR::initialWinTop, ZOR::initialWinLeft, ZOR::initialWinHeight,
                                             ZOR::initialWinWidth)) {
-            SizeToGrid(int(ZOR::initialWinWidth), int(ZOR::initialWinHeight) - menuBarOffset());
+            sizeToGrid(int(ZOR::initialWinWidth), int(ZOR::initialWinHeight) - menuBarOffset());
             // The client area's rectangle, as it is saved: frames differ between window managers.
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
         }
-        SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
+        setRestingTexts(ZOR::paleAlias, ZOR::paleName);
     });
 }
 
@@ -146,7 +146,7 @@ int winMain::menuBarOffset() const {
     return mainMenuBar && !mainMenuBar->isNativeMenuBar() ? mainMenuBar->sizeHint().height() : 0;
 }
 
-void winMain::SizeToGrid(int width, int height) {
+void winMain::sizeToGrid(int width, int height) {
     width = std::clamp(width, kMinWidth, kMaxWidth);
     height = std::clamp(height, kMinHeight, kMaxHeight);
     gridArea->setFixedSize(width, height);
@@ -155,15 +155,15 @@ void winMain::SizeToGrid(int width, int height) {
 
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
-        const auto files = ButtonPictureFiles(PalettePictureFolder(ZOR::paleName));
+        const auto files = buttonPictureFiles(palettePictureFolder(ZOR::paleName));
         QStringList paths;
         for (const auto& file : files)
             paths << file.second;
-        pictures.Prefetch(paths);
+        pictures.prefetch(paths);
         hasPicture.clear();
         for (const auto& [n, path] : files) {
             try {
-                cnButs[size_t(n)]->SetBackdrop(pictures.Load(path));
+                cnButs[size_t(n)]->setBackdrop(pictures.load(path));
                 hasPicture.append(n);
             } catch (const IOException& error) {
                 // One bad file must not leave the window half drawn: told once per run, its
@@ -177,7 +177,7 @@ void winMain::RedrawGrid() {
         // A hand-edited file may hold any count; the window's size keeps to the grid's.
         const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
         const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
-        SizeToGrid(columns * kCell, rows * kCell + kBarHeight);
+        sizeToGrid(columns * kCell, rows * kCell + kBarHeight);
         const int barTop = std::clamp(rows * kCell, 0, gridArea->height() - kBarHeight);
         for (QWidget* w : {static_cast<QWidget*>(labSeeNum), static_cast<QWidget*>(labSeeSC),
                            static_cast<QWidget*>(labTip), rectBackgroundTip})
@@ -197,7 +197,7 @@ void winMain::RedrawGrid() {
     });
 }
 
-QList<qint64> winMain::PalettesToWarm() const {
+QList<qint64> winMain::palettesToWarm() const {
     QList<qint64> order;
     const auto add = [&](qint64 index) {
         if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
@@ -216,27 +216,27 @@ QList<qint64> winMain::PalettesToWarm() const {
 void winMain::tiWarmAhead_Action() {
     Guard::run(Guard::Where::controlEvent("winMain", "tiWarmAhead", "Action"), [this] {
         QStringList folders;
-        for (qint64 index : PalettesToWarm())
-            folders << PalettePictureFolder(ZOR::DP[size_t(index)].s_Name);
-        pictures.WarmAhead(folders);
+        for (qint64 index : palettesToWarm())
+            folders << palettePictureFolder(ZOR::DP[size_t(index)].s_Name);
+        pictures.warmAhead(folders);
     });
 }
 
 void winMain::EraseAllPictures() {
     Guard::run(windowMethod("EraseAllPictures"), [this] {
         // Each canvas is marked for repainting; the redraw that follows paints them in one pass.
-        for (cnBut* canvas : cnButs) canvas->SetBackdrop(BlankPic);
+        for (cnBut* canvas : cnButs) canvas->setBackdrop(BlankPic);
     });
 }
 
-void winMain::SetPaletteTitle(const QString& title) { setWindowTitle(title); }
+void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
 
-void winMain::SetRestingTexts(const QString& alias, const QString& name) {
+void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labTip->setText(alias);
     labSeeNum->setText(name);
 }
 
-QRect winMain::WindowRect() const { return geometry(); }
+QRect winMain::windowRect() const { return geometry(); }
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {
@@ -250,7 +250,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const int index = canvas.Index();
         if (!hasPicture.contains(index)) {
             g.setFont(numberFont);
-            g.drawText(numberBox.bottomLeft(), StringUtils::TwoDigits(index));
+            g.drawText(numberBox.bottomLeft(), StringUtils::twoDigits(index));
         }
         if (size_t(index) >= ZOR::aBtn->size()) return;
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -263,14 +263,14 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     });
 }
 
-void winMain::FillBar(const QColor& colour) {
+void winMain::fillBar(const QColor& colour) {
     QPalette colours = rectBackgroundTip->palette();
     colours.setColor(QPalette::Window, colour);
     rectBackgroundTip->setPalette(colours);
 }
 
-void winMain::SetTipFontSize(int points) {
-    labTip->setFont(Fonts::Sized("System", points));
+void winMain::setTipFontSize(int points) {
+    labTip->setFont(Fonts::sized("System", points));
 }
 
 void winMain::cnBut_MouseEnter(int index) {
@@ -283,25 +283,25 @@ void winMain::cnBut_MouseEnter(int index) {
             if (!b.SCname.isEmpty()) colour = kBarBlue;
             if (!b.ASfile.isEmpty()) colour = kBarRed;
             if (!b.PaletteGo.isEmpty()) colour = kBarPurple;
-            FillBar(colour);
+            fillBar(colour);
         }
-        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::TwoDigits(index));
+        labSeeNum->setText(ZOR::paleName + ' ' + StringUtils::twoDigits(index));
         labTip->setText(LabTipText(index));
-        labSeeSC->setTextColor(b.ShortcutShow ? kLetterShown : kLetterHidden);
+        labSeeSC->setTextColour(b.ShortcutShow ? kLetterShown : kLetterHidden);
         labSeeSC->setText(b.Shortcut);
     });
 }
 
 void winMain::cnBut_MouseExit(int) {
     Guard::run(canvasEvent("MouseExit"), [&] {
-        SetTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
+        setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
         labTip->setText(ZOR::paleAlias);
         QPalette black = labSeeNum->palette();
         black.setColor(QPalette::WindowText, Qt::black);
         labSeeNum->setPalette(black);
         labSeeNum->setText(ZOR::paleName);
         labSeeSC->setText(QString());
-        FillBar(kBarYellow);
+        fillBar(kBarYellow);
     });
 }
 
@@ -313,19 +313,19 @@ QString winMain::LabTipText(int index) {
         labTip->move(labTip->x(), top);
         const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
         if (tip.isEmpty()) {
-            SetTipFontSize(0);
+            setTipFontSize(0);
             return narrow ? "no tip" : "no tip for this button";
         }
         const double room = labTip->width();
         if (!narrow && StringUtils::MeasureString(tip, "System", 0) + 20 > room) narrow = true;
         if (narrow) {
             labTip->move(labTip->x(), top + 1);
-            SetTipFontSize(10);
+            setTipFontSize(10);
             if (StringUtils::MeasureString(tip, "System", 0) + 10 > room)
                 return StringUtils::RemoveWordToFit(tip, "System", 10, room - 10);
             return tip;
         }
-        SetTipFontSize(0);
+        setTipFontSize(0);
         return tip;
     });
 }
@@ -337,7 +337,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
     Guard::run(canvasEvent("MouseUp"), [&] {
         if (size_t(index) >= ZOR::aBtn->size()) return;
         if (modifiers & Qt::AltModifier) { // the Option key
-            ShowButtonInformation(index);
+            showButtonInformation(index);
             return;
         }
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
@@ -345,7 +345,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
             GeneralMethods::ShowTimed(kNoActionText, "No Action for Button", true, 12);
             return;
         }
-        FireChain(index);
+        fireChain(index);
         // Read after the action: a palette switch takes the delay from the new palette's button.
         const qint64 delay = size_t(index) < ZOR::aBtn->size() ? (*ZOR::aBtn)[size_t(index)]->AutoMin * 1000 : 0;
         if (delay != 0) {
@@ -355,7 +355,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
     });
 }
 
-void winMain::FireChain(int index) {
+void winMain::fireChain(int index) {
     const Btn b = *(*ZOR::aBtn)[size_t(index)]; // a copy: a palette switch replaces the array
     if (!b.ASfile.isEmpty()) {
         ZOR::FireAS(ZOR::rsWithWithoutScpt(b.ASfile, true));
@@ -368,14 +368,14 @@ void winMain::FireChain(int index) {
         bool ok = false;
         const qint64 target = b.PaletteGo.trimmed().toLongLong(&ok);
         ZOR::ChangeToPalette(ok ? target : -1);
-    } else if (ZOR::KeyboardMaestroEngineRuns()) {
-        ZOR::FireKM(ZOR::paleName, StringUtils::TwoDigits(index));
+    } else if (ZOR::keyboardMaestroEngineRuns()) {
+        ZOR::FireKM(ZOR::paleName, StringUtils::twoDigits(index));
     } else {
         Dialogs::message("Is Keyboard Maestro Engine running?. I cannot see that it is.");
     }
 }
 
-void winMain::ShowButtonInformation(int index) {
+void winMain::showButtonInformation(int index) {
     const Btn& b = *(*ZOR::aBtn)[size_t(index)];
     QString text;
     for (const QString* candidate : {&b.Info, &b.Tip, &b.SCname, &b.ASfile})
@@ -408,7 +408,7 @@ bool winMain::eventFilter(QObject* watched, QEvent* event) {
 
 void winMain::labSeeNum_MouseUp() {
     Guard::run(Guard::Where::controlEvent("winMain", "labSeeNum", "MouseUp"),
-               [this] { Follow(Upto::Pictures); });
+               [this] { follow(Upto::Pictures); });
 }
 
 void winMain::keyPressEvent(QKeyEvent* event) {
@@ -469,7 +469,7 @@ void winMain::Event_MenuBarSelected() {
 
 bool winMain::Event_Closing() {
     return Guard::run(windowEvent("Closing"), [this] {
-        const QRect now = WindowRect();
+        const QRect now = windowRect();
         const bool geometryChanged = now.top() != ZOR::initialWinTop || now.left() != ZOR::initialWinLeft ||
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
@@ -478,7 +478,7 @@ bool winMain::Event_Closing() {
         if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
         ZOR::SavePaletteToDP();
         const QString text = ZOR::JSON_CreateData();
-        if (!ZOR::WriteDataFile(text)) return false;
+        if (!ZOR::writeDataFile(text)) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

@@ -34,9 +34,9 @@ public:
     // PaletteView
     void EraseAllPictures() override;
     void RedrawGrid() override;
-    void SetPaletteTitle(const QString& title) override;
-    void SetRestingTexts(const QString& alias, const QString& name) override;
-    QRect WindowRect() const override;
+    void setPaletteTitle(const QString& title) override;
+    void setRestingTexts(const QString& alias, const QString& name) override;
+    QRect windowRect() const override;
 
     // canvas events, by the canvas's index
     void cnBut_Paint(cnBut& canvas, QPainter& g);
@@ -49,7 +49,7 @@ public:
     QString LabTipText(int index);
     // The palettes whose pictures are decoded ahead, nearest first: Cmd+0 to Cmd+9, then those the
     // shown palette's buttons switch to, then the rest.
-    QList<qint64> PalettesToWarm() const;
+    QList<qint64> palettesToWarm() const;
     void labSeeNum_MouseUp();
 
     bool Event_KeyDown(const QString& key);
@@ -80,11 +80,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void SizeToGrid(int width, int height);
-    void FireChain(int index);
-    void FillBar(const QColor& colour);
-    void SetTipFontSize(int points); // 0: the system's default size
-    void ShowButtonInformation(int index);
+    void sizeToGrid(int width, int height);
+    void fireChain(int index);
+    void fillBar(const QColor& colour);
+    void setTipFontSize(int points); // 0: the system's default size
+    void showButtonInformation(int index);
     int menuBarOffset() const;
     const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
     QRectF numberBox;                   // where a canvas's number stands, measured at the first paint

@@ -21,20 +21,20 @@ int asNumber(QStringView name) {
 }
 } // namespace
 
-int ButtonOfPicture(QStringView fileName) {
+int buttonOfPicture(QStringView fileName) {
     if (!startsWithTwoDigits(fileName)) return -1;
     return (fileName[0].unicode() - '0') * 10 + (fileName[1].unicode() - '0');
 }
 
-bool IsPaletteFolderName(QStringView name) {
+bool isPaletteFolderName(QStringView name) {
     return name.size() == 3 && name.startsWith(u'P') && startsWithTwoDigits(name.mid(1));
 }
 
-QString PalettePictureFolder(const QString& paletteName) {
+QString palettePictureFolder(const QString& paletteName) {
     return paletteName.isEmpty() ? QString() : AppGlobals::folderPathButFolder + '/' + paletteName;
 }
 
-QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder, LeadingDigits reading) {
+QList<std::pair<int, QString>> buttonPictureFiles(const QString& folder, LeadingDigits reading) {
     if (folder.isEmpty()) return {};
     // Asked of QDir alone: the warming thread lists folders too.
     QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
@@ -42,7 +42,7 @@ QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder, Leading
     QList<std::pair<int, QString>> files;
     for (const QString& name : names) {
         if (name.startsWith('.')) continue;
-        const int n = reading == LeadingDigits::Two ? ButtonOfPicture(name) : asNumber(name);
+        const int n = reading == LeadingDigits::Two ? buttonOfPicture(name) : asNumber(name);
         if (n >= 0) files.append({n, folder + '/' + name});
     }
     return files;

@@ -11,11 +11,11 @@
 // by name is shown.
 
 // The button that a file of this name is the picture of, or -1.
-int ButtonOfPicture(QStringView fileName);
+int buttonOfPicture(QStringView fileName);
 // "P" and two digits: the name of a palette's folder.
-bool IsPaletteFolderName(QStringView name);
+bool isPaletteFolderName(QStringView name);
 // The folder of the palette's pictures; empty for an empty name.
-QString PalettePictureFolder(const QString& paletteName);
+QString palettePictureFolder(const QString& paletteName);
 
 // How the first two characters of a name are read. The design window's warning about pictures on
 // invisible buttons reads them as a number, so that " 5", "5 ", "+5" and a name of one digit count
@@ -23,5 +23,5 @@ QString PalettePictureFolder(const QString& paletteName);
 enum class LeadingDigits { Two, AsNumber };
 // The picture files of a palette's folder, sorted by name, each with its button number. Names
 // starting with "." are hidden files, never pictures. Safe on any thread: it asks only QDir.
-QList<std::pair<int, QString>> ButtonPictureFiles(const QString& folder,
+QList<std::pair<int, QString>> buttonPictureFiles(const QString& folder,
                                                   LeadingDigits reading = LeadingDigits::Two);

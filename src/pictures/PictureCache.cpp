@@ -30,7 +30,7 @@ PictureCache::Decoded decode(const QString& path) {
 // The decoded copy of an earlier run, or the file decoded now, which sets `decodedNow`.
 PictureCache::Decoded obtain(const QString& folder, const QString& path, const PictureCache::Stamp& stamp,
                              bool& decodedNow) {
-    QImage kept = PictureDiskCache::Read(folder, path, stamp);
+    QImage kept = PictureDiskCache::read(folder, path, stamp);
     decodedNow = kept.isNull();
     return decodedNow ? decode(path) : PictureCache::Decoded{std::move(kept), {}};
 }
@@ -40,7 +40,7 @@ PictureCache::Decoded decodeKept(const QString& folder, const QString& path,
                                  const PictureCache::Stamp& stamp) {
     bool decodedNow = false;
     PictureCache::Decoded decoded = obtain(folder, path, stamp, decodedNow);
-    if (decodedNow && !decoded.image.isNull()) PictureDiskCache::Write(folder, path, stamp, decoded.image);
+    if (decodedNow && !decoded.image.isNull()) PictureDiskCache::write(folder, path, stamp, decoded.image);
     return decoded;
 }
 } // namespace
@@ -49,11 +49,11 @@ PictureCache::Decoded decodeKept(const QString& folder, const QString& path,
 // there: the pixmaps, the cache and every widget stay on the GUI thread.
 class DecodeBatch {
 public:
-    explicit DecodeBatch(const QStringList& paths) : keptFolder(PictureDiskCache::Folder()) {
+    explicit DecodeBatch(const QStringList& paths) : keptFolder(PictureDiskCache::folder()) {
         for (const QString& path : paths) {
             auto slot = std::make_unique<Slot>();
             slot->path = path;
-            slot->stamp = PictureDiskCache::StampOf(path);
+            slot->stamp = PictureDiskCache::stampOf(path);
             slot->result = slot->done.get_future();
             index.insert(path, files.size());
             files.push_back(std::move(slot));
@@ -73,10 +73,10 @@ public:
         for (std::thread& t : workers)
             t.join();
     }
-    bool Holds(const QString& path) const { return index.contains(path); }
+    bool holds(const QString& path) const { return index.contains(path); }
 
     // The file's decoded picture, when it is in the batch and unchanged since the batch began.
-    std::optional<PictureCache::Decoded> Take(const QString& path, const PictureCache::Stamp& now) {
+    std::optional<PictureCache::Decoded> take(const QString& path, const PictureCache::Stamp& now) {
         const auto found = index.constFind(path);
         if (found == index.constEnd()) return std::nullopt;
         Slot& slot = *files[*found];
@@ -115,7 +115,7 @@ private:
         }
         for (const auto& [slot, image] : toKeep) {
             if (abandoned) break; // the rest is written when next decoded
-            PictureDiskCache::Write(keptFolder, slot->path, slot->stamp, image);
+            PictureDiskCache::write(keptFolder, slot->path, slot->stamp, image);
         }
     }
     static constexpr int kKeepDelayMs = 300;
@@ -152,14 +152,14 @@ public:
     Warmer(const QString& keptFolder, const QStringList& folders) {
         thread.reset(QThread::create([this, keptFolder, folders] {
             for (const QString& folder : folders)
-                for (const auto& file : ButtonPictureFiles(folder)) {
+                for (const auto& file : buttonPictureFiles(folder)) {
                     if (stop) return;
                     const QString& path = file.second;
-                    const Stamp stamp = PictureDiskCache::StampOf(path);
-                    if (PictureDiskCache::Holds(keptFolder, path, stamp)) continue;
+                    const Stamp stamp = PictureDiskCache::stampOf(path);
+                    if (PictureDiskCache::holds(keptFolder, path, stamp)) continue;
                     const Decoded decoded = decode(path);
                     if (!decoded.image.isNull())
-                        PictureDiskCache::Write(keptFolder, path, stamp, decoded.image);
+                        PictureDiskCache::write(keptFolder, path, stamp, decoded.image);
                 }
         }));
         thread->start(QThread::IdlePriority);
@@ -178,31 +178,31 @@ PictureCache::PictureCache() : batch(std::move(startBatch())) {}
 
 PictureCache::~PictureCache() = default;
 
-void PictureCache::WarmAhead(const QStringList& folders) {
+void PictureCache::warmAhead(const QStringList& folders) {
     warmer.reset();
     if (!folders.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, folders);
 }
 
-void PictureCache::PrefetchAtStart(const QStringList& paths) {
+void PictureCache::prefetchAtStart(const QStringList& paths) {
     startBatch() = paths.isEmpty() ? nullptr : std::make_unique<DecodeBatch>(paths);
 }
 
-void PictureCache::Prefetch(const QStringList& paths) {
+void PictureCache::prefetch(const QStringList& paths) {
     QStringList wanted;
-    // A file met before is left to Load, which checks its stamp anyway: a changed picture is rare,
+    // A file met before is left to load, which checks its stamp anyway: a changed picture is rare,
     // and asking each file for its time twice per switch is not.
     for (const QString& path : paths)
-        if (!entries.contains(path) && !(batch && batch->Holds(path))) wanted << path;
+        if (!entries.contains(path) && !(batch && batch->holds(path))) wanted << path;
     if (wanted.isEmpty()) return;
     batch.reset(); // its workers are done or nearly so
     batch = std::make_unique<DecodeBatch>(wanted);
 }
 
-QPixmap PictureCache::Load(const QString& path) {
-    const Stamp now = PictureDiskCache::StampOf(path);
+QPixmap PictureCache::load(const QString& path) {
+    const Stamp now = PictureDiskCache::stampOf(path);
     auto found = entries.constFind(path);
     if (found != entries.constEnd() && found->stamp == now) return found->picture;
-    std::optional<Decoded> decoded = batch ? batch->Take(path, now) : std::nullopt;
+    std::optional<Decoded> decoded = batch ? batch->take(path, now) : std::nullopt;
     if (!decoded) decoded = decodeKept(keptFolder, path, now);
     if (decoded->image.isNull())
         throw IOException("The picture " + QFileInfo(path).fileName() +

@@ -13,15 +13,15 @@ class DecodeBatch;
 
 // Decoded button pictures, so that switching back to a palette does not decode its files again.
 // A file counts as the same while its size and times are; a changed file is read anew. Files named
-// ahead with Prefetch are decoded on worker threads, or taken from the decoded copies of earlier
-// runs; Load takes each one as it is done, or decodes it itself when no worker has begun it yet.
+// ahead with prefetch are decoded on worker threads, or taken from the decoded copies of earlier
+// runs; load takes each one as it is done, or decodes it itself when no worker has begun it yet.
 //
 // Threads. Every member is called on the GUI thread, and the cache's entries and every QPixmap
-// stay there. Beside it run only the few workers of a Prefetch, which decode its files, and the
-// one thread of idle priority of a WarmAhead. They read picture files into QImages and read and
+// stay there. Beside it run only the few workers of a prefetch, which decode its files, and the
+// one thread of idle priority of a warmAhead. They read picture files into QImages and read and
 // write the kept copies (PictureDiskCache); never a widget, a pixmap or a member of the cache. A
-// worker hands each picture to Load through a promise of its own; Load waits only for a file that
-// a worker has begun. A new Prefetch or WarmAhead stops what the one before began, and so does the
+// worker hands each picture to load through a promise of its own; load waits only for a file that
+// a worker has begun. A new prefetch or warmAhead stops what the one before began, and so does the
 // cache's end, when the palette window goes at quit: no file is begun any more, the one at hand is
 // finished, copies not yet written wait for a later run; then the threads are joined, so none
 // outlives the window.
@@ -33,15 +33,15 @@ public:
     PictureCache& operator=(const PictureCache&) = delete;
 
     // The picture in `path`; throws IOException when the file is no picture.
-    QPixmap Load(const QString& path);
+    QPixmap load(const QString& path);
     // Starts decoding the files that are neither cached nor under way.
-    void Prefetch(const QStringList& paths);
+    void prefetch(const QStringList& paths);
     // The same before any window exists, on the GUI thread: the first cache made adopts the work.
-    static void PrefetchAtStart(const QStringList& paths);
+    static void prefetchAtStart(const QStringList& paths);
     // Decodes, at idle priority and folder by folder, those of the folders' pictures that no kept
-    // copy of an earlier run holds, and keeps them for the next Load, in this run or the next: the
+    // copy of an earlier run holds, and keeps them for the next load, in this run or the next: the
     // pictures of palettes that may be shown next. Stops what an earlier call began.
-    void WarmAhead(const QStringList& folders);
+    void warmAhead(const QStringList& folders);
 
     using Stamp = PictureDiskCache::Stamp;
     struct Decoded {
@@ -58,5 +58,5 @@ private:
     QHash<QString, Entry> entries;
     std::unique_ptr<DecodeBatch> batch;
     std::unique_ptr<Warmer> warmer;
-    QString keptFolder = PictureDiskCache::Folder();
+    QString keptFolder = PictureDiskCache::folder();
 };

@@ -62,7 +62,7 @@ bool formatAllowed(qint32 format) {
 }
 } // namespace
 
-Stamp StampOf(const QString& path) {
+Stamp stampOf(const QString& path) {
     struct stat st {};
     if (::stat(QFile::encodeName(path).constData(), &st) != 0) return {};
 #ifdef Q_OS_DARWIN
@@ -74,7 +74,7 @@ Stamp StampOf(const QString& path) {
     return {ns(modified), ns(changed), qint64(st.st_size)};
 }
 
-QString Folder() {
+QString folder() {
     const QString caches = StdFolders::caches();
     return caches.isEmpty() ? QString() : caches + '/' + AppGlobals::kAppFolderName + "/ButtonPictures";
 }
@@ -100,13 +100,13 @@ bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& s
 }
 } // namespace
 
-bool Holds(const QString& folder, const QString& path, const Stamp& stamp) {
+bool holds(const QString& folder, const QString& path, const Stamp& stamp) {
     QFile file;
     Header h;
     return openEntry(folder, path.toUtf8(), stamp, file, h);
 }
 
-QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
+QImage read(const QString& folder, const QString& path, const Stamp& stamp) {
     const QByteArray pathUtf8 = path.toUtf8();
     QFile file;
     Header h;
@@ -125,7 +125,7 @@ QImage Read(const QString& folder, const QString& path, const Stamp& stamp) {
     return stored == finish(sum, qsizetype(sizeof h) + pathUtf8.size() + pixels) ? image : QImage();
 }
 
-void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
+void write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
     if (folder.isEmpty() || image.isNull() || !formatAllowed(image.format()) ||
         image.width() > kLargestSide || image.height() > kLargestSide)
         return;

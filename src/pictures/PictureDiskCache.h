@@ -18,15 +18,15 @@ struct Stamp {
 };
 // The stamp of the file at `path` as it is now. Asked of the file system directly: a start asks
 // it of every picture of the palette twice, and dates in local time would cost ten times more.
-Stamp StampOf(const QString& path);
+Stamp stampOf(const QString& path);
 
 // The folder of the entries, asked on the GUI thread; empty when there is no cache folder.
-QString Folder();
+QString folder();
 // Whether a picture decoded earlier from `path` as it is at `stamp` is kept (its pixels unchecked).
-bool Holds(const QString& folder, const QString& path, const Stamp& stamp);
+bool holds(const QString& folder, const QString& path, const Stamp& stamp);
 // The picture decoded earlier from `path` as it was at `stamp`, or a null image.
-QImage Read(const QString& folder, const QString& path, const Stamp& stamp);
+QImage read(const QString& folder, const QString& path, const Stamp& stamp);
 // Keeps `image` for the next run; a failure to write only loses the time it would have saved.
-void Write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image);
+void write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image);
 
 } // namespace PictureDiskCache

@@ -107,7 +107,7 @@ QImage PictureImport::readForCopy(const QString& path, QString* why) {
 }
 
 QString PictureImport::copyName(const QString& sourceName, int button, const QString& suffix) {
-    const QString digits = StringUtils::TwoDigits(button);
+    const QString digits = StringUtils::twoDigits(button);
     QString base = QFileInfo(sourceName).completeBaseName();
     if (base.startsWith(digits)) base = base.mid(digits.size()); // "07 cat.png" stays "07 cat.png"
     base = base.replace('.', '_').trimmed();
@@ -135,10 +135,10 @@ PictureImport::Result PictureImport::writeSquareCopy(const QString& source, cons
 
 PictureImport::Result PictureImport::makeButtonPicture(const QString& source, const QString& paletteName,
                                                        int button) {
-    const QString folder = PalettePictureFolder(paletteName);
+    const QString folder = palettePictureFolder(paletteName);
     const QString real = QFileInfo(source).canonicalFilePath();
     QStringList present;
-    for (const auto& [number, path] : ButtonPictureFiles(folder)) {
+    for (const auto& [number, path] : buttonPictureFiles(folder)) {
         if (number != button) continue;
         if (!real.isEmpty() && QFileInfo(path).canonicalFilePath() == real) return {path, {}};
         present << path;
@@ -158,7 +158,7 @@ PictureImport::Result PictureImport::makeButtonPicture(const QString& source, co
         for (const QString& path : present)
             if (FileTools::MoveRenameIfNecessary(path, aside).isEmpty())
                 return "The picture " + QFileInfo(path).fileName() + " of button " +
-                       StringUtils::TwoDigits(button) + " could not be moved to " +
+                       StringUtils::twoDigits(button) + " could not be moved to " +
                        AppGlobals::kRemovedPicturesFolder +
                        " on the Desktop, so it stays the button's picture.";
         return {};

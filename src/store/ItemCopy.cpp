@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-void ItemCopy::CopyInto(const QString& item, const QString& folder) {
+void ItemCopy::copyInto(const QString& item, const QString& folder) {
     const QFileInfo source(item);
     const QString target = QDir(folder).filePath(source.fileName());
     if (source.isDir() && !source.isSymLink()) {
@@ -15,7 +15,7 @@ void ItemCopy::CopyInto(const QString& item, const QString& folder) {
         const QDir dir(item);
         for (const QString& name :
              dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name))
-            CopyInto(dir.filePath(name), target);
+            copyInto(dir.filePath(name), target);
         return;
     }
     if (QFileInfo(target).isDir())

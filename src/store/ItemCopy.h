@@ -6,5 +6,5 @@ namespace ItemCopy {
 // Copies a file, or a folder with everything in it (hidden items too), into `folder` under its own
 // name. A file of that name already there is replaced, a folder of that name is merged into.
 // Throws IOException when something could not be copied.
-void CopyInto(const QString& item, const QString& folder);
+void copyInto(const QString& item, const QString& folder);
 } // namespace ItemCopy

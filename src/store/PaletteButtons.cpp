@@ -9,7 +9,7 @@ StoreText::StoreText(QByteArray bytes) : owned(std::move(bytes)), text(owned.con
 
 StoreText::~StoreText() = default;
 
-std::shared_ptr<StoreText> StoreText::FromFile(const QString& path) {
+std::shared_ptr<StoreText> StoreText::fromFile(const QString& path) {
     // Mapped rather than read: the start touches only the pages it reads, and makes no copy.
     std::shared_ptr<StoreText> result(new StoreText);
     auto file = std::make_unique<QFile>(path);
@@ -28,7 +28,7 @@ std::shared_ptr<StoreText> StoreText::FromFile(const QString& path) {
     return result;
 }
 
-void StoreText::Keep() {
+void StoreText::keep() {
     if (!mapped) return;
     owned = QByteArray(text.data(), qsizetype(text.size()));
     text = std::string_view(owned.constData(), size_t(owned.size()));

@@ -8,16 +8,16 @@
 class QFile;
 
 // The data file's text while some palettes' buttons are still to be read from it. Read from
-// disk it is the file mapped into memory, until Keep copies it: the file may change on disk
+// disk it is the file mapped into memory, until keep copies it: the file may change on disk
 // while the program runs, the text must not.
 class StoreText {
 public:
     explicit StoreText(QByteArray bytes);
     // Throws IOException when the file cannot be read whole.
-    static std::shared_ptr<StoreText> FromFile(const QString& path);
+    static std::shared_ptr<StoreText> fromFile(const QString& path);
     ~StoreText();
-    std::string_view View() const { return text; }
-    void Keep();
+    std::string_view view() const { return text; }
+    void keep();
 
 private:
     StoreText() = default;
@@ -44,11 +44,11 @@ public:
     std::vector<BtnRef>* operator->() const { return get().get(); }
     std::vector<BtnRef>& operator*() const { return *get(); }
     explicit operator bool() const { return text || array; }
-    bool IsRead() const { return !text; }
+    bool isRead() const { return !text; }
     friend bool operator==(const PaletteButtons& buttons, const BtnArray& other) { return buttons.get() == other; }
     // The text of buttons not yet read no longer depends on the file on disk.
-    void KeepText() const {
-        if (text) text->Keep();
+    void keepText() const {
+        if (text) text->keep();
     }
 
 private:

@@ -2,10 +2,10 @@
 
 #include "store/ZOR.h"
 
-void PaletteView::Follow(Upto upto) {
+void PaletteView::follow(Upto upto) {
     EraseAllPictures();
     RedrawGrid();
     if (upto == Upto::Pictures) return;
-    SetPaletteTitle(ZOR::paleWinTitle);
-    if (upto == Upto::RestingTexts) SetRestingTexts(ZOR::paleAlias, ZOR::paleName);
+    setPaletteTitle(ZOR::paleWinTitle);
+    if (upto == Upto::RestingTexts) setRestingTexts(ZOR::paleAlias, ZOR::paleName);
 }

@@ -9,9 +9,9 @@ public:
     virtual ~PaletteView() = default;
     virtual void EraseAllPictures() = 0;
     virtual void RedrawGrid() = 0;
-    virtual void SetPaletteTitle(const QString& title) = 0;
-    virtual void SetRestingTexts(const QString& alias, const QString& name) = 0; // labTip, labSeeNum
-    virtual QRect WindowRect() const = 0; // left, top, width, height as saved in the data file
+    virtual void setPaletteTitle(const QString& title) = 0;
+    virtual void setRestingTexts(const QString& alias, const QString& name) = 0; // labTip, labSeeNum
+    virtual QRect windowRect() const = 0; // left, top, width, height as saved in the data file
 
     // How far the window follows: its pictures and grid only, the title too, or after a change of
     // the active palette also the resting texts of its bar.
@@ -19,5 +19,5 @@ public:
     // The window shows the active palette anew, always in this order: every picture erased, the
     // grid redrawn (a redraw alone would leave an old picture on a button that has none now),
     // the title, the resting texts.
-    void Follow(Upto upto = Upto::Title);
+    void follow(Upto upto = Upto::Title);
 };

@@ -23,7 +23,7 @@ struct PaletteDict {
 namespace ZOR {
 
 // The module's properties, each with its value at program load. The code uses them by the names
-// below; ResetStore gives them all that value again.
+// below; resetStore gives them all that value again.
 struct Properties {
     std::vector<PaletteDict> DP;
     BtnArray aBtn = std::make_shared<std::vector<BtnRef>>();
@@ -82,9 +82,9 @@ void CreateFirstPalette();
 void ActivatePalette(qint64 index);
 void SavePaletteToDP();
 void BreakBtnLinkToDP();
-BtnArray NewButtonArray(); // 100 default buttons, as a new palette has them
+BtnArray newButtonArray(); // 100 default buttons, as a new palette has them
 const QString& ButtonNumber(qint64 id); // "00" to "99", one shared copy each
-void ResetStore();         // every property back to its value at program load
+void resetStore();         // every property back to its value at program load
 
 // the life of a palette
 void CreateNewPalette(const QString& alias);
@@ -92,18 +92,18 @@ void ChangeToPalette(qint64 index);
 qint64 IndexFromAlias(const QString& alias);
 bool IsPaletteExistant(qint64 index);
 inline constexpr qint64 kMaxPalettes = 100; // P00 to P99
-bool RoomForNewPalette(); // a slot of P00 to P99 is free, or another can still be added
+bool roomForNewPalette(); // a slot of P00 to P99 is free, or another can still be added
 // The palette's picture folder goes whole to RemovedZOR_PaletteButtonPictures on the Desktop
 // (an empty one is removed). Gives the folder it went into, empty when there was nothing to move.
-QString MovePalettePicturesAside(const QString& paletteName);
+QString movePalettePicturesAside(const QString& paletteName);
 // Moves the active palette's pictures aside, frees its slot and activates P00. P00 itself is
 // never deleted: the program falls back to it. False when nothing was deleted.
-bool DeleteActivePalette();
+bool deleteActivePalette();
 
 // the window that follows the store
-void RegisterView(PaletteView* view);
-PaletteView* View();
-void ViewFollows(PaletteView::Upto upto = PaletteView::Upto::Title); // when a window is registered
+void registerView(PaletteView* view);
+PaletteView* view();
+void viewFollows(PaletteView::Upto upto = PaletteView::Upto::Title); // when a window is registered
 
 // the data file
 void GetZOR_DataFromDisk();
@@ -112,17 +112,17 @@ bool JSON_ParseData(const QString& text); // false when the text could not be re
 bool JSON_ParseData(std::string_view utf8);
 // Palettes not yet shown keep their buttons as the data file's text; from now on that text no
 // longer depends on the file on disk. Called once the first palette is on screen.
-void KeepDataText();
-QString DataFilePath();
+void keepDataText();
+QString dataFilePath();
 // The active palette's index from the head of the data file, read before the file itself; -1
 // when the head cannot be told. It only lets the start begin on that palette's pictures early.
-qint64 PeekCurrentPalette();
-bool WriteDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
+qint64 peekCurrentPalette();
+bool writeDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
 
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
-QString BackupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
+QString backupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
 bool PreserveStateRestore(); // true when a chosen backup took the data file's place
 
 // export of the active palette
@@ -130,7 +130,7 @@ QString LineTabFieldName();
 QString LineTabProperties(const Btn& button);
 QString PaletteInfoToString();
 void ButtonPicturesIntoFolder(const QString& destination);
-QString PaletteDataFolderName();
-bool PaletteDataToDesktop(); // true when it ran to its end
+QString paletteDataFolderName();
+bool paletteDataToDesktop(); // true when it ran to its end
 
 } // namespace ZOR

@@ -28,7 +28,7 @@ bool copyUnderStampedName(const QString& source, const QString& folder, const QS
 
 bool ZOR::PreserveStateBackUp(bool keepActive, bool toDesktop) {
     return Guard::run(where("PreserveStateBackUp"), [=] {
-        const QString source = DataFilePath();
+        const QString source = dataFilePath();
         const QString stamped = stampedBackupName();
         if (!QFile::exists(source)) return false;
         if (toDesktop) {
@@ -68,4 +68,4 @@ void ZOR::RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold) {
     });
 }
 
-QString ZOR::BackupFileName() { return stampedBackupName(); }
+QString ZOR::backupFileName() { return stampedBackupName(); }

@@ -28,8 +28,8 @@ QString stampedFolder(const QDir& removed, const QString& name) {
 }
 } // namespace
 
-QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
-    return Guard::run(where("MovePalettePicturesAside"), [&]() -> QString {
+QString ZOR::movePalettePicturesAside(const QString& paletteName) {
+    return Guard::run(where("movePalettePicturesAside"), [&]() -> QString {
         // A name from a hand-edited file must not lead out of the pictures folder.
         const bool plainName = !paletteName.isEmpty() && !paletteName.contains('/') &&
                                !paletteName.contains('\\') && paletteName != "." && paletteName != "..";
@@ -55,18 +55,18 @@ QString ZOR::MovePalettePicturesAside(const QString& paletteName) {
     });
 }
 
-bool ZOR::DeleteActivePalette() {
-    return Guard::run(where("DeleteActivePalette"), [] {
+bool ZOR::deleteActivePalette() {
+    return Guard::run(where("deleteActivePalette"), [] {
         if (idxCP <= 0 || idxCP >= qint64(DP.size())) return false;
         // The pictures go first: should they stay where they are, the palette stays as well.
         const QString pictures = AppGlobals::folderPathButFolder + '/' + paleName;
-        MovePalettePicturesAside(paleName);
+        movePalettePicturesAside(paleName);
         if (QFileInfo(pictures).isDir()) return false;
         BreakBtnLinkToDP();
         DefaultValuesPalette(idxCP);
         DP[size_t(idxCP)].s_Alias = kNoShortcut;
         ActivatePalette(0);
-        ViewFollows(PaletteView::Upto::RestingTexts);
+        viewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
         return true;
     });

@@ -69,18 +69,18 @@ void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
         if (items.isEmpty()) return;
         QDir().mkpath(destination);
         for (const QString& item : items)
-            ItemCopy::CopyInto(source.filePath(item), destination);
+            ItemCopy::copyInto(source.filePath(item), destination);
     });
 }
 
-QString ZOR::PaletteDataFolderName() {
+QString ZOR::paletteDataFolderName() {
     // An alias is one name on the Desktop, even a hand-edited one with a slash.
     const QString alias = StringUtils::Remove(paleAlias, " ").replace('/', '_');
     return RtrnDateString::rsAlphaDateTime(4) + alias + "_" + paleName + "Data";
 }
 
-bool ZOR::PaletteDataToDesktop() {
-    const QString name = PaletteDataFolderName();
+bool ZOR::paletteDataToDesktop() {
+    const QString name = paletteDataFolderName();
     const QString pictures = FileTools::CreateFolderKnownStart("Desktop", name + "/ButtonPictures");
     if (pictures.isEmpty()) return false;
     if (!FileTools::StringToFileItem(PaletteInfoToString(), "TextData", QFileInfo(pictures).path()))

@@ -44,8 +44,8 @@ void nextElementOrFail(JsonText::Reader& r) {
 }
 } // namespace
 
-qint64 ZOR::PeekCurrentPalette() {
-    QFile in(DataFilePath());
+qint64 ZOR::peekCurrentPalette() {
+    QFile in(dataFilePath());
     if (!in.open(QIODevice::ReadOnly)) return -1;
     const QByteArray start = in.read(4096);
     const qsizetype headEnd = start.indexOf('}');
@@ -65,10 +65,10 @@ qint64 ZOR::PeekCurrentPalette() {
     return -1;
 }
 
-QString ZOR::DataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
+QString ZOR::dataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
 
-bool ZOR::WriteDataFile(const QString& text) {
-    return Guard::run(where("WriteDataFile"), [&] {
+bool ZOR::writeDataFile(const QString& text) {
+    return Guard::run(where("writeDataFile"), [&] {
         // Written whole beside the backups, then renamed over the file in one step: a crash or a
         // kill at any instant leaves the old file or the new one, and nothing new beside them.
         const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
@@ -79,7 +79,7 @@ bool ZOR::WriteDataFile(const QString& text) {
         ok = ok && out.write(bytes) == bytes.size() && out.flush() && ::fsync(out.handle()) == 0;
         const QString why = ok ? QString() : out.errorString();
         out.close();
-        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(DataFilePath()).constData()) == 0)
+        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(dataFilePath()).constData()) == 0)
             return true;
         QFile::remove(scratch);
         Dialogs::message("Could not save PreserveState.txt: " + (why.isEmpty() ? QString::fromLocal8Bit(strerror(errno)) : why) +
@@ -91,7 +91,7 @@ bool ZOR::WriteDataFile(const QString& text) {
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
         JsonText::Writer w(qsizetype(DP.size()) * 101 * 280 + 256);
-        const QRect rect = View() ? View()->WindowRect()
+        const QRect rect = view() ? view()->windowRect()
                                   : QRect(int(initialWinLeft), int(initialWinTop), int(initialWinWidth),
                                           int(initialWinHeight));
         w.beginArray();
@@ -116,7 +116,7 @@ QString ZOR::JSON_CreateData() {
 }
 
 void PaletteButtons::read() const {
-    const std::string_view all = text->View();
+    const std::string_view all = text->view();
     JsonText::Reader r(all.substr(begin, end - begin));
     std::string_view key;
     auto buttons = std::make_shared<std::vector<BtnRef>>();
@@ -137,7 +137,7 @@ namespace {
 bool parseStore(const std::shared_ptr<StoreText>& source) {
     return Guard::run(where("JSON_ParseData"), [&source] {
         using namespace ZOR;
-        JsonText::Reader r(source->View());
+        JsonText::Reader r(source->view());
         std::string_view key;
         qint64 lastPaletteIndex = -1;
         qint64 currentPalette = 0;
@@ -190,8 +190,8 @@ bool ZOR::JSON_ParseData(std::string_view utf8) {
     return parseStore(std::make_shared<StoreText>(QByteArray(utf8.data(), qsizetype(utf8.size()))));
 }
 
-void ZOR::KeepDataText() {
-    for (const PaletteDict& slot : DP) slot.a_Btn.KeepText();
+void ZOR::keepDataText() {
+    for (const PaletteDict& slot : DP) slot.a_Btn.keepText();
 }
 
 namespace {
@@ -207,7 +207,7 @@ void startBesideUnreadableFile() {
 // Every way the file can fail, from opening to the last palette, reports once and gives false.
 bool readDataFile(const QFileInfo& file) {
     const bool read = Guard::run(where("GetZOR_DataFromDisk"),
-                                 [&] { return parseStore(StoreText::FromFile(file.filePath())); });
+                                 [&] { return parseStore(StoreText::fromFile(file.filePath())); });
     return read && !ZOR::DP.empty() && ZOR::idxCP >= 0 && ZOR::idxCP < qint64(ZOR::DP.size());
 }
 } // namespace
@@ -216,7 +216,7 @@ void ZOR::GetZOR_DataFromDisk() {
     Guard::run(where("GetZOR_DataFromDisk"), [] {
         AppGlobals::appSupportFolder = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
         QDir().mkpath(AppGlobals::appSupportFolder);
-        const QFileInfo file(DataFilePath());
+        const QFileInfo file(dataFilePath());
         if (!file.exists()) {
             CreateFirstPalette();
             return;

@@ -41,13 +41,13 @@ void ZOR::ChangeToPalette(qint64 index) {
             return;
         }
         if (!IsPaletteExistant(index)) {
-            Dialogs::message("You have asked  to change to a palette, P" + StringUtils::TwoDigits(index) +
+            Dialogs::message("You have asked  to change to a palette, P" + StringUtils::twoDigits(index) +
                              ", that does not exist. There is nothing to do.");
             return;
         }
         SavePaletteToDP();
         ActivatePalette(index);
-        ViewFollows(PaletteView::Upto::RestingTexts);
+        viewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
     });
 }
@@ -69,7 +69,7 @@ bool ZOR::IsPaletteExistant(qint64 index) {
     });
 }
 
-bool ZOR::RoomForNewPalette() {
+bool ZOR::roomForNewPalette() {
     const auto inRange = DP.begin() + std::min<qint64>(qint64(DP.size()), kMaxPalettes);
     return qint64(DP.size()) < kMaxPalettes ||
            std::any_of(DP.begin(), inRange, [](const PaletteDict& p) { return p.s_Alias == kNoShortcut; });

@@ -9,13 +9,13 @@
 
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
-PaletteView* view = nullptr;
+PaletteView* registeredView = nullptr;
 } // namespace
 
-void ZOR::RegisterView(PaletteView* v) { view = v; }
-PaletteView* ZOR::View() { return view; }
-void ZOR::ViewFollows(PaletteView::Upto upto) {
-    if (view) view->Follow(upto);
+void ZOR::registerView(PaletteView* v) { registeredView = v; }
+PaletteView* ZOR::view() { return registeredView; }
+void ZOR::viewFollows(PaletteView::Upto upto) {
+    if (registeredView) registeredView->follow(upto);
 }
 
 void ZOR::MakeAlphabetShortcuts() {
@@ -25,7 +25,7 @@ void ZOR::MakeAlphabetShortcuts() {
     });
 }
 
-BtnArray ZOR::NewButtonArray() {
+BtnArray ZOR::newButtonArray() {
     auto buttons = std::make_shared<std::vector<BtnRef>>();
     buttons->reserve(kButtonsPerPalette);
     for (int i = 0; i < kButtonsPerPalette; ++i) {
@@ -44,7 +44,7 @@ const QString& ZOR::ButtonNumber(qint64 id) {
     static const auto numbers = [] {
         std::array<QString, kButtonsPerPalette> all;
         for (size_t n = 0; n < all.size(); ++n)
-            all[n] = StringUtils::TwoDigits(qint64(n));
+            all[n] = StringUtils::twoDigits(qint64(n));
         return all;
     }();
     return numbers.at(size_t(id));
@@ -59,11 +59,11 @@ void ZOR::DefaultValuesPalette(qint64 index) {
         PaletteDict& slot = DP[size_t(index)];
         slot.i_NumRows = 10;
         slot.i_NumColumns = 10;
-        slot.s_Name = "P" + StringUtils::TwoDigits(index);
+        slot.s_Name = "P" + StringUtils::twoDigits(index);
         slot.s_Alias = StringUtils::Random(5, "abcdefghijklmnopqrstuvwxyz");
-        slot.s_WinTitle = "ZOR P" + StringUtils::TwoDigits(index);
+        slot.s_WinTitle = "ZOR P" + StringUtils::twoDigits(index);
         slot.s_Particulars.clear();
-        slot.a_Btn = NewButtonArray();
+        slot.a_Btn = newButtonArray();
     });
 }
 
@@ -89,7 +89,7 @@ void ZOR::CreateFirstPalette() {
         slot.s_Alias = "Original";
         slot.s_WinTitle = "ZOR Palette";
         slot.s_Particulars = "No Content";
-        slot.a_Btn = NewButtonArray();
+        slot.a_Btn = newButtonArray();
         loadWorkingProperties(slot);
         paletteContentChange = true;
     });
@@ -125,4 +125,4 @@ void ZOR::SavePaletteToDP() {
 
 void ZOR::BreakBtnLinkToDP() { aBtn = std::make_shared<std::vector<BtnRef>>(); }
 
-void ZOR::ResetStore() { properties = Properties(); }
+void ZOR::resetStore() { properties = Properties(); }

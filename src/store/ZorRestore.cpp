@@ -38,20 +38,20 @@ QString emergencyPath(const QString& name) {
 // empty when it could not be moved. The stamp is taken on both sides of the move, since a
 // minute may turn while it runs.
 QString setAsideDataFile() {
-    const QString before = emergencyPath(ZOR::BackupFileName());
+    const QString before = emergencyPath(ZOR::backupFileName());
     const bool wasTaken = QFileInfo::exists(before);
     if (ZOR::PreserveStateBackUp(false, false)) {
         if (!wasTaken && QFileInfo::exists(before)) return before;
-        return emergencyPath(ZOR::BackupFileName());
+        return emergencyPath(ZOR::backupFileName());
     }
     // A quit a moment ago took the stamp of this minute. The next free minute keeps the data file
     // apart from that copy, under a name that can be restored and that sorts after it.
-    if (!wasTaken || !QFileInfo::exists(ZOR::DataFilePath())) return {};
+    if (!wasTaken || !QFileInfo::exists(ZOR::dataFilePath())) return {};
     const QDateTime now = Clock::now();
     for (int minutes = 1; minutes <= 60; ++minutes) {
         const QString name =
             emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
-        if (!QFileInfo::exists(name)) return QFile::rename(ZOR::DataFilePath(), name) ? name : QString();
+        if (!QFileInfo::exists(name)) return QFile::rename(ZOR::dataFilePath(), name) ? name : QString();
     }
     return {};
 }
@@ -63,12 +63,12 @@ bool moveIntoPlace(const QFileInfo& chosen) {
         !QFile::rename(beside,
                        chosen.dir().filePath("PreserveState" + RtrnDateString::rsAlphaDateTime(4) + ".txt")))
         return false;
-    return QFile::rename(chosen.filePath(), ZOR::DataFilePath());
+    return QFile::rename(chosen.filePath(), ZOR::dataFilePath());
 }
 
 void tellNotRestored(const QString& name, const QString& keptAt) {
     const QString start = "The backup " + name + " could not be moved into place, so it was not restored. ";
-    if (keptAt.isEmpty() || QFile::rename(keptAt, ZOR::DataFilePath())) {
+    if (keptAt.isEmpty() || QFile::rename(keptAt, ZOR::dataFilePath())) {
         Dialogs::message(start + "The PreserveState.txt in use before is still in its place, unchanged.");
         return;
     }
@@ -91,7 +91,7 @@ bool ZOR::PreserveStateRestore() {
             return false;
         }
         QString keptAt;
-        if (QFileInfo::exists(DataFilePath())) {
+        if (QFileInfo::exists(dataFilePath())) {
             keptAt = setAsideDataFile();
             if (keptAt.isEmpty()) {
                 Dialogs::message(

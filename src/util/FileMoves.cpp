@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-QString FileTools::MoveRenameOrSay(const QString& filePath, const QString& destinationFolder) {
+QString FileTools::moveRenameOrSay(const QString& filePath, const QString& destinationFolder) {
     const QFileInfo source(filePath);
     if (filePath.isEmpty() || !(source.exists() || source.isSymLink())) return {};
     const QString name = source.fileName();

@@ -50,7 +50,7 @@ QString MoveRenameIfNecessary(const QString& filePath, const QString& destinatio
 // MoveRenameIfNecessary for files the user placed: when a folder cannot be changed the move is
 // not tried, a plain message says so and the file stays where it was. Links move as links.
 // Gives the new path, empty when the file did not move.
-QString MoveRenameOrSay(const QString& filePath, const QString& destinationFolder);
+QString moveRenameOrSay(const QString& filePath, const QString& destinationFolder);
 
 // Whether an application with this bundle identifier is running.
 bool ApplicationIsRunning(const QString& bundleIdentifier);

@@ -22,7 +22,7 @@ QString FileTypeAppleScript::All() {
     return QStringLiteral("AppleScripts");
 }
 
-void FileTypes::Build() {
+void FileTypes::build() {
     using namespace FileTypesCommon;
     TextThing = {
         "text/plain",     ".asc;.ascii;.bas;.c;.class;.cp;.cpp;.h;.hp;.hpp;.i3;.java;.m2;.m3;.mak;.text;.txt",
@@ -47,7 +47,7 @@ void FileTypes::Build() {
 }
 
 QString FileTypes::nameFilter(const QString& setName) {
-    if (FileTypesCommon::list.isEmpty()) Build();
+    if (FileTypesCommon::list.isEmpty()) build();
     if (setName == FileTypeJpgPng::All()) {
         // One filter that takes both kinds at once.
         QStringList patterns;

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// The file-type tables of the open-file dialogs. FileTypes::Build() fills them at start-up.
+// The file-type tables of the open-file dialogs. FileTypes::build() fills them at start-up.
 struct FileType {
     QString name;       // name or MIME type
     QString extensions; // as listed, separated by ";" (JpgPng has a "," after ".png")
@@ -39,7 +39,7 @@ QString All(); // "AppleScripts"
 namespace FileTypes {
 // Builds FileTypesCommon, FileTypeJpgPng and FileTypeAppleScript, in that order. Running it
 // again changes nothing.
-void Build();
+void build();
 // The QFileDialog filter for a set name: "TextThing", "AnyThing", FileTypeJpgPng::All(),
 // FileTypeAppleScript::All() or an entry's name; anything else allows every file.
 QString nameFilter(const QString& setName);

@@ -7,5 +7,5 @@
 // therefore given in pixels, the same on both.
 namespace Fonts {
 // `family` "System" is the platform's user-interface font; `size` 0 keeps its default size.
-QFont Sized(const QString& family, double size);
+QFont sized(const QString& family, double size);
 } // namespace Fonts

@@ -4,7 +4,7 @@
 #include "util/Guard.h"
 #include "util/StringUtils.h"
 
-using StringUtils::TwoDigits;
+using StringUtils::twoDigits;
 
 namespace {
 // Mode 7's counter lives for the whole run, so two stamps in the same second still differ.
@@ -31,7 +31,7 @@ QString base36(qint64 value, int digits) {
 }
 } // namespace
 
-void RtrnDateString::ResetCounter() {
+void RtrnDateString::resetCounter() {
     counterUpper = 0;
     counterLower = 0;
 }
@@ -43,8 +43,8 @@ QString RtrnDateString::rsAlphaDateTime(qint64 mode) {
         const QTime t = now.time();
         const QString yyyy = QString::number(d.year()).rightJustified(4, '0');
         const QString yy = yyyy.right(2);
-        const QString ymd = yy + TwoDigits(d.month()) + TwoDigits(d.day());
-        const QString hns = TwoDigits(t.hour()) + TwoDigits(t.minute()) + TwoDigits(t.second());
+        const QString ymd = yy + twoDigits(d.month()) + twoDigits(d.day());
+        const QString hns = twoDigits(t.hour()) + twoDigits(t.minute()) + twoDigits(t.second());
         // The clock resolves milliseconds; the finer digits are zeros.
         const qint64 nanos = qint64(t.msec()) * 1000000;
 
@@ -52,20 +52,20 @@ QString RtrnDateString::rsAlphaDateTime(qint64 mode) {
         case 1:
             return ymd;
         case 2:
-            return ymd + '_' + TwoDigits(t.hour());
+            return ymd + '_' + twoDigits(t.hour());
         case 3:
-            return ymd + '_' + TwoDigits(t.hour()) + TwoDigits(t.minute());
+            return ymd + '_' + twoDigits(t.hour()) + twoDigits(t.minute());
         case 5:
-            return ymd + TwoDigits(t.hour()) + TwoDigits(t.minute());
+            return ymd + twoDigits(t.hour()) + twoDigits(t.minute());
         case 6:
-            return yyyy + '.' + TwoDigits(d.month()) + '.' + TwoDigits(d.day());
+            return yyyy + '.' + twoDigits(d.month()) + '.' + twoDigits(d.day());
         case 7:
             return ymd + '_' + hns + nextCounter();
         case 8:
-            return TwoDigits(d.month()) + '/' + TwoDigits(d.day()) + '/' + yyyy + ' ' + TwoDigits(t.hour()) +
-                   ':' + TwoDigits(t.minute()) + ':' + TwoDigits(t.second());
+            return twoDigits(d.month()) + '/' + twoDigits(d.day()) + '/' + yyyy + ' ' + twoDigits(t.hour()) +
+                   ':' + twoDigits(t.minute()) + ':' + twoDigits(t.second());
         case 9:
-            return yyyy + TwoDigits(d.month()) + TwoDigits(d.day()) + '_' + hns;
+            return yyyy + twoDigits(d.month()) + twoDigits(d.day()) + '_' + hns;
         case 10:
             return ymd + '_' + hns + '_' + QString::number(nanos).rightJustified(9, '0');
         case 11:

@@ -9,5 +9,5 @@ namespace RtrnDateString {
 // 13 YYMMDD_ + milliseconds since midnight in six base-36 digits, 14 HHNNSS; any other as 4.
 QString rsAlphaDateTime(qint64 mode);
 // Starts mode 7's counter again at "Aa".
-void ResetCounter();
+void resetCounter();
 } // namespace RtrnDateString

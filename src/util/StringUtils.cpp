@@ -26,7 +26,7 @@ template <class Test> bool allOf(const QString& text, Test test) {
     return true;
 }
 
-QFont fontFor(const QString& family, double size) { return Fonts::Sized(family, size); }
+QFont fontFor(const QString& family, double size) { return Fonts::sized(family, size); }
 } // namespace
 
 QString StringUtils::Remove(const QString& text, const QString& characters) {
@@ -49,7 +49,7 @@ QString StringUtils::Random(int length, const QString& alphabet) {
     });
 }
 
-QString StringUtils::TwoDigits(qint64 n) {
+QString StringUtils::twoDigits(qint64 n) {
     return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
 }
 

@@ -9,7 +9,7 @@ QString Remove(const QString& text, const QString& characters);
 // `length` characters drawn uniformly from `alphabet`.
 QString Random(int length, const QString& alphabet);
 // `n` with a leading zero below ten: palette names, button numbers, the parts of a date ("07").
-QString TwoDigits(qint64 n);
+QString twoDigits(qint64 n);
 bool IsPosInteger(const QString& text); // only 0-9; empty text is true
 bool IsUppercase(const QString& text);  // not empty, only A-Z
 bool IsLowercase(const QString& text);  // not empty, only a-z

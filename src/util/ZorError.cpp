@@ -20,7 +20,7 @@ QString RuntimeExceptionExtension::Type(const std::exception& error) {
     return QString::fromUtf8(raw);
 }
 
-int RuntimeExceptionExtension::ErrorNumber(const std::exception& error) {
+int RuntimeExceptionExtension::errorNumber(const std::exception& error) {
     if (auto* ours = dynamic_cast<const RuntimeException*>(&error)) return ours->errorNumber();
     return 0;
 }

@@ -29,5 +29,5 @@ class NilObjectException : public RuntimeException {
 namespace RuntimeExceptionExtension {
 // The demangled name of the exception's dynamic type; empty when unknown.
 QString Type(const std::exception& error);
-int ErrorNumber(const std::exception& error);
+int errorNumber(const std::exception& error);
 } // namespace RuntimeExceptionExtension

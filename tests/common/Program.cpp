@@ -13,7 +13,7 @@
 
 namespace {
 void resetProgramState() {
-    ZOR::ResetStore();
+    ZOR::resetStore();
     AppGlobals::appSupportFolder.clear();
     AppGlobals::folderPathAS.clear();
     AppGlobals::folderPathButFolder.clear();
@@ -24,7 +24,7 @@ Program::Program() { resetProgramState(); }
 Program::~Program() { win.reset(); }
 
 winMain& Program::start() {
-    win = App::StartPaletteWindow();
+    win = App::startPaletteWindow();
     return *win;
 }
 
@@ -57,7 +57,7 @@ void ProgramFixture::setUpProgram() {
     tools = std::make_unique<FakeTools>();
     dialogs = std::make_unique<ScriptedDialogs>();
     program = std::make_unique<Program>();
-    GeneralMethods::ForgetVersionOS_Major();
+    GeneralMethods::forgetVersionOS_Major();
 }
 
 void ProgramFixture::tearDownProgram() {

@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    ZOR::ResetStore();
+    ZOR::resetStore();
     ZOR::MakeAlphabetShortcuts();
     if (!ZOR::JSON_ParseData(std::string_view(reinterpret_cast<const char*>(data), size))) return 0;
     if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) {
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         std::abort();
     }
     const QString written = ZOR::JSON_CreateData();
-    ZOR::ResetStore();
+    ZOR::resetStore();
     ZOR::MakeAlphabetShortcuts();
     if (!ZOR::JSON_ParseData(written) || ZOR::JSON_CreateData() != written) {
         fprintf(stderr, "a store that was read does not read back as written\n");
