@@ -6,9 +6,34 @@
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "tst_windows.h"
+#include "util/AppGlobals.h"
 #include "util/StringUtils.h"
 
 namespace {
+const QString kFlag = QStringLiteral("🇩🇪");
+
+// A one-line field's or a text area's text, and where its cursor stands.
+std::pair<QString, int> content(QWidget* w) {
+    if (auto* line = qobject_cast<QLineEdit*>(w)) return {line->text(), line->cursorPosition()};
+    auto* area = qobject_cast<QPlainTextEdit*>(w);
+    return {area->toPlainText(), area->textCursor().position()};
+}
+void setContent(QWidget* w, const QString& text, int cursor = -1) {
+    if (auto* line = qobject_cast<QLineEdit*>(w)) {
+        line->setText(text);
+        if (cursor >= 0) line->setCursorPosition(cursor);
+        return;
+    }
+    auto* area = qobject_cast<QPlainTextEdit*>(w);
+    area->setPlainText(text);
+    QTextCursor at = area->textCursor();
+    at.setPosition(cursor >= 0 ? cursor : int(text.size()));
+    area->setTextCursor(at);
+}
+bool inButtonHalf(const QString& field) {
+    return field != "tfWinTitle" && field != "taParticulars";
+}
+
 std::vector<Btn> buttons() {
     std::vector<Btn> copy;
     for (const BtnRef& b : *ZOR::aBtn)
@@ -143,22 +168,26 @@ private slots:
         QTest::addColumn<QString>("kept"); // after focus loss
         QTest::addColumn<QString>("tip");
         QTest::addColumn<bool>("warning");
+        // clang-format off
         QTest::newRow("script name") << "tfAS" << "9 my-script.b2" << "myscriptb2" << "Run AS myscriptb2" << true;
         QTest::newRow("script that exists") << "tfAS" << "mail" << "Mail" << "Run AS Mail" << false;
         QTest::newRow("only digits") << "tfAS" << "123" << "" << "" << false;
-        QTest::newRow("shortcut without blanks")
-            << "tfSC" << "My Shortcut" << "MyShortcut" << "Run Shortcut MyShortcut" << false;
+        QTest::newRow("script with blanks, ends trimmed") << "tfAS" << "9 morning mail " << "Morning Mail" << "Run AS Morning Mail" << false;
+        QTest::newRow("shortcut with blanks, ends trimmed") << "tfSC" << " Morning Mail " << "Morning Mail" << "Run Shortcut Morning Mail" << false;
         QTest::newRow("unknown shortcut") << "tfSC" << "Gone" << "Gone" << "Run Shortcut Gone" << true;
         QTest::newRow("one digit palette") << "tfPaletteGo" << "7" << "07" << "Change palette to 07" << true;
-        QTest::newRow("existing palette") << "tfPaletteGo" << "1" << "01" << "Change palette to 01" << false;
+        QTest::newRow("existing palette, by its alias") << "tfPaletteGo" << "1" << "01" << "Go to Writing ✍" << false;
+        // clang-format on
     }
     void fieldFilters() {
         QFETCH(QString, field);
         QFETCH(QString, typed);
         home->writeInProgram("Apple_Scripts/Mail.scpt", "compiled");
-        tools->setAnswer("shortcuts", "MyShortcut\nOther\n");
+        home->writeInProgram("Apple_Scripts/Morning Mail.scpt", "compiled");
+        tools->setAnswer("shortcuts", "Morning Mail\nOther\n");
         tools->setAnswer("sw_vers", "14.2\n");
         startWith(2);
+        ZOR::DP[1].s_Alias = "Writing ✍";
         auto w = open();
         QVERIFY(!w->tfSC->isHidden());
         click(*w, 5);
@@ -318,7 +347,7 @@ private slots:
         click(*w, 12);
         w->cbVisibleBtn->click();
         QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(palette.centralWidget()->height(), 94); // untouched until Done
+        QCOMPARE(palette.centralWidget()->size(), QSize(6 * 64, 4 * 64 + 30)); // the palette follows each OK
         QTest::mouseClick(w->pbDone, Qt::LeftButton);
         QCOMPARE(w->result(), int(QDialog::Accepted));
         QCOMPARE(palette.centralWidget()->size(), QSize(6 * 64, 4 * 64 + 30));
@@ -336,6 +365,9 @@ private slots:
                               "The following buttons have pictures assigned to them but are currently set as "
                               "invisible: 12, 40"}));
         QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
+        arrows(w->ccRowUpDown->udChangeVal, true); // and it follows when the close box ends the design
+        w->close();
+        QCOMPARE(palette.centralWidget()->height(), 5 * 64 + 30);
     }
 
     // The menu, and no Shortcuts field on an old system.
@@ -343,7 +375,9 @@ private slots:
         tools->setAnswer("sw_vers", "11.7.10\n");
         startWith(1).mainMenuBar->miConstruct->trigger();
         auto w = open();
-        QVERIFY(w->tfSC->isHidden());
+        for (const QWidget* shortcuts :
+             std::initializer_list<const QWidget*>{w->tfSC, w->labMacShortcuts, w->cnvSC})
+            QVERIFY(shortcuts->isHidden());
         for (const QLabel* icon : {w->cnvKM, w->cnvAS, w->cnvSC})
             QVERIFY(!icon->pixmap().isNull());
         QCOMPARE(dialogs->titles(), QStringList({"Grid Construct: ZOR Palette (P00)"}));
@@ -364,7 +398,213 @@ private slots:
         QVERIFY(focus(*w, w->tfPaletteGo));
         QTest::keyClicks(w->tfPaletteGo, "1");
         QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(button(5).PaletteGo + ' ' + button(5).Tip, "01 Change palette to 01");
+        QCOMPARE(button(5).PaletteGo + " " + button(5).Tip, "01 Go to " + ZOR::DP[1].s_Alias);
+    }
+
+    // A limit counts what a user sees as one character: the last that fits is taken whole, however
+    // many units it has, and the next is refused with the text and the cursor as they were.
+    void fieldsHoldCharacters_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("limit");
+        QTest::newRow("window title") << "tfWinTitle" << 37;
+        QTest::newRow("particulars") << "taParticulars" << 3100;
+        QTest::newRow("tip") << "tfTip" << 42;
+        QTest::newRow("shortcut") << "tfSC" << 32;
+    }
+    void fieldsHoldCharacters() {
+        QFETCH(QString, field);
+        QFETCH(int, limit);
+        startWith(1);
+        auto w = open();
+        if (inButtonHalf(field)) click(*w, 5);
+        auto* edit = w->findChild<QWidget*>(field);
+        const QString full(limit - 1, 'x');
+        setContent(edit, full, 2);
+        type(edit, kFamily);
+        type(edit, "y");
+        QCOMPARE(content(edit), std::pair(full.left(2) + kFamily + full.mid(2), 2 + int(kFamily.size())));
+    }
+
+    // A cut at a limit keeps the character at its edge whole.
+    void cutsKeepCharacters_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("cut");
+        QTest::newRow("window title at 35") << "tfWinTitle" << 35;
+        QTest::newRow("particulars at 3000") << "taParticulars" << 3000;
+        QTest::newRow("info at 2000") << "taInfo" << 2000;
+    }
+    void cutsKeepCharacters() {
+        QFETCH(QString, field);
+        QFETCH(int, cut);
+        startWith(1);
+        auto w = open();
+        if (inButtonHalf(field)) click(*w, 5);
+        auto* edit = w->findChild<QWidget*>(field);
+        const QString kept = "A" + QString(cut - 2, 'x') + kFlag; // `cut` characters
+        setContent(edit, kept + "zz");
+        leave(edit);
+        if (field == "taInfo") QTest::mouseClick(w->pbOK, Qt::LeftButton);
+        QCOMPARE(field == "tfWinTitle" ? ZOR::paleWinTitle
+                 : field == "taInfo"   ? button(5).Info
+                                       : ZOR::paleParticulars,
+                 kept);
+    }
+
+    // A value is shown as it is stored, and kept so unless its field is changed: entered and
+    // left, then the button or the palette confirmed, it stands even where typing could not make it.
+    void storedValuesStay_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("a Shortcut with blanks") << "tfSC"
+                                                << "My Shortcut ✓";
+        QTest::newRow("a script with a blank and a hyphen") << "tfAS"
+                                                            << "My Script-2";
+        QTest::newRow("a palette of one digit") << "tfPaletteGo"
+                                                << "7";
+        QTest::newRow("a tip with blanks at its ends") << "tfTip"
+                                                       << " Hi ";
+        QTest::newRow("an info past its cut") << "taInfo" << QString(2100, 'i');
+        QTest::newRow("a title with a colon") << "tfWinTitle"
+                                              << "Work: Home";
+        QTest::newRow("particulars past the field's limit") << "taParticulars"
+                                                            << " " + QString(3200, 'p');
+    }
+    void storedValuesStay() {
+        QFETCH(QString, field);
+        QFETCH(QString, stored);
+        tools->setAnswer("shortcuts", "My Shortcut ✓\n");
+        startWith(1);
+        Btn& b = button(5);
+        const std::map<QString, QString*> values{{"tfSC", &b.SCname},
+                                                 {"tfAS", &b.ASfile},
+                                                 {"tfPaletteGo", &b.PaletteGo},
+                                                 {"tfTip", &b.Tip},
+                                                 {"taInfo", &b.Info},
+                                                 {"tfWinTitle", &ZOR::paleWinTitle},
+                                                 {"taParticulars", &ZOR::paleParticulars}};
+        QString& value = *values.at(field);
+        value = stored;
+        auto w = open();
+        if (inButtonHalf(field)) click(*w, 5);
+        auto* edit = w->findChild<QWidget*>(field);
+        QCOMPARE(content(edit).first, stored);
+        QVERIFY(w->labZorSC_NotExist->isHidden());
+        leave(edit);
+        if (inButtonHalf(field)) w->cbVisibleBtn->click();
+        QTest::mouseClick(inButtonHalf(field) ? w->pbOK : w->pbDone, Qt::LeftButton);
+        QCOMPARE(value, stored);
+    }
+
+    // A user's alias is shown whole where it fits, else cut with "…" and whole in its tooltip.
+    void aliasLabelFits_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("forty characters") << "Photoshop Actions Set 2 and Lightroom ✍"
+                                          << "whole";
+        QTest::newRow("longer than the window")
+            << QString(30, 'W') + kFamily + QString(60, 'W') << "cut, whole in its tooltip";
+    }
+    void aliasLabelFits() {
+        QFETCH(QString, alias);
+        startWith(1);
+        ZOR::paleAlias = alias;
+        QTEST(fitted(open()->labNameAlias, alias), "shown");
+    }
+
+    // Once a kind is begun, the fields of the others look as they are, off; the two headings are
+    // set alike; and a button names the Keyboard Maestro macro it runs, to copy.
+    void buttonHalfLooks() {
+        startWith(1);
+        auto w = open();
+        QCOMPARE(w->labButtSpec->font(), w->labPaleSpec->font());
+        QVERIFY(w->labMacroName->isHidden());
+        click(*w, 5);
+        w->cbKM->click();
+        const auto middle = [](QWidget* field) {
+            const QImage shot = field->grab().toImage();
+            return shot.pixelColor(shot.rect().center());
+        };
+        QCOMPARE(QList<QColor>({middle(w->tfTip), middle(w->tfAS), middle(w->tfSC)}),
+                 QList<QColor>({QColor(0xFFFFFF), QColor(0xECECEC), QColor(0xECECEC)}));
+        QCOMPARE(w->labMacroName->text(), "ZOR P00 05");
+        QTest::mouseClick(w->pbCopyMacro, Qt::LeftButton);
+        QCOMPARE(QGuiApplication::clipboard()->text(), "ZOR P00 05");
+    }
+
+    // A picture of any size chosen for the button, or dropped on its cell, becomes its picture: a
+    // square copy under its number, the file chosen untouched, the older picture on the Desktop.
+    void picturesWhereTheButtonIsDesigned_data() {
+        QTest::addColumn<bool>("dropped");
+        QTest::newRow("chosen") << false;
+        QTest::newRow("dropped on its cell") << true;
+    }
+    void picturesWhereTheButtonIsDesigned() {
+        QFETCH(bool, dropped);
+        const QByteArray photo = picture(512, 512, Qt::blue);
+        const QString chosen = home->desktop() + "/Big photo.png";
+        home->write("Desktop/Big photo.png", photo);
+        home->writeInProgram("ButtonPictures/P00/05 old.png", picture(64, 64));
+        startWith(1);
+        const QString folder = home->programFolder() + "/ButtonPictures/P00";
+        const QString aside = home->desktop() + "/RemovedZOR_PaletteButtonPictures/P00";
+        auto w = open();
+        if (dropped) {
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(chosen)});
+            QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(w->accGC[5], &enter);
+            QApplication::sendEvent(w->accGC[5], &drop);
+        } else {
+            click(*w, 5);
+            dialogs->queueFile(chosen);
+            QTest::mouseClick(w->pbChoosePicture, Qt::LeftButton);
+        }
+        QCOMPARE(QStringList({w->labID->text(), w->labPictureFile->text()}) + namesIn(folder) +
+                     namesIn(aside),
+                 QStringList({"05", "05 Big photo.png", "05 Big photo.png", "05 old.png"}));
+        QCOMPARE(QImage(folder + "/05 Big photo.png").size(), QSize(64, 64));
+        QCOMPARE(w->cnvPicture->pixmap().size(), QSize(64, 64));
+        QCOMPARE(readAll(chosen), photo);
+        QTest::mouseClick(w->pbRemovePicture, Qt::LeftButton);
+        QCOMPARE(QStringList({w->labPictureFile->text()}) + namesIn(folder) + namesIn(aside),
+                 QStringList({"No picture", "05 Big photo.png", "05 old.png"}));
+        QVERIFY(w->cnvPicture->pixmap().isNull());
+        QVERIFY(!w->pbRemovePicture->isEnabled());
+    }
+
+    // Where the program knows the answer, it offers it: the user's Shortcuts as they are typed, the
+    // scripts folder, the palettes in use by number and alias.
+    void choicesOffered() {
+        tools->setAnswer("shortcuts", "Morning Mail\nOther\n");
+        home->writeInProgram("Apple_Scripts/Morning Mail.scpt", "compiled");
+        home->write("Desktop/Elsewhere.scpt", "compiled");
+        startWith(3);
+        ZOR::DP[2].s_Alias = "Writing ✍";
+        auto w = open();
+        click(*w, 5);
+        QCompleter* names = w->tfSC->completer();
+        names->setCompletionPrefix("mail");
+        QCOMPARE(names->currentCompletion(), "Morning Mail");
+        for (const QString& chosen :
+             {home->desktop() + "/Elsewhere.scpt", AppGlobals::folderPathAS + "/Morning Mail.scpt"}) {
+            dialogs->queueFile(chosen);
+            QTest::mouseClick(w->pbChooseAS, Qt::LeftButton);
+        }
+        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList{winConstruct::kScriptOutsideFolder});
+        QCOMPARE(dialogs->requests.first().detail, AppGlobals::folderPathAS);
+        QCOMPARE(w->tfAS->text() + '|' + w->tfTip->text(), "Morning Mail|Run AS Morning Mail");
+        QVERIFY(!w->pbPaletteList->isEnabled()); // as the field of another kind
+        w->tfAS->clear();
+        w->tfTip->clear();
+        w->fillPaletteList();
+        QStringList offered;
+        for (const QAction* item : w->pbPaletteList->menu()->actions())
+            offered << item->text();
+        QCOMPARE(offered, QStringList({"00  Original", "01  " + ZOR::DP[1].s_Alias, "02  Writing ✍"}));
+        QVERIFY(w->pbPaletteList->isEnabled());
+        w->pbPaletteList->menu()->actions().last()->trigger();
+        QCOMPARE(w->tfPaletteGo->text() + '|' + w->tfTip->text(), "02|Go to Writing ✍");
     }
 
     // Numbers 1 to 10 by 1 or 2 (Shift); letters by 1 or 8 from none through a..Z, down the list.
@@ -381,6 +621,10 @@ private slots:
         QTest::newRow("letter up at none: no event") << true << 0 << "up" << kNoShortcut << 0;
         QTest::newRow("letter down to a") << true << 0 << "down" << "a" << 1;
         QTest::newRow("letter Shift down stops at Z") << true << 50 << "Shift down" << "Z" << 1;
+        QTest::newRow("typed: taken as it is typed") << false << 4 << "type 7" << "7" << 1;
+        QTest::newRow("typed past the top: the top at Return") << false << 4 << "type 12\n" << "10" << 2;
+        QTest::newRow("typed 0: the bottom at Return") << false << 4 << "type 0\n" << "1" << 1;
+        QTest::newRow("emptied: the value again at Return") << false << 4 << "type \b\n" << "4" << 0;
         // clang-format on
     }
     void steps() {
@@ -400,7 +644,16 @@ private slots:
             ccDataIntUpDown control;
             control.jump = 1, control.jumpShift = 2, control.minValue = 1, control.maxValue = 10;
             control.theValue = start;
-            seen = press(control, arrow);
+            control.showValue();
+            if (arrow.startsWith("type ")) { // digits typed over the value, as a user selects and types
+                QSignalSpy changed(&control, &ccDataIntUpDown::ValueChanged);
+                control.labValue->selectAll();
+                QTest::keyClicks(control.labValue, arrow.mid(5).remove('\n'));
+                if (arrow.endsWith('\n')) QTest::keyClick(control.labValue, Qt::Key_Return);
+                seen = {control.labValue->text(), int(changed.count())};
+            } else {
+                seen = press(control, arrow);
+            }
         }
         QTEST(seen.first, "shown");
         QTEST(seen.second, "changes");

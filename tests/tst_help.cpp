@@ -325,7 +325,7 @@ private slots:
         QVERIFY(window);
         QVERIFY(window->isVisible());
         QVERIFY(!window->isModal());
-        QCOMPARE(window->windowTitle() + ": " + window->labMessage->text(),
+        QCOMPARE(window->windowTitle() + ": " + window->labMessage->toPlainText(),
                  "Oops! Error Message: JSONException in ZOR.Load\nMODULE: ZOR\nMETHOD: Load\n"
                  "TYPE: JSONException\nERROR CODE: 3\nERROR MESSAGE: bad file");
         window->close();

@@ -1,4 +1,5 @@
 // Palette management: switching by list and by digits, new palettes, renaming, deleting.
+#include "help/ErrorHandling.h"
 #include "help/MessageCanvas.h"
 #include "manage/ccPalettePreview.h"
 #include "manage/winChangeAlias.h"
@@ -129,8 +130,8 @@ private slots:
         QTest::newRow("rename drops & and *") << true << "Work&Play*" << QStringList() << "WorkPlay";
         QTest::newRow("rename cuts to 23, then makes unique")
             << true << thirty << QStringList{thirty.left(23)} << thirty.left(23) + "01";
-        QTest::newRow("an emoji is not split")
-            << true << QString(22, 'x') + "\U0001F600z" << QStringList() << QString(22, 'x');
+        QTest::newRow("an emoji is one character")
+            << true << QString(22, 'x') + "\U0001F600z" << QStringList() << QString(22, 'x') + "\U0001F600";
     }
     void aliasRules() {
         QFETCH(bool, rename);
@@ -156,16 +157,19 @@ private slots:
         ZOR::ChangeToPalette(2);
         ZOR::numRows = 4; // changed in the design window, so far only in the working set
         ZOR::paletteContentChange = true;
-        QStringList made;
+        QStringList made, proposed;
         for (const QString& alias : QStringList{"Mail", "Web", "Music"}) {
             winNewPalette w;
             w.show();
+            proposed << w.tfAlias->text();
             w.tfAlias->setText(alias);
             QTest::mouseClick(w.pbOK, Qt::LeftButton);
             made << (w.isVisible() ? "refused"
                                    : ZOR::paleName + ' ' + main.windowTitle() + ' ' + main.labTip->text());
         }
         QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "refused"}));
+        QCOMPARE(proposed.mid(0, 2),
+                 QStringList({"Palette 01", "Palette 03"})); // named by the number it takes
         QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
         QCOMPARE(ZOR::DP.size(), size_t(100));
         QCOMPARE(ZOR::DP[2].i_NumRows, 4);
@@ -175,31 +179,90 @@ private slots:
     }
 
     void renameTitles_data() {
+        QTest::addColumn<QString>("stored"); // the alias before
         QTest::addColumn<QString>("alias");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QStringList>("saved"); // alias, title
         QTest::addColumn<bool>("changed");
         const QStringList same{"Original", "ZOR Palette"};
-        QTest::newRow("nothing changed") << "Original" << "ZOR Palette" << same << false;
-        QTest::newRow("only the case of the alias") << "ORIGINAL" << "ZOR Palette" << same << false;
-        QTest::newRow("only the title, cleaned") << "Original" << " 1st & (best)* " << QStringList{"Original", "A1st best"} << true;
-        QTest::newRow("a title cut to 25")
-            << "Mine" << QString(30, 'T') << QStringList{"Mine", QString(25, 'T')} << true;
+        const QString made = "A long alias that New Palette made, longer than a rename makes it 🖋";
+        // clang-format off
+        QTest::newRow("nothing changed") << "Original" << "Original" << "ZOR Palette" << same << false;
+        QTest::newRow("only the case of the alias") << "Original" << "ORIGINAL" << "ZOR Palette" << same << false;
+        QTest::newRow("only the title, cleaned") << "Original" << "Original" << " 1st & (best)* " << QStringList{"Original", "A1st best"} << true;
+        QTest::newRow("a title cut to 25") << "Original" << "Mine" << QString(30, 'T') << QStringList{"Mine", QString(25, 'T')} << true;
+        QTest::newRow("a long alias accepted as it stands") << made << made << "ZOR Palette" << QStringList{made, "ZOR Palette"} << false;
+        // clang-format on
     }
     void renameTitles() {
+        QFETCH(QString, stored);
         QFETCH(QString, alias);
         QFETCH(QString, title);
         QFETCH(QStringList, saved);
         winMain& main = startWith(2);
+        ZOR::DP[0].s_Alias = ZOR::paleAlias = stored;
         winChangeAlias w;
         QCOMPARE(QStringList({w.labNameID->text(), w.tfAlias->text(), w.tfWinTitle->text()}),
-                 QStringList({"P00", "Original", "ZOR Palette"}));
+                 QStringList({"P00", stored, "ZOR Palette"}));
         w.tfAlias->setText(alias);
         w.tfWinTitle->setText(title); // never left: the rule runs at Accept Change
         QTest::mouseClick(w.pbMakeChange, Qt::LeftButton);
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(QStringList({ZOR::DP[0].s_Alias, ZOR::DP[0].s_WinTitle, main.windowTitle()}), saved << saved[1]);
         QTEST(ZOR::paletteContentChange, "changed");
+    }
+
+    // Alias and title take 30 characters each, an emoji counted as one.
+    void renameFieldsHoldThirtyCharacters() {
+        startWith(1);
+        winChangeAlias w;
+        for (QLineEdit* field : {w.tfAlias, w.tfWinTitle}) {
+            field->clear();
+            for (int i = 0; i < 31; ++i)
+                type(field, kFamily);
+            QCOMPARE(field->text(), kFamily.repeated(30));
+        }
+    }
+
+    // The palette's alias and title are shown whole where they fit, else cut with "…" and whole in
+    // their tooltips.
+    void deleteShowsLongTexts_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        // clang-format off
+        QTest::newRow("23 characters") << "Photoshop Actions Set 2" << "whole";
+        QTest::newRow("long, with an emoji") << "Photoshop Actions Set 2 " + kFamily + " for the spring catalogue" << "cut, whole in its tooltip";
+        // clang-format on
+    }
+    void deleteShowsLongTexts() {
+        QFETCH(QString, text);
+        startWith(2);
+        ZOR::ChangeToPalette(1);
+        ZOR::paleAlias = ZOR::paleWinTitle = text;
+        winDeletePalette w;
+        QTEST(fitted(w.labNameAlias, text), "shown");
+        QTEST(fitted(w.labWindowTitle, text), "shown");
+    }
+
+    // The export's explanation shows its last paragraph without scrolling; a failure report shows
+    // a long path whole, wrapped within its window.
+    void exportAndReportShowWholeTexts() {
+        startWith(1);
+        QList<bool> whole;
+        dialogs->onWindow = [&](QDialog& window) {
+            window.show(); // laid out as the user sees it
+            const auto* viewer = qobject_cast<QTextEdit*>(window.findChild<QAbstractScrollArea*>());
+            whole << (viewer && viewer->verticalScrollBar()->maximum() == 0 &&
+                      viewer->horizontalScrollBar()->maximum() == 0);
+            window.hide();
+        };
+        QVERIFY(ZOR::paletteDataToDesktop());
+        ErrorHandling::HandleException(
+            std::runtime_error(
+                ("Could not make the folder " + home->desktop() + '/' + QString(240, 'P')).toStdString()),
+            "ZOR.paletteDataToDesktop\nMODULE: ZOR\nMETHOD: paletteDataToDesktop");
+        QCOMPARE(dialogs->titles(), QStringList({"Explanation", "Oops! Error Message"}));
+        QCOMPARE(whole, QList<bool>({true, true}));
     }
 
     // Of the files below, only 00 and 12 give pictures; the cells fade away from the first.

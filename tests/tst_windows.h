@@ -12,6 +12,23 @@
 #include <QtTest>
 #include <QtWidgets>
 
+inline const QString kFamily =
+    QStringLiteral("👨‍👩‍👧"); // one character a user sees, of eight 16-bit units
+
+// One key that types `text`, as the Mac's character viewer types an emoji.
+inline void type(QWidget* field, const QString& text) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, text);
+    QApplication::sendEvent(field, &key);
+}
+
+// Whether a label shows its text within its width: whole, or cut with "…" and whole in its tooltip.
+inline QString fitted(const QLabel* label, const QString& text) {
+    if (QFontMetrics(label->font()).horizontalAdvance(label->text()) > label->contentsRect().width())
+        return "wider than the label";
+    if (label->text() == text && label->toolTip().isEmpty()) return "whole";
+    return label->text().endsWith("…") && label->toolTip() == text ? "cut, whole in its tooltip" : "lost";
+}
+
 inline QByteArray picture(int width, int height, QColor colour = Qt::red, const char* format = "PNG") {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(colour);

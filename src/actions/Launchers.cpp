@@ -72,13 +72,17 @@ void ZOR::FireSC(const QString& shortcutName) {
     });
 }
 
-bool ZOR::IsShortcutExistant(const QString& name) {
-    return Guard::run(zor("IsShortcutExistant"), [&] {
+QStringList ZOR::shortcutNames() {
+    return Guard::run(zor("shortcutNames"), [] {
         // The exit code does not matter: a failed listing is an empty one, and in an empty
         // listing not even an empty name is found.
         const PlatformTools::Result result = PlatformTools::run(QStringLiteral("shortcuts"), {"list"});
-        return result.out.trimmed().split('\n', Qt::SkipEmptyParts).contains(name);
+        return result.out.trimmed().split('\n', Qt::SkipEmptyParts);
     });
+}
+
+bool ZOR::IsShortcutExistant(const QString& name) {
+    return Guard::run(zor("IsShortcutExistant"), [&] { return shortcutNames().contains(name); });
 }
 
 QString ZOR::rsWithWithoutScpt(const QString& name, bool withScpt) {

@@ -20,6 +20,8 @@ QString rsWithWithoutScpt(const QString& name, bool withScpt);
 // The name of the script on disk in Apple_Scripts, or empty when there is none.
 QString rsScriptName(const QString& name);
 bool IsShortcutExistant(const QString& name);
+// The names of the user's Shortcuts, as `shortcuts list` gives them; none when it fails.
+QStringList shortcutNames();
 
 // The sID of the first button whose Shortcut is `key` (case-sensitive), or empty.
 QString sID_FromShortcut(const QString& key);

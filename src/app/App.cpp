@@ -110,6 +110,8 @@ QPalette App::fixedPalette() {
 #endif
     for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         colours.setColor(QPalette::Disabled, role, QColor(0x8C, 0x8C, 0x8C));
+    // A field that takes no input shows it: the window's grey behind it, not a field's white.
+    colours.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEC, 0xEC, 0xEC));
     return colours;
 }
 

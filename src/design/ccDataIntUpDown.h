@@ -2,10 +2,13 @@
 #include <QWidget>
 
 class QLabel;
+class QLineEdit;
 class UpDownArrows;
 
 // A titled whole number with up and down arrows. The owner sets the limits and steps; the value
-// stops at the limits and never wraps. ValueChanged comes only when a press moved the value.
+// stops at the limits and never wraps. The number can be typed too: a number within the limits
+// is taken as it is typed, and one beyond them is held to the nearer limit when the field is left
+// or Return is pressed. ValueChanged comes only when the value moved.
 class ccDataIntUpDown : public QWidget {
     Q_OBJECT
 public:
@@ -13,6 +16,8 @@ public:
 
     void udChangeVal_UpPressed(bool shift);
     void udChangeVal_DownPressed(bool shift);
+    void labValue_TextEdited();
+    void labValue_EditingFinished();
     void showValue(); // labValue follows theValue
 
     int theValue = 0;
@@ -22,12 +27,16 @@ public:
     int minValue = 0;
 
     QLabel* labTitle;
-    QLabel* labValue;
+    QLineEdit* labValue; // shows the value and takes a typed one
     UpDownArrows* udChangeVal;
 
 signals:
     void ValueChanged();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override; // the arrow keys step as the arrows do
+
 private:
     void step(int delta);
+    void setValue(int value);
 };

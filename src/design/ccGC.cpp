@@ -5,6 +5,7 @@
 #include "util/Guard.h"
 
 #include <QFontDatabase>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -32,11 +33,18 @@ std::pair<QString, int> tipMark(const Btn& b) {
     if (!b.Info.isEmpty()) return {"info", 17};
     return {};
 }
+
+// The one local file of a drag, or empty.
+QString droppedFile(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
 } // namespace
 
 ccGC::ccGC(QWidget* parent) : QWidget(parent) {
     resize(kSize, kSize);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
+    setAcceptDrops(true);
 }
 
 QFont ccGC::gridFont(int pixels) {
@@ -119,4 +127,15 @@ void ccGC::mousePressEvent(QMouseEvent* event) {
 void ccGC::mouseReleaseEvent(QMouseEvent* event) {
     // Where the pointer was let go does not matter: a press dragged off the cell still counts.
     if (event->button() == Qt::LeftButton) emit MouseUp(butID.toInt());
+}
+
+void ccGC::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void ccGC::dropEvent(QDropEvent* event) {
+    const QString file = droppedFile(event->mimeData());
+    if (file.isEmpty()) return;
+    event->acceptProposedAction();
+    emit PictureDropped(butID.toInt(), file);
 }

@@ -4,7 +4,8 @@
 #include <QWidget>
 
 // One cell of the design grid: a small map of one button. It paints from the active palette's
-// buttons each time, keeping no copy, and tells its owner of a click by the button's index.
+// buttons each time, keeping no copy, and tells its owner of a click, or of a file dropped on it,
+// by the button's index.
 class ccGC : public QWidget {
     Q_OBJECT
 public:
@@ -23,9 +24,12 @@ public:
 
 signals:
     void MouseUp(int index);
+    void PictureDropped(int index, const QString& file); // a file dropped on the cell
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 

@@ -4,6 +4,7 @@
 #include "design/ccDataIntUpDown.h"
 #include "design/ccDataStrUpDown.h"
 #include "design/ccGC.h"
+#include "help/FittedText.h"
 #include "help/GeneralMethods.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 using namespace ConstructParts;
 
@@ -73,9 +75,11 @@ void winConstruct::Event_Opening() {
         if (status == 2) pbAssignShortcuts->setEnabled(false);
         tfWinTitle->setText(ZOR::paleWinTitle);
         taParticulars->setPlainText(ZOR::paleParticulars);
+        shownAtLoad[tfWinTitle] = tfWinTitle->text();
+        shownAtLoad[taParticulars] = taParticulars->toPlainText();
         setWindowTitle("Grid Construct: " + ZOR::paleWinTitle + " (" + ZOR::paleName + ")");
         labNameID->setText(ZOR::paleName);
-        labNameAlias->setText(ZOR::paleAlias);
+        FittedText::set(labNameAlias, ZOR::paleAlias);
         if (allShown) {
             pbAllVisibleOnButton->setText("All Invisible on Button");
             pbAllVisibleOnButton->setToolTip("If button has a shortcut, make invisible on button.");
@@ -106,11 +110,15 @@ void winConstruct::Event_Opening() {
             cell->move(i % 10 * ccGC::kSize + 20, i / 10 * ccGC::kSize + 200);
             cell->butID = StringUtils::twoDigits(i);
             connect(cell, &ccGC::MouseUp, this, &winConstruct::GridClicked);
+            connect(cell, &ccGC::PictureDropped, this, &winConstruct::pictureDropped);
             accGC.append(cell);
         }
         ZOR::idxCurrentBtn = -1;
         const int os = GeneralMethods::VersionOS_Major();
-        if (os > 0 && os < 12) tfSC->hide(); // 0: a system that can't tell is not taken for an old Mac
+        // Shortcuts can't be chosen before macOS 12; 0, a system that can't tell, is not an old Mac.
+        if (os > 0 && os < 12)
+            for (QWidget* w : std::initializer_list<QWidget*>{tfSC, labMacShortcuts, cnvSC})
+                w->hide();
         opened = true;
         BlankOutEditButton();
         cbKM->setChecked(false);
@@ -122,7 +130,17 @@ void winConstruct::Event_Opening() {
 
 bool winConstruct::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && opened) fieldLeft(watched);
+    // A field's chooser is on exactly when the field is.
+    if (event->type() == QEvent::EnabledChange) {
+        if (watched == tfAS) pbChooseAS->setEnabled(tfAS->isEnabled());
+        if (watched == tfPaletteGo) pbPaletteList->setEnabled(tfPaletteGo->isEnabled());
+    }
     return QDialog::eventFilter(watched, event);
+}
+
+QString winConstruct::loaded(const QWidget* field) const {
+    const auto found = shownAtLoad.find(field);
+    return found == shownAtLoad.end() ? QString() : found->second;
 }
 
 void winConstruct::fieldLeft(QObject* field) {
@@ -136,6 +154,13 @@ void winConstruct::fieldLeft(QObject* field) {
         tfSC_FocusLost();
     else if (field == tfPaletteGo)
         tfPaletteGo_FocusLost();
+}
+
+void winConstruct::closeEvent(QCloseEvent* event) {
+    // The close box keeps what was confirmed and shows it on the palette, as Done does.
+    if (opened) Guard::run(Guard::Where::windowEvent("winConstruct", "Closing"), [] { ZOR::viewFollows(); });
+    opened = false;
+    QDialog::closeEvent(event);
 }
 
 void winConstruct::keyPressEvent(QKeyEvent* event) {

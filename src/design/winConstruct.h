@@ -1,6 +1,7 @@
 #pragma once
 #include <QDialog>
 #include <QList>
+#include <map>
 
 class QCheckBox;
 class QComboBox;
@@ -8,6 +9,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QToolButton;
 class ccDataIntUpDown;
 class ccDataStrUpDown;
 class ccGC;
@@ -16,7 +18,8 @@ class labZor;
 
 // The design window of the active palette. Its upper left half shapes the palette as a whole;
 // its lower right half edits one button at a time, in fields that are only a scratch copy until
-// OK. Only one half is live at a time. It works on the store's working set and writes no file.
+// OK. Only one half is live at a time. It works on the store's working set and writes no file
+// of its own, but a button's picture, chosen, dropped on its cell or removed, changes at once.
 class winConstruct : public QDialog {
     Q_OBJECT
 public:
@@ -57,9 +60,9 @@ public:
     static QString PaletteGoMakeAcceptable(const QString& text);
     static bool IsAppleScriptNameExist(const QString& name);
     static QString cleanWindowTitle(const QString& text, const QString& paletteName);
+    static const QString kScriptOutsideFolder;
     void tfAS_TextChanged();
     void tfAS_FocusLost();
-    void tfSC_TextChanged();
     void tfSC_FocusLost();
     void tfPaletteGo_TextChanged();
     void tfPaletteGo_FocusLost();
@@ -70,6 +73,15 @@ public:
     void fieldChanged(); // the change rule of the fields that are not an action
     void pbOK_Pressed();
     void pbCancel_Pressed();
+    void pbChooseAS_Pressed();
+    void fillPaletteList();        // as the list of pbPaletteList opens
+    void paletteChosen(int index); // from that list
+    void pbCopyMacro_Pressed();
+    // The button's picture: shown in the button half, chosen, dropped on a cell, removed.
+    void showButtonPicture();
+    void pbChoosePicture_Pressed();
+    void pbRemovePicture_Pressed();
+    void pictureDropped(int index, const QString& file);
 
     bool visibleOnButton = false;
     QList<ccGC*> accGC;
@@ -89,7 +101,7 @@ public:
     labZor* labPalette;
     QLabel* labNameID;
     labZor* labNmAls;
-    QLabel* labNameAlias;
+    QLabel* labNameAlias; // elided to its width, whole in its tooltip
     labZor* labWinTitle;
     QLineEdit* tfWinTitle;
     labZor* labPalePart;
@@ -111,12 +123,20 @@ public:
     QLineEdit* tfTip;
     labZor* labInformation;
     QPlainTextEdit* taInfo;
+    labZor* labPicture;
+    QLabel* cnvPicture; // the button's picture, at most 64 x 64
+    QLabel* labPictureFile;
+    QPushButton* pbChoosePicture;
+    QPushButton* pbRemovePicture;
     QLabel* cnvKM;
     labZor* labKM;
     QCheckBox* cbKM;
+    QLabel* labMacroName; // the Keyboard Maestro macro a button runs: "ZOR P00 05"
+    QPushButton* pbCopyMacro;
     QLabel* cnvAS;
     labZor* labAppleScript;
     QLineEdit* tfAS;
+    QPushButton* pbChooseAS;
     labZor* labZorAS_NotExist;
     QLabel* cnvSC;
     labZor* labMacShortcuts;
@@ -124,6 +144,7 @@ public:
     labZor* labZorSC_NotExist;
     labZor* labZorPaletteSwitch;
     QLineEdit* tfPaletteGo;
+    QToolButton* pbPaletteList; // the palettes in use, by number and alias
     labZor* labZorPaletteNum_NotExist;
     labZor* labAutoMin;
     QComboBox* pumAutoMin;
@@ -135,6 +156,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildPaletteHalf();
@@ -145,5 +167,13 @@ private:
     void endEdit(); // what OK and Cancel share once the button is dealt with
     // A press on a button takes no focus on the Mac: the field being typed in is left first.
     void fieldLeft(QObject* field);
+    // The stored value of the loaded button's field, as `field` was loaded from it.
+    QString loaded(const QWidget* field) const;
+    // Offers the names of the user's Shortcuts in tfSC, asked of the Mac once per opening.
+    void offerShortcutNames();
+    void takePicture(int index, const QString& file);
+    void buildPictureRow();
     bool opened = false;
+    bool shortcutNamesOffered = false;
+    std::map<const QWidget*, QString> shownAtLoad; // what each field showed once loaded
 };

@@ -10,12 +10,16 @@
 #include "util/RtrnString.h"
 #include "util/StringUtils.h"
 
+#include "util/Characters.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QToolButton>
 
 using namespace ConstructParts;
 
@@ -48,71 +52,87 @@ QString withoutBlanks(QString text) {
 } // namespace
 
 void winConstruct::buildButtonHalf() {
-    labButtSpec = plainLabel(this, "labButtSpec", "Button Specification", QRect(612, 210, 300, 28), 18);
+    // Set like the palette half's heading: the two halves are peers.
+    labButtSpec = plainLabel(this, "labButtSpec", "Button Specification", QRect(612, 210, 300, 28), 18, true);
     mabButton = helpLabel(this, "mabButton", "Button", 22, kGreyLabel, QRect(935, 216, 60, 20));
     labID = plainLabel(this, "labID", "ID", QRect(1000, 210, 60, 28), 18, true);
 
-    cbVisibleBtn = make<QCheckBox>(this, "cbVisibleBtn", QRect(612, 250, 150, 22), "Button Visible");
+    cbVisibleBtn = make<QCheckBox>(this, "cbVisibleBtn", QRect(612, 246, 150, 22), "Button Visible");
     cbVisibleBtn->setToolTip("The entire button will or will not be invisible");
-    labButtonVis = infoLabel(this, "labButtonVis", 36, QRect(765, 250, 20, 22));
-    ccShortcutUpDown = make<ccDataStrUpDown>(this, "ccShortcutUpDown", QRect(612, 280, 200, 40));
-    labKB_ShortcutInfo = infoLabel(this, "labKB_ShortcutInfo", 24, QRect(815, 289, 20, 22));
-    labShortcut = make<QLabel>(this, "labShortcut", QRect(845, 280, 50, 40));
+    labButtonVis = infoLabel(this, "labButtonVis", 36, QRect(765, 246, 20, 22));
+    ccShortcutUpDown = make<ccDataStrUpDown>(this, "ccShortcutUpDown", QRect(612, 274, 200, 40));
+    labKB_ShortcutInfo = infoLabel(this, "labKB_ShortcutInfo", 24, QRect(815, 283, 20, 22));
+    labShortcut = make<QLabel>(this, "labShortcut", QRect(845, 274, 50, 40));
     QFont letter = Fonts::sized("Menlo", 26);
     letter.setBold(true);
     labShortcut->setFont(letter);
     labShortcut->setAlignment(Qt::AlignCenter);
-    cbVisOnBtn = make<QCheckBox>(this, "cbVisOnBtn", QRect(905, 289, 170, 22), "Visible On Button");
+    cbVisOnBtn = make<QCheckBox>(this, "cbVisOnBtn", QRect(905, 283, 170, 22), "Visible On Button");
     cbVisOnBtn->setToolTip("The shortcut will be visible on the corner of the button");
 
-    labTip = helpLabel(this, "labTip", "Tip", 26, kDarkLabel, QRect(612, 336, 60, 20));
-    tfTip = make<QLineEdit>(this, "tfTip", QRect(690, 333, 380, 24));
-    tfTip->setMaxLength(42);
-    labInformation = helpLabel(this, "labInformation", "Info", 28, kDarkLabel, QRect(612, 368, 60, 20));
-    taInfo = make<QPlainTextEdit>(this, "taInfo", QRect(690, 366, 380, 84));
+    labTip = helpLabel(this, "labTip", "Tip", 26, kDarkLabel, QRect(612, 326, 60, 20));
+    tfTip = make<QLineEdit>(this, "tfTip", QRect(690, 323, 380, 24));
+    Characters::limit(tfTip, 42);
+    labInformation = helpLabel(this, "labInformation", "Info", 28, kDarkLabel, QRect(612, 356, 60, 20));
+    taInfo = make<QPlainTextEdit>(this, "taInfo", QRect(690, 354, 380, 62));
     taInfo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     taInfo->setToolTip("When using program, Option-Click to see this information");
 
-    cnvKM = kindIcon(this, "cnvKM", "KeyMaestro", 466);
-    labKM = helpLabel(this, "labKM", "KM", 31, Qt::black, QRect(644, 468, 110, 20));
-    cbKM = make<QCheckBox>(this, "cbKM", QRect(760, 467, 200, 22), "Keyboard Maestro");
+    buildPictureRow(); // 424 to 490
 
-    cnvAS = kindIcon(this, "cnvAS", "AppleScript", 504);
+    cnvKM = kindIcon(this, "cnvKM", "KeyMaestro", 500);
+    labKM = helpLabel(this, "labKM", "KM", 31, Qt::black, QRect(644, 502, 110, 20));
+    cbKM = make<QCheckBox>(this, "cbKM", QRect(760, 501, 145, 22), "Keyboard Maestro");
+    labMacroName = make<QLabel>(this, "labMacroName", QRect(908, 502, 92, 20));
+    labMacroName->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    labMacroName->setToolTip("The name of the Keyboard Maestro macro that this button runs");
+    pbCopyMacro = make<QPushButton>(this, "pbCopyMacro", QRect(1004, 499, 66, 26), "Copy");
+    pbCopyMacro->setToolTip(
+        "Copy the macro's name, to paste it as the name of a new macro in Keyboard Maestro");
+
+    cnvAS = kindIcon(this, "cnvAS", "AppleScript", 536);
     labAppleScript = helpLabel(this, "labAppleScript", "AppleScript", 30, QColor(0xFF, 0x7E, 0x79),
-                               QRect(644, 506, 110, 20));
-    tfAS = make<QLineEdit>(this, "tfAS", QRect(760, 503, 250, 24));
-    tfAS->setMaxLength(32);
+                               QRect(644, 538, 110, 20));
+    tfAS = make<QLineEdit>(this, "tfAS", QRect(760, 535, 200, 24));
+    Characters::limit(tfAS, 32);
     tfAS->setToolTip("The file name of the AppleScript that this button is to invoke.");
+    pbChooseAS = make<QPushButton>(this, "pbChooseAS", QRect(966, 534, 104, 26), "Choose…");
+    pbChooseAS->setToolTip("Choose a script of the Apple_Scripts folder");
     labZorAS_NotExist = helpLabel(this, "labZorAS_NotExist", "Does not exist currently", 34, kWarning,
-                                  QRect(762, 528, 250, 16), 11);
+                                  QRect(762, 560, 250, 16), 11);
 
-    cnvSC = kindIcon(this, "cnvSC", "Shortcuts", 550);
+    cnvSC = kindIcon(this, "cnvSC", "Shortcuts", 580);
     labMacShortcuts = helpLabel(this, "labMacShortcuts", "Shortcuts", 32, QColor(0x00, 0x91, 0x93),
-                                QRect(644, 552, 110, 20));
-    tfSC = make<QLineEdit>(this, "tfSC", QRect(760, 549, 250, 24));
-    tfSC->setMaxLength(32);
+                                QRect(644, 582, 110, 20));
+    tfSC = make<QLineEdit>(this, "tfSC", QRect(760, 579, 310, 24));
+    Characters::limit(tfSC, 32);
     tfSC->setToolTip("Shortcuts is an app on the computer and there are many individual shortcuts can be "
                      "invoked by name.");
     labZorSC_NotExist = helpLabel(this, "labZorSC_NotExist", "Does not exist currently", 37, kWarning,
-                                  QRect(762, 574, 250, 16), 11);
+                                  QRect(762, 604, 250, 16), 11);
 
     labZorPaletteSwitch = helpLabel(this, "labZorPaletteSwitch", "Palette Switch", 35,
-                                    QColor(0x94, 0x37, 0xFF), QRect(644, 598, 110, 20));
-    tfPaletteGo = make<QLineEdit>(this, "tfPaletteGo", QRect(760, 595, 40, 24));
-    tfPaletteGo->setMaxLength(2);
+                                    QColor(0x94, 0x37, 0xFF), QRect(644, 626, 110, 20));
+    tfPaletteGo = make<QLineEdit>(this, "tfPaletteGo", QRect(760, 623, 40, 24));
     tfPaletteGo->setValidator(
         new QRegularExpressionValidator(QRegularExpression("[0-9 ]{0,2}"), tfPaletteGo));
     tfPaletteGo->setToolTip("A button can be assigned the task of switching to another palette");
+    pbPaletteList = make<QToolButton>(this, "pbPaletteList", QRect(804, 622, 28, 26));
+    pbPaletteList->setText("▾");
+    pbPaletteList->setToolTip("Choose one of the palettes in use");
+    pbPaletteList->setPopupMode(QToolButton::InstantPopup);
+    pbPaletteList->setMenu(new QMenu(pbPaletteList));
+    connect(pbPaletteList->menu(), &QMenu::aboutToShow, this, &winConstruct::fillPaletteList);
     labZorPaletteNum_NotExist =
         helpLabel(this, "labZorPaletteNum_NotExist", "This palette does not exist currently", 38, kWarning,
-                  QRect(810, 599, 260, 16), 11);
+                  QRect(838, 627, 232, 16), 11);
 
-    labAutoMin = helpLabel(this, "labAutoMin", "Auto Minimize", 0, kGreyLabel, QRect(612, 640, 140, 20));
-    pumAutoMin = make<QComboBox>(this, "pumAutoMin", QRect(760, 636, 150, 26));
+    labAutoMin = helpLabel(this, "labAutoMin", "Auto Minimize", 0, kGreyLabel, QRect(612, 668, 100, 20));
+    pumAutoMin = make<QComboBox>(this, "pumAutoMin", QRect(716, 664, 140, 26));
     pumAutoMin->addItems({"Never", "2 seconds", "10 seconds", "50 seconds"});
     pumAutoMin->setToolTip(
         "After the button is clicked, the palette will minimize to the dock with this time interval");
-    cbUseClip = make<QCheckBox>(this, "cbUseClip", QRect(930, 638, 140, 22), "Use Clipboard");
+    cbUseClip = make<QCheckBox>(this, "cbUseClip", QRect(612, 692, 140, 22), "Use Clipboard");
     cbUseClip->hide();
 
     pbCancel = make<QPushButton>(this, "pbCancel", QRect(880, 676, 90, 30), "Cancel");
@@ -120,9 +140,11 @@ void winConstruct::buildButtonHalf() {
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false); // Return never closes the window
 
-    connect(tfAS, &QLineEdit::textChanged, this, &winConstruct::tfAS_TextChanged);
-    connect(tfSC, &QLineEdit::textChanged, this, &winConstruct::tfSC_TextChanged);
-    connect(tfPaletteGo, &QLineEdit::textChanged, this, &winConstruct::tfPaletteGo_TextChanged);
+    // A value loaded from the button passes these filters untouched: only typing is filtered.
+    connect(tfAS, &QLineEdit::textEdited, this, &winConstruct::tfAS_TextChanged);
+    connect(tfPaletteGo, &QLineEdit::textEdited, this, &winConstruct::tfPaletteGo_TextChanged);
+    for (QLineEdit* field : {tfAS, tfSC, tfPaletteGo})
+        connect(field, &QLineEdit::textChanged, this, &winConstruct::InputEnabling);
     connect(cbKM, &QCheckBox::toggled, this, &winConstruct::cbKM_ValueChanged);
     connect(cbVisOnBtn, &QCheckBox::toggled, this, &winConstruct::cbVisOnBtn_ValueChanged);
     connect(ccShortcutUpDown, &ccDataStrUpDown::ValueChanged, this,
@@ -134,6 +156,8 @@ void winConstruct::buildButtonHalf() {
     connect(cbUseClip, &QCheckBox::toggled, this, &winConstruct::fieldChanged);
     connect(pbOK, &QPushButton::clicked, this, &winConstruct::pbOK_Pressed);
     connect(pbCancel, &QPushButton::clicked, this, &winConstruct::pbCancel_Pressed);
+    connect(pbChooseAS, &QPushButton::clicked, this, &winConstruct::pbChooseAS_Pressed);
+    connect(pbCopyMacro, &QPushButton::clicked, this, &winConstruct::pbCopyMacro_Pressed);
     for (QWidget* field : std::initializer_list<QWidget*>{tfAS, tfSC, tfPaletteGo})
         field->installEventFilter(this);
 }
@@ -189,11 +213,20 @@ void winConstruct::EditButton(int index) {
         tfPaletteGo->setText(b.PaletteGo);
         ButtonSpecificationLabel();
         labZorAS_NotExist->setVisible(!IsAppleScriptNameExist(tfAS->text()));
-        labZorSC_NotExist->setVisible(!tfSC->text().isEmpty() && !ZOR::IsShortcutExistant(tfSC->text()));
+        labZorSC_NotExist->setVisible(!tfSC->isHidden() && !tfSC->text().isEmpty() &&
+                                      !ZOR::IsShortcutExistant(tfSC->text()));
         labZorPaletteNum_NotExist->setVisible(!tfPaletteGo->text().isEmpty() &&
                                               !ZOR::IsPaletteExistant(tfPaletteGo->text().toInt()));
         tfTip->setText(b.Tip);
         taInfo->setPlainText(b.Info);
+        for (QLineEdit* field : {tfAS, tfSC, tfPaletteGo, tfTip})
+            shownAtLoad[field] = field->text();
+        shownAtLoad[taInfo] = taInfo->toPlainText();
+        labMacroName->setText("ZOR " + ZOR::paleName + ' ' + StringUtils::twoDigits(index));
+        labMacroName->show();
+        pbCopyMacro->show();
+        showButtonPicture();
+        offerShortcutNames();
         const int row = int(std::find(std::begin(kAutoMinSeconds), std::end(kAutoMinSeconds), b.AutoMin) -
                             std::begin(kAutoMinSeconds));
         pumAutoMin->setCurrentIndex(row < 4 ? row : 0); // any other stored delay shows as Never
@@ -235,6 +268,9 @@ void winConstruct::BlankOutEditButton() {
                                                           labZorPaletteNum_NotExist})
             w->hide();
         labID->setText("ID");
+        labMacroName->hide();
+        pbCopyMacro->hide();
+        showButtonPicture(); // none, with both of its buttons off
         ccShortcutUpDown->setValueColour(QColor(0xCF, 0xCF, 0xCF));
         ccShortcutUpDown->theValueIndex = 0;
         ccShortcutUpDown->theValue = kNoShortcut;
@@ -287,15 +323,16 @@ void winConstruct::ButtonSpecificationLabel() {
 }
 
 QString winConstruct::AS_HasCorrectCharacters(const QString& text) {
+    // Blanks stay, as script files are often named with them ("Morning Mail"); a blank at the end
+    // may be the one before the next word, so the ends are trimmed only when the field is left.
     const auto asciiLetter = [](QChar c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-    const QString trimmed = text.trimmed();
     qsizetype start = 0;
-    while (start < trimmed.size() && !asciiLetter(trimmed[start]))
+    while (start < text.size() && !asciiLetter(text[start]))
         ++start;
     QString name;
-    for (qsizetype i = start; i < trimmed.size(); ++i) {
-        const QChar c = trimmed[i];
-        if (asciiLetter(c) || (c >= '0' && c <= '9') || c == '_') name += c;
+    for (qsizetype i = start; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (asciiLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == ' ') name += c;
     }
     return name;
 }
@@ -314,14 +351,14 @@ bool winConstruct::IsAppleScriptNameExist(const QString& name) {
 }
 
 void winConstruct::tfAS_TextChanged() {
-    Guard::run(controlEvent("tfAS", "TextChanged"), [this] {
-        keepOnly(tfAS, AS_HasCorrectCharacters(tfAS->text()));
-        InputEnabling();
-    });
+    Guard::run(controlEvent("tfAS", "TextChanged"),
+               [this] { keepOnly(tfAS, AS_HasCorrectCharacters(tfAS->text())); });
 }
 
 void winConstruct::tfAS_FocusLost() {
     Guard::run(controlEvent("tfAS", "FocusLost"), [this] {
+        if (tfAS->text() == loaded(tfAS)) return; // a name as stored stays as it is
+        if (const QString trimmed = tfAS->text().trimmed(); trimmed != tfAS->text()) tfAS->setText(trimmed);
         if (tfAS->text().isEmpty()) return;
         const QString name = ZOR::rsScriptName(tfAS->text());
         if (name.isEmpty()) {
@@ -335,15 +372,9 @@ void winConstruct::tfAS_FocusLost() {
     });
 }
 
-void winConstruct::tfSC_TextChanged() {
-    Guard::run(controlEvent("tfSC", "TextChanged"), [this] {
-        keepOnly(tfSC, withoutBlanks(tfSC->text()));
-        InputEnabling();
-    });
-}
-
 void winConstruct::tfSC_FocusLost() {
     Guard::run(controlEvent("tfSC", "FocusLost"), [this] {
+        if (tfSC->text() == loaded(tfSC)) return; // a name as stored stays as it is
         const QString text = tfSC->text().trimmed();
         if (text != tfSC->text()) tfSC->setText(text);
         if (text.isEmpty()) return;
@@ -354,14 +385,13 @@ void winConstruct::tfSC_FocusLost() {
 }
 
 void winConstruct::tfPaletteGo_TextChanged() {
-    Guard::run(controlEvent("tfPaletteGo", "TextChanged"), [this] {
-        keepOnly(tfPaletteGo, withoutBlanks(tfPaletteGo->text()));
-        InputEnabling();
-    });
+    Guard::run(controlEvent("tfPaletteGo", "TextChanged"),
+               [this] { keepOnly(tfPaletteGo, withoutBlanks(tfPaletteGo->text())); });
 }
 
 void winConstruct::tfPaletteGo_FocusLost() {
     Guard::run(controlEvent("tfPaletteGo", "FocusLost"), [this] {
+        if (tfPaletteGo->text() == loaded(tfPaletteGo)) return;
         const QString text = PaletteGoMakeAcceptable(tfPaletteGo->text());
         if (text != tfPaletteGo->text()) tfPaletteGo->setText(text);
         if (text.isEmpty()) {
@@ -372,8 +402,11 @@ void winConstruct::tfPaletteGo_FocusLost() {
             return;
         }
         ButtonSpecificationLabel();
-        if (tfTip->text().isEmpty()) tfTip->setText("Change palette to " + text);
-        labZorPaletteNum_NotExist->setVisible(!ZOR::IsPaletteExistant(text.toInt()));
+        const bool exists = ZOR::IsPaletteExistant(text.toInt());
+        if (tfTip->text().isEmpty())
+            tfTip->setText(exists ? "Go to " + ZOR::DP[size_t(text.toInt())].s_Alias
+                                  : "Change palette to " + text);
+        labZorPaletteNum_NotExist->setVisible(!exists);
     });
 }
 
@@ -408,13 +441,19 @@ void winConstruct::pbOK_Pressed() {
         if (ZOR::idxCurrentBtn < 0 || size_t(ZOR::idxCurrentBtn) >= ZOR::aBtn->size()) return;
         Btn& b = *(*ZOR::aBtn)[size_t(ZOR::idxCurrentBtn)];
         editingGridButton = false;
-        b.Tip = tfTip->text().trimmed().left(kTipCut);
-        b.Info = taInfo->toPlainText().trimmed().left(kInfoCut);
+        // A stored value stays as it stands unless the user changed what its field showed at load.
+        const auto keep = [this](QString& stored, const QString& shown, QWidget* field,
+                                 const QString& edited) {
+            if (shown != loaded(field)) stored = edited;
+        };
+        keep(b.Tip, tfTip->text(), tfTip, Characters::left(tfTip->text().trimmed(), kTipCut));
+        const QString info = taInfo->toPlainText();
+        keep(b.Info, info, taInfo, Characters::left(info.trimmed(), kInfoCut));
         const int row = pumAutoMin->currentIndex();
         b.AutoMin = row >= 1 && row <= 3 ? kAutoMinSeconds[row] : 0;
-        b.ASfile = tfAS->text().trimmed();
-        b.SCname = tfSC->text().trimmed();
-        b.PaletteGo = tfPaletteGo->text();
+        keep(b.ASfile, tfAS->text(), tfAS, tfAS->text().trimmed());
+        keep(b.SCname, tfSC->text(), tfSC, tfSC->text().trimmed());
+        keep(b.PaletteGo, tfPaletteGo->text(), tfPaletteGo, tfPaletteGo->text());
         b.Clipbrd = cbUseClip->isChecked() ? 1 : 0;
         b.KM_Active = cbKM->isChecked();
         const QString letter = labShortcut->text();
@@ -431,6 +470,7 @@ void winConstruct::pbOK_Pressed() {
         b.ShortcutShow = cbVisOnBtn->isChecked();
         endEdit();
         ZOR::paletteContentChange = true;
+        ZOR::viewFollows(); // the palette shows the button as designed
     });
 }
 

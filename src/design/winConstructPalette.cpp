@@ -5,6 +5,7 @@
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "store/ZOR.h"
+#include "util/Characters.h"
 #include "util/StringUtils.h"
 
 #include <QLineEdit>
@@ -16,7 +17,7 @@ using namespace ConstructParts;
 namespace {
 const QString kTitleRemoved = QStringLiteral(",;:.'][()");
 const QColor kGreyLabel(0x91, 0x91, 0x91), kDarkLabel(0x42, 0x42, 0x42);
-constexpr int kTitleCut = 35, kParticularsCut = 3000;
+constexpr int kTitleCut = 35, kTitleField = 37, kParticularsCut = 3000, kParticularsField = 3100;
 
 QString withoutTitleMarks(QString text) {
     for (QChar c : kTitleRemoved)
@@ -66,19 +67,17 @@ void winConstruct::buildPaletteHalf() {
     labPalette = helpLabel(this, "labPalette", "Palette", 17, kGreyLabel, QRect(460, 14, 80, 20));
     labNameID = plainLabel(this, "labNameID", "", QRect(460, 34, 80, 26), 18, true);
     labNmAls = helpLabel(this, "labNmAls", "Name/Alias", 13, kGreyLabel, QRect(560, 14, 200, 20));
-    labNameAlias = plainLabel(this, "labNameAlias", "", QRect(560, 36, 300, 22), 14, true);
+    labNameAlias = plainLabel(this, "labNameAlias", "", QRect(560, 36, 490, 22), 14, true);
     labWinTitle = helpLabel(this, "labWinTitle", "Window Title", 20, kDarkLabel, QRect(460, 66, 150, 20));
     tfWinTitle = make<QLineEdit>(this, "tfWinTitle", QRect(560, 64, 300, 24));
-    tfWinTitle->setMaxLength(37);
+    Characters::limit(tfWinTitle, kTitleField);
     labPalePart =
         helpLabel(this, "labPalePart", "Palette Particulars", 12, kDarkLabel, QRect(460, 96, 200, 20));
-    taParticulars = make<QPlainTextEdit>(this, "taParticulars", QRect(460, 118, 620, 66));
-    connect(tfWinTitle, &QLineEdit::textChanged, this, &winConstruct::tfWinTitle_TextChanged);
-    connect(taParticulars, &QPlainTextEdit::textChanged, this, [this] {
-        // The field holds at most 3100 characters; the cut to 3000 comes when it is left.
-        if (taParticulars->toPlainText().size() > 3100)
-            taParticulars->setPlainText(taParticulars->toPlainText().left(3100));
-    });
+    // It takes up to 3100 characters; the cut to 3000 comes when it is left.
+    auto* particulars = make<LimitedTextArea>(this, "taParticulars", QRect(460, 118, 620, 66));
+    particulars->setCharacterLimit(kParticularsField);
+    taParticulars = particulars;
+    connect(tfWinTitle, &QLineEdit::textEdited, this, &winConstruct::tfWinTitle_TextChanged);
     tfWinTitle->installEventFilter(this);
     taParticulars->installEventFilter(this);
 }
@@ -223,24 +222,28 @@ QString winConstruct::cleanWindowTitle(const QString& text, const QString& palet
     if (title.isEmpty()) title = paletteName;
     const QString first = title.left(1);
     if (!StringUtils::IsLowercase(first) && !StringUtils::IsUppercase(first)) title.prepend('A');
-    return title.left(kTitleCut);
+    return Characters::left(title, kTitleCut);
 }
 
 void winConstruct::tfWinTitle_FocusLost() {
     Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
+        if (tfWinTitle->text() == loaded(tfWinTitle)) return; // a title as stored stays as it is
         const QString title = cleanWindowTitle(tfWinTitle->text(), ZOR::paleName);
         tfWinTitle->setText(title);
         if (PaletteView* view = ZOR::view()) view->setPaletteTitle(title);
         ZOR::paleWinTitle = title;
+        shownAtLoad[tfWinTitle] = title;
         ZOR::paletteContentChange = true;
     });
 }
 
 void winConstruct::taParticulars_FocusLost() {
     Guard::run(controlEvent("taParticulars", "FocusLost"), [this] {
-        const QString text = taParticulars->toPlainText().trimmed().left(kParticularsCut);
+        if (taParticulars->toPlainText() == loaded(taParticulars)) return;
+        const QString text = Characters::left(taParticulars->toPlainText().trimmed(), kParticularsCut);
         if (text != taParticulars->toPlainText()) taParticulars->setPlainText(text);
         ZOR::paleParticulars = text;
+        shownAtLoad[taParticulars] = text;
         ZOR::paletteContentChange = true;
     });
 }

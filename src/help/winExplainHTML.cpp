@@ -8,7 +8,9 @@
 
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <algorithm>
+#include <cmath>
 
 using Guard::Where;
 
@@ -45,9 +47,10 @@ void winExplainHTML::PrepareAndShowWindow(const QString& html, const QString& ti
             AdjustWindowSize(html, width, height);
         else
             resize(std::clamp(width, kMinWidth, kMaxWidth), std::clamp(height, kMinHeight, kMaxHeight));
-        PositionWindow();
         setWindowTitle(title);
         HV_Explain->setHtml(html);
+        growToShowWhole();
+        PositionWindow();
         Dialogs::exec(*this, {Dialogs::Kind::ExplainHTML, title, html, html, nullptr});
     });
 }
@@ -69,6 +72,17 @@ void winExplainHTML::PositionWindow() {
         resize(std::clamp(width(), kMinWidth, kMaxWidth), height());
         move(HelpFit::upperRight(HelpFit::availableArea(), width()));
     });
+}
+
+void winExplainHTML::growToShowWhole() {
+    // The text wraps at the viewer's width; the window grows in height until all of it is in
+    // view, within its maximum and 80% of the screen, where the viewer scrolls.
+    anchors.apply(size());
+    QTextDocument* text = HV_Explain->document();
+    text->setTextWidth(HV_Explain->contentsRect().width());
+    const int missing = int(std::ceil(text->size().height())) - HV_Explain->contentsRect().height();
+    const int highest = std::min(kMaxHeight, int(HelpFit::availableArea().height() * 0.8));
+    if (missing > 0) resize(width(), std::max(height(), std::min(height() + missing, highest)));
 }
 
 void winExplainHTML::pbDone_Pressed() {

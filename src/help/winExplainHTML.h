@@ -21,6 +21,7 @@ public:
     void AdjustWindowSize(const QString& html, int width, int height);
     void PositionWindow();
     void pbDone_Pressed();
+    void growToShowWhole(); // taller, until the text needs no scrolling
 
     WindowFit::TextHeight textHeight; // empty: measure the text in Helvetica 14
 

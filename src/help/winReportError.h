@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-class QLabel;
+class QTextEdit;
 
 // The report of an unexpected failure. It does not block: the program goes on while it stands,
 // and several may stand at once.
@@ -14,7 +14,9 @@ public:
     // Shows itself at once unless `show` is false.
     explicit winReportError(const QString& report, bool show = true);
 
-    QLabel* labMessage;
+    // The report, read-only. It wraps anywhere a line is too long, a long path too, and the window
+    // takes the size that shows it whole, up to its maximum; beyond that it scrolls.
+    QTextEdit* labMessage;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -14,12 +14,6 @@ QString AliasRules::cleaned(const QString& text, const QString& removed) {
     return out;
 }
 
-QString AliasRules::cutTo(const QString& text, int length) {
-    if (text.size() <= length) return text;
-    if (length > 0 && text[length - 1].isHighSurrogate()) --length;
-    return text.left(length);
-}
-
 bool AliasRules::isInUse(const QString& alias) {
     return std::any_of(ZOR::DP.begin(), ZOR::DP.end(), [&](const PaletteDict& p) {
         return p.s_Alias.compare(alias, Qt::CaseInsensitive) == 0;

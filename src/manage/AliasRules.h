@@ -10,8 +10,6 @@ inline const QString kRenameRemoved = QStringLiteral(",;:.'][()&*");
 
 // Trimmed, without the removed characters, single blanks, never empty, beginning with a letter.
 QString cleaned(const QString& text, const QString& removed);
-// At most `length` characters; a character made of two UTF-16 units is never split.
-QString cutTo(const QString& text, int length);
 // Extended by two digits until no palette uses it, ignoring case: Work, Work01, Work0102 ...
 QString madeUnique(const QString& alias);
 bool isInUse(const QString& alias);

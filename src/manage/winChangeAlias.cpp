@@ -5,6 +5,7 @@
 #include "help/HelpButton.h"
 #include "manage/ccPalettePreview.h"
 #include "store/ZOR.h"
+#include "util/Characters.h"
 #include "util/Guard.h"
 
 #include <QEvent>
@@ -19,9 +20,10 @@ Guard::Where controlEvent(const char* control, const char* event) {
 }
 constexpr int kAliasLength = 23;
 constexpr int kTitleLength = 25;
+constexpr int kFieldLength = 30; // what the fields take while typing
 
 QString renameRule(const QString& text, int length) {
-    return AliasRules::cutTo(AliasRules::cleaned(text, AliasRules::kRenameRemoved), length);
+    return Characters::left(AliasRules::cleaned(text, AliasRules::kRenameRemoved), length);
 }
 
 QLabel* caption(QWidget* parent, const char* name, const QString& text, int top) {
@@ -64,13 +66,13 @@ winChangeAlias::winChangeAlias(QWidget* parent)
     tfAlias = new QLineEdit(this);
     tfAlias->setObjectName("tfAlias");
     tfAlias->setGeometry(140, 240, 300, 24);
-    tfAlias->setMaxLength(30);
+    Characters::limit(tfAlias, kFieldLength);
 
     labWinTit = caption(this, "labWinTit", "Window Title", 280);
     tfWinTitle = new QLineEdit(this);
     tfWinTitle->setObjectName("tfWinTitle");
     tfWinTitle->setGeometry(140, 280, 300, 24);
-    tfWinTitle->setMaxLength(30);
+    Characters::limit(tfWinTitle, kFieldLength);
     tfWinTitle->setFrame(false);
     tfWinTitle->installEventFilter(this);
 
@@ -101,6 +103,7 @@ bool winChangeAlias::eventFilter(QObject* watched, QEvent* event) {
 
 void winChangeAlias::tfWinTitle_FocusLost() {
     Guard::run(controlEvent("tfWinTitle", "FocusLost"), [this] {
+        if (tfWinTitle->text() == ZOR::paleWinTitle) return; // a title as stored stays as it is
         const QString title = renameRule(tfWinTitle->text(), kTitleLength);
         if (title != tfWinTitle->text()) tfWinTitle->setText(title);
     });
@@ -111,7 +114,9 @@ void winChangeAlias::pbMakeChange_Pressed() {
         // The field may never have lost the focus. Its rule leaves a clean title as it is.
         tfWinTitle_FocusLost();
         const QString title = tfWinTitle->text();
-        QString alias = renameRule(tfAlias->text(), kAliasLength);
+        // An alias as stored stays whole, even when it is longer than a rename would make it.
+        QString alias =
+            tfAlias->text() == ZOR::paleAlias ? ZOR::paleAlias : renameRule(tfAlias->text(), kAliasLength);
         PaletteView* view = ZOR::view();
         const bool sameAlias = ZOR::DP[size_t(ZOR::idxCP)].s_Alias.compare(alias, Qt::CaseInsensitive) == 0;
         if (sameAlias) {

@@ -1,5 +1,6 @@
 #include "manage/winDeletePalette.h"
 
+#include "help/FittedText.h"
 #include "help/GeneralMethods.h"
 #include "help/WindowFit.h"
 #include "help/HelpButton.h"
@@ -30,16 +31,16 @@ QLabel* label(QWidget* parent, const char* name, const QString& text, const QRec
     l->setGeometry(geometry);
     return l;
 }
-// The name, alias and title stand in three rows beside the preview.
+// The name, alias and title stand beside the preview, each under its caption, as wide as the
+// window allows; a longer alias or title is cut with "…" and shown whole in its tooltip.
 QLabel* caption(QWidget* parent, const char* name, const QString& text, int row) {
-    QLabel* l = label(parent, name, text, {256, 44 + row * 34, 90, 24});
-    l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QLabel* l = label(parent, name, text, {256, 18 + row * 48, 224, 18});
     l->setStyleSheet("color: #919191;");
     return l;
 }
 
 QLabel* value(QWidget* parent, const char* name, int row) {
-    QLabel* l = label(parent, name, {}, {354, 44 + row * 34, 130, 24});
+    QLabel* l = label(parent, name, {}, {256, 36 + row * 48, 224, 22});
     QFont bold = l->font();
     bold.setBold(true);
     l->setFont(bold);
@@ -92,8 +93,8 @@ void winDeletePalette::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, "Opening"), [this] {
         preview->load(ZOR::paleName);
         labNameID->setText(ZOR::paleName);
-        labNameAlias->setText(ZOR::paleAlias);
-        labWindowTitle->setText(ZOR::paleWinTitle);
+        FittedText::set(labNameAlias, ZOR::paleAlias);
+        FittedText::set(labWindowTitle, ZOR::paleWinTitle);
     });
 }
 

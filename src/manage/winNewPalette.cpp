@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 namespace {
 const QString kWindow = QStringLiteral("winNewPalette");
@@ -65,8 +66,11 @@ winNewPalette::winNewPalette(QWidget* parent)
 
 void winNewPalette::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, "Opening"), [this] {
-        // A proposal, so that OK can be pressed at once; the user types over it.
-        tfAlias->setText(StringUtils::Random(6, "abcdefghijklmnopqrstuvwxyz"));
+        // A proposal, so that OK can be pressed at once; the user types over it. It names the
+        // palette by the number it will take: the lowest free one.
+        const auto free = std::find_if(ZOR::DP.begin(), ZOR::DP.end(),
+                                       [](const PaletteDict& p) { return p.s_Alias == kNoShortcut; });
+        tfAlias->setText("Palette " + StringUtils::twoDigits(free - ZOR::DP.begin()));
         tfAlias->selectAll();
         tfAlias->setFocus();
     });
