@@ -7,7 +7,8 @@ set -euo pipefail
 source "$(dirname "$0")/screenshot-common.bash" "${1:-}"
 
 openbox >/dev/null 2>&1 &
-trap 'kill $! 2>/dev/null || true; cleanup' EXIT
+wm=$!
+trap 'kill "$wm" 2>/dev/null || true; cleanup' EXIT
 editor="$E2E_HOME/editor"
 mkdir -p "$editor"
 cp "$ROOT/tests/fakes/keyboard_maestro_osascript" "$editor/osascript"

@@ -182,6 +182,8 @@ private slots:
             kNotInstalled);
         row("application not running", true, kError + QString::fromUtf8("Application isn’t running. (-600)"),
             kNotInstalled);
+        row("no application of that identifier", false,
+            kError + QString::fromUtf8("The application can’t be found. (-10814)"), kNotInstalled);
         row("an object of the editor not found", true,
             kError + QString::fromUtf8("Keyboard Maestro got an error: Can’t get macro group 1. (-1728)"),
             failed(QString::fromUtf8("Keyboard Maestro got an error: Can’t get macro group 1.")));
