@@ -9,8 +9,10 @@
 #include "util/Guard.h"
 
 #include <QLabel>
+#include <QMap>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <algorithm>
 
 namespace KM = KeyboardMaestroMacros;
 
@@ -161,7 +163,7 @@ void winMakeMacros::pbDone_Pressed() {
 }
 
 void showMakeMacros() {
-    Guard::run(Guard::Where::module(QStringLiteral("MenuTable"), QStringLiteral("showMakeMacros")), [] {
+    Guard::run(Guard::Where::windowMethod(kWindow, QStringLiteral("showMakeMacros")), [] {
         // A palette without Keyboard Maestro buttons needs nothing of the editor.
         QStringList names;
         if (!keyboardMaestroButtons().isEmpty()) {
