@@ -2,7 +2,8 @@
 # Contents/Resources of the bundle on macOS, <build>/Resources next to <build>/bin elsewhere.
 set(ZOR_SCRIPT_SOURCES
   ${CMAKE_SOURCE_DIR}/resources/FirePalette.applescript
-  ${CMAKE_SOURCE_DIR}/resources/FireAppleScript.applescript)
+  ${CMAKE_SOURCE_DIR}/resources/FireAppleScript.applescript
+  ${CMAKE_SOURCE_DIR}/resources/MakeMacros.applescript)
 
 set(ZOR_ICON ${CMAKE_SOURCE_DIR}/resources/AppIcon.icns) # scripts/make-icns.py makes it anew
 
@@ -59,7 +60,7 @@ function(zor_stage_resources target)
     endif()
     get_filename_component(stem ${src} NAME_WE)
     if(APPLE)
-      # FirePalette uses Keyboard Maestro's own terms, which compile only where it is installed.
+      # FirePalette and MakeMacros use Keyboard Maestro's own terms, which compile only where it is installed.
       # osascript also runs a script's source text, so without Keyboard Maestro the source
       # stands in the bundle and is compiled when it runs, on a Mac that has it.
       add_custom_command(TARGET ${target} POST_BUILD

@@ -42,10 +42,10 @@ wait_until 30 dialog >/dev/null; sleep 0.5
 at 60 81 # the row of P02: its choice shows below the list
 shoot switch xdotool key Escape 0 0   # 00: back to P00 closes the window; P01 stays for the rest
 send_keys ctrl+1
-configure_item 4
-shoot new at 340 364
 configure_item 5
-shoot rename at 305 364
+shoot new at 340 364
 configure_item 6
+shoot rename at 305 364
+configure_item 7
 shoot delete at 340 364
 echo "Screenshots: $OUT/manage-{switch,new,rename,delete}.png"

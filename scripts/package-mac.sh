@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # On a Mac: makes a self-contained, ad-hoc signed ZOR_Palette.app and puts it in a disk image,
 # build/release/ZOR_Palette-<version>.dmg. Steps: a release build of the program, cmake --install
-# into a staging folder, the two scripts compiled with osacompile, Qt's frameworks brought into
+# into a staging folder, the three scripts compiled with osacompile, Qt's frameworks brought into
 # the bundle by macdeployqt, ad-hoc signing, then CPack's DragNDrop generator on the staged app.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -21,16 +21,18 @@ step "staging the bundle" "delete $BUILD and try again"
 rm -rf "$STAGE"
 cmake --install "$BUILD" --prefix "$STAGE"
 
-# FirePalette speaks Keyboard Maestro's terms: it compiles only where Keyboard Maestro is
-# installed. Elsewhere its source stays in the bundle and osascript compiles it when it runs.
+# FirePalette and MakeMacros speak Keyboard Maestro's terms: they compile only where Keyboard
+# Maestro is installed. Elsewhere their source stays in the bundle and osascript compiles it when
+# it runs.
 resources="$APP/Contents/Resources"
 step "compiling the AppleScripts" "osacompile names the line of the script above"
 osacompile -o "$resources/FireAppleScript.scpt" "$ROOT/resources/FireAppleScript.applescript"
 if [ -n "$(mdfind "kMDItemCFBundleIdentifier == 'com.stairways.keyboardmaestro.engine'" 2>/dev/null)" ] ||
    [ -d "/Applications/Keyboard Maestro.app" ]; then
   osacompile -o "$resources/FirePalette.scpt" "$ROOT/resources/FirePalette.applescript"
+  osacompile -o "$resources/MakeMacros.scpt" "$ROOT/resources/MakeMacros.applescript"
 else
-  echo "Keyboard Maestro is not installed here: FirePalette.scpt stays as source text." >&2
+  echo "Keyboard Maestro is not installed here: FirePalette.scpt and MakeMacros.scpt stay as source text." >&2
 fi
 
 step "bringing Qt into the bundle" "check that Homebrew's qt is installed: brew list qt"

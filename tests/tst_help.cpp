@@ -78,7 +78,8 @@ const QStringList kRecords = QString(
     "20 Palette Window Title|22 Button ID|24 Keyboard Shortcut|26 Tip|28 Information|30 AppleScript|31 Launch Keyboard Maestro|"
     "32 Shortcuts|34 No AppleScript|35 Palette Switch|36 Automatic Minimization|37 No Apple Shortcut|38 No Palette|"
     "40 Button Pictures Overview|42 Select Pictures to Add|44 All Button Pictures|46 Removed From Button Pictures|47 Complete Path|"
-    "50 Manage AppleScript Overview|52 Linked AppleScripts|54 Applescripts Folder|60 New Palette|64 Rename Palette|66 Delete Palette").split('|');
+    "50 Manage AppleScript Overview|52 Linked AppleScripts|54 Applescripts Folder|60 New Palette|64 Rename Palette|66 Delete Palette|"
+    "67 Make Keyboard Maestro Macros").split('|');
 // clang-format on
 const QMap<int, QSize> kSized{{5, {600, 400}}, {10, {340, 350}}, {32, {640, 400}}, {40, {640, 600}}};
 

@@ -20,16 +20,11 @@ Where zor(const char* method) {
     return Where::module(QStringLiteral("ZOR"), QString::fromLatin1(method));
 }
 
-// <bundle>/Contents/MacOS/ZOR_Palette -> <bundle>/Contents/Resources; <build>/bin -> <build>/Resources.
-QString resourcesFolder() {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
-}
-
 void runBundledScript(const char* method, const QString& scriptFile, const QStringList& arguments) {
     Guard::run(Where::module(QStringLiteral("Launchers"), QString::fromLatin1(method)), [&] {
         // Detached: osascript lives as long as the macro or script does, and the palette
         // must answer the next click meanwhile.
-        const QString script = resourcesFolder() + '/' + scriptFile;
+        const QString script = bundleResources() + '/' + scriptFile;
         if (!PlatformTools::startDetached(QStringLiteral("osascript"), QStringList{script} + arguments))
             Dialogs::message("Cannot run " + scriptFile + ": osascript could not be started.");
     });
@@ -41,6 +36,11 @@ QString programFolder() {
     return StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
 }
 } // namespace
+
+// <bundle>/Contents/MacOS/ZOR_Palette -> <bundle>/Contents/Resources; <build>/bin -> <build>/Resources.
+QString bundleResources() {
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
+}
 
 void FirePalette(const QStringList& arguments) {
     runBundledScript("FirePalette", QStringLiteral("FirePalette.scpt"), arguments);

@@ -36,3 +36,6 @@ bool keyboardMaestroEngineRuns();
 // What goes wrong inside the script is the script's to tell.
 void FirePalette(const QStringList& arguments);
 void FireAppleScript(const QStringList& arguments);
+
+// The Resources folder beside the executable's folder, where the compiled scripts stand.
+QString bundleResources();

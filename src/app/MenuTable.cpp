@@ -1,6 +1,7 @@
 #include "app/MenuTable.h"
 
 #include "assets/winButtonPics.h"
+#include "assets/winMakeMacros.h"
 #include "assets/winManageAS.h"
 #include "backup/winManageBU.h"
 #include "design/winConstruct.h"
@@ -35,6 +36,7 @@ void MenuTable::install(winMain& window) {
          }},
         {bar.miButPic, [] { showButtonPictures(); }},
         {bar.miManageAS, [] { showManageAS(); }},
+        {bar.miMakeMacros, [] { showMakeMacros(); }},
         {bar.miNewPalette, [] { showModal<winNewPalette>(); }},
         {bar.miRenamePalette, [] { showModal<winChangeAlias>(); }},
         {bar.miDeletePalette,

@@ -77,6 +77,7 @@ MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
     miConstruct = item(muConfigure, "miConstruct", "Grid Construct");
     miButPic = item(muConfigure, "miButPic", "Button Pictures");
     miManageAS = item(muConfigure, "miManageAS", "Manage AppleScript");
+    miMakeMacros = item(muConfigure, "miMakeMacros", QString::fromUtf8("Make Keyboard Maestro Macros…"));
     muConfigure->addSeparator()->setObjectName("miSepLineConfigure");
     miNewPalette = item(muConfigure, "miNewPalette", QString::fromUtf8("New Palette…"));
     miRenamePalette = item(muConfigure, "miRenamePalette", QString::fromUtf8("Rename Palette Alias…"));

@@ -21,7 +21,8 @@ public:
     QAction* miSwitchPalette;
     std::array<QAction*, 10> miPalette{}; // miPalette00 to miPalette09
     QMenu* muConfigure;
-    QAction *miConstruct, *miButPic, *miManageAS, *miNewPalette, *miRenamePalette, *miDeletePalette;
+    QAction *miConstruct, *miButPic, *miManageAS, *miMakeMacros, *miNewPalette, *miRenamePalette,
+        *miDeletePalette;
     QMenu* muHelpMenu;
     QAction *miPaletteParticulars, *miProgramOverview, *miPaletteData, *miPreserveStateBU, *miHelpAbout;
 
