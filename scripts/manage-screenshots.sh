@@ -40,7 +40,7 @@ at() { eval "$(xdotool getwindowgeometry --shell "$(dialog)")"; cancel $((X + $1
 send_keys ctrl+p
 wait_until 30 dialog >/dev/null; sleep 0.5
 at 60 81 # the row of P02: its choice shows below the list
-shoot switch xdotool key Escape 0 0   # 00: back to P00 closes the window; P01 stays for the rest
+shoot switch xdotool key 0 0   # 00: back to P00 closes the window; P01 stays for the rest
 send_keys ctrl+1
 configure_item 4
 shoot new at 340 364

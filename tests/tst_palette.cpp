@@ -1,5 +1,6 @@
 // The palette window at work: painting, clicks, keys, menus, switching, the bar, the launchers.
 #include "actions/Launchers.h"
+#include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
 
 namespace {
@@ -24,9 +25,12 @@ class PaletteTest : public WindowTest {
     QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
 
     void click(int index, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers, QPoint(10, 10));
+        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers,
+                          QPoint(10, 10));
     }
-    QColor centre(int index) const { return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32); }
+    QColor centre(int index) const {
+        return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32);
+    }
 
 private slots:
     void windowFollowsTheGrid_data() {
@@ -52,13 +56,17 @@ private slots:
 
     // Of two pictures for a button the later wins; a file that is no picture is told once a run.
     void paintingFollowsPicturesAndButtons() {
-        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{
-                 {"07a.png", Qt::red}, {"07b.png", Qt::blue}, {"x7.png", Qt::green}, {"12.png", Qt::red}, {"99 far out.png", Qt::green}})
+        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{{"07a.png", Qt::red},
+                                                                            {"07b.png", Qt::blue},
+                                                                            {"x7.png", Qt::green},
+                                                                            {"12.png", Qt::red},
+                                                                            {"99 far out.png", Qt::green}})
             home->writeInProgram("ButtonPictures/P00/" + name, picture(64, 64, colour));
         home->writeInProgram("ButtonPictures/P00/10 text.png", "no picture at all");
         winMain& w = startWith(2, 3, 10);
         QCOMPARE(w.hasPicture, QList<int>({7, 7, 12, 99}));
-        QCOMPARE(QList<QColor>({centre(7), centre(12)}), QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
+        QCOMPARE(QList<QColor>({centre(7), centre(12)}),
+                 QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
         const QStringList shown = dialogs->texts();
         QCOMPARE(shown.size(), 1);
         QVERIFY2(shown[0].startsWith("IOException in winMain.RedrawGrid"), qPrintable(shown[0]));
@@ -90,9 +98,10 @@ private slots:
         QTest::addColumn<QString>("message");
         const QStringList km{QString("osascript\t%1/FirePalette.scpt\tP00\t07").arg(resources)};
         const QStringList as{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
-        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
-        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QStringList expected,
-                            QString message = {}, QString system = "12.0") {
+        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist",
+                             "open\tshortcuts://run-shortcut?name=Mail"};
+        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo,
+                            QStringList expected, QString message = {}, QString system = "12.0") {
             QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << system << expected << message;
         };
         row("Keyboard Maestro", "", "", "", km);
@@ -159,7 +168,8 @@ private slots:
         // The engine down: the message, and the window still minimises.
         tools->setAnswer(kEngine, "false");
         click(1);
-        QCOMPARE(dialogs->texts().last(), QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
+        QCOMPARE(dialogs->texts().last(),
+                 QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
         QCOMPARE(w.tiMinimize->interval(), 2000);
         w.tiMinimize_Action();
         QVERIFY2(w.isMinimized() || w.windowState().testFlag(Qt::WindowMinimized), printed(w.windowState()));
@@ -195,15 +205,24 @@ private slots:
         QTest::addColumn<int>("columns");
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("fired"); // empty: a beep
-        QTest::newRow("a is button 00") << 10 << "a" << "00";
-        QTest::newRow("A is button 26") << 10 << "A" << "26";
-        QTest::newRow("a digit") << 10 << "7" << "";
-        QTest::newRow("a letter on a hidden button") << 10 << "c" << "";
-        QTest::newRow("duplicate letter: the lower index") << 10 << "d" << "03";
-        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e" << "04";
-        QTest::newRow("the first row outside") << 10 << "E" << "";
-        QTest::newRow("the first column outside") << 4 << "e" << "";
-        QTest::newRow("the last row and column inside") << 4 << "x" << "23";
+        QTest::newRow("a is button 00") << 10 << "a"
+                                        << "00";
+        QTest::newRow("A is button 26") << 10 << "A"
+                                        << "26";
+        QTest::newRow("a digit") << 10 << "7"
+                                 << "";
+        QTest::newRow("a letter on a hidden button") << 10 << "c"
+                                                     << "";
+        QTest::newRow("duplicate letter: the lower index") << 10 << "d"
+                                                           << "03";
+        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e"
+                                                                            << "04";
+        QTest::newRow("the first row outside") << 10 << "E"
+                                               << "";
+        QTest::newRow("the first column outside") << 4 << "e"
+                                                  << "";
+        QTest::newRow("the last row and column inside") << 4 << "x"
+                                                        << "23";
     }
     void lettersFireThroughKeyboardMaestro() {
         QFETCH(int, columns);
@@ -265,10 +284,12 @@ private slots:
         // No change to the active palette, a freed one or one past the last; an alias found in any case.
         for (int p : {2, 1, 12})
             ZOR::ChangeToPalette(p);
-        const QString none = "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
-        QCOMPARE(dialogs->texts(),
-                 QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
-                              none.arg("01"), none.arg("12")}));
+        const QString none =
+            "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
+        QCOMPARE(
+            dialogs->texts(),
+            QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
+                         none.arg("01"), none.arg("12")}));
         QCOMPARE(ZOR::IndexFromAlias("MAIL TOOLS"), 2);
         QCOMPARE(ZOR::IndexFromAlias("nobody"), -1);
         QVERIFY(!ZOR::IsPaletteExistant(-1));
@@ -308,8 +329,9 @@ private slots:
         QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
         w.cnBut_MouseExit(60);
-        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-                 QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(
+            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+            QStringList({"#feff96", "Original", "P00", ""}));
         QVERIFY(dialogs->texts().isEmpty());
     }
 
@@ -318,14 +340,21 @@ private slots:
         QTest::addColumn<QString>("tip");
         QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
         QTest::addColumn<bool>("small");    // drawn at size 10
-        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
-        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
-        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
-        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
+        QTest::newRow("one column has no room") << 1 << "Mail"
+                                                << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << ""
+                                        << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << ""
+                                      << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail"
+                                                      << "Mail" << true;
         QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
-        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
-        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
-        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
+        QTest::newRow("narrow, one long word")
+            << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious"
+                                                << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail"
+                                               << "Open the mail" << false;
         QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
     }
     void tipFitsTheWidth() {
@@ -350,6 +379,80 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList());
     }
 
+    // Keyboard Maestro types Cmd+P and two digits at once: the digits reach the switch window in the
+    // order typed, also those the system still hands to the palette window.
+    void typedDigitsReachTheSwitchWindow_data() {
+        QTest::addColumn<QString>("keys"); // "\x1b" is Escape
+        QTest::addColumn<int>("active");
+        QTest::addColumn<bool>("closed");
+        QTest::newRow("1 2 lands on P12") << "12" << 12 << true;
+        QTest::newRow("2 1 lands on P21") << "21" << 21 << true;
+        QTest::newRow("Escape closes and switches nothing") << "1\x1b" << 0 << true;
+        QTest::newRow("Cmd+1 behind it switches nothing") << "" << 0 << false;
+    }
+    void typedDigitsReachTheSwitchWindow() {
+        QFETCH(QString, keys);
+        winMain& palette = startWith(22);
+        winSwitchPalette w;
+        w.show();
+        if (keys.isEmpty()) QTest::keyClick(&palette, Qt::Key_1, Qt::ControlModifier);
+        for (QChar key : keys)
+            QTest::keyClick(&palette, key == '\x1b' ? Qt::Key_Escape : Qt::Key(key.unicode()));
+        QTEST(int(ZOR::idxCP), "active");
+        QTEST(!w.isVisible(), "closed");
+        QCOMPARE(dialogs->texts(), QStringList());
+        QCOMPARE(dialogs->beeps(), 0);
+    }
+
+    // Run as the menu runs it: the menus are shut while it is open, and open again after.
+    void switchWindowShutsTheMenus() {
+        winMain& palette = startWith(2);
+        QList<bool> menusOpen;
+        winSwitchPalette w;
+        QList<QAction*> menus = palette.mainMenuBar->actions(); // but the hidden File menu
+        menus.removeOne(palette.mainMenuBar->FileMenu->menuAction());
+        QTimer::singleShot(0, &w, [&] {
+            for (QAction* menu : menus)
+                menusOpen << menu->isEnabled();
+            QTest::keyClick(&palette, Qt::Key_Escape);
+        });
+        QCOMPARE(w.exec(), int(QDialog::Rejected));
+        QVERIFY(!menusOpen.contains(true));
+        QCOMPARE(menusOpen.size(), 4);
+        for (QAction* menu : menus)
+            QVERIFY2(menu->isEnabled(), qPrintable(menu->text()));
+        QCOMPARE(w.windowTitle(), "Switch Palette");
+    }
+
+    // An alias or title longer than its label is cut at its end with "…" and shown whole as the tooltip.
+    void switchWindowFitsLongAliases_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<bool>("cut");
+        QTest::newRow("short") << "Mail" << false;
+        QTest::newRow("long, with emoji")
+            << QString::fromUtf8("Photoshop Actions Set 2 \xF0\x9F\x93\xB8 for the quarterly "
+                                 "reports of the northern region \xF0\x9F\x8E\xA8")
+            << true;
+    }
+    void switchWindowFitsLongAliases() {
+        QFETCH(QString, alias);
+        QFETCH(bool, cut);
+        startWith(2);
+        ZOR::DP[0].s_Alias = ZOR::paleAlias = ZOR::DP[1].s_Alias = ZOR::DP[1].s_WinTitle = alias;
+        winSwitchPalette w;
+        w.show();
+        pressRow(w.lbPalette, 1);
+        for (QLabel* label : {w.labCurrentAlias, w.labChoiceAlias, w.labChoiceTitle}) {
+            const QString text = label->text();
+            QCOMPARE(text == alias, !cut);
+            QCOMPARE(label->toolTip(), cut ? alias : QString());
+            QVERIFY2(alias.startsWith(cut ? text.chopped(1) : text), qPrintable(text)); // no half emoji
+            QCOMPARE(text.endsWith(QString::fromUtf8("…")), cut);
+            QCOMPARE_LE(label->fontMetrics().horizontalAdvance(text), label->width());
+        }
+        QCOMPARE(w.lbPalette->topLevelItem(1)->toolTip(1), alias);
+    }
+
     // Without and with ".scpt": only the first full stop counts, and a "$" before it ends the name.
     // A script is found in the scripts folder only, with its case as on disk.
     void scriptNames() {
@@ -360,8 +463,9 @@ private slots:
                                      "a|a.scpt", "x|x.scpt"}));
         home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home->writeInProgram("Old.scpt", "x");
-        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
-                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+        QCOMPARE(
+            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
     }
 
     void shortcutRuns_data() {
@@ -386,7 +490,7 @@ private slots:
         tools->setAnswer("open.exit", QString::number(openExit));
         ZOR::FireSC(name);
         QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
-                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+                                   (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
         QTEST(dialogs->texts(), "messages");
     }
 

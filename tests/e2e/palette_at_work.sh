@@ -23,10 +23,9 @@ fired() { printf 'osascript\t%s/Resources/FirePalette.scpt\tP00\t%s' "$prefix" "
 grep -qxF "$(fired 07)" "$log" && grep -qxF "$(fired 01)" "$log" || fail "not the installed script with P00 07, then 01: $(cat "$log")"
 
 send_keys ctrl+p
-# The switch window bears the palette's title, as the palette window does, and takes the digits
-# without being brought to the front.
-switch_window() { found "ZOR P00" && E2E_SWITCH=$FOUND; }
-wait_until 30 switch_window || fail "Ctrl+P showed no switch window titled by the palette"
+# The switch window takes the digits without being brought to the front.
+switch_window() { found "Switch Palette" && E2E_SWITCH=$FOUND; }
+wait_until 30 switch_window || fail "Ctrl+P showed no window titled \"Switch Palette\""
 wait_until 30 has_focus "$E2E_SWITCH" || fail "the switch window did not take the focus"
 xdotool key 1 2
 wait_until 30 title_is "Twelve" || fail "1 2 did not switch to P12 (title: $(xdotool getwindowname "$E2E_WIN"))"
