@@ -16,10 +16,10 @@ if [ "$(uname)" = Darwin ]; then
   exit 0
 fi
 
-command -v dpkg-query >/dev/null && command -v apt-get >/dev/null || {
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
   echo "install-deps.sh: this Linux has no apt-get; install by hand: CMake, Ninja, a C++20 compiler, Qt 6 (>= 6.4) base development files, nlohmann-json, Xvfb, xdotool, ImageMagick" >&2
   exit 1
-}
+fi
 
 # libFuzzer's runtime belongs to one clang version: the one that stands as clang++ where there is
 # one, else the one Debian's clang package brings.

@@ -29,9 +29,10 @@ shoot() { # name, then the keys that close the window
 }
 # The Configure menu, then the item `downs` steps below its top.
 configure_item() {
-  focus_window
+  focus_window "$E2E_WIN"
   eval "$(xdotool getwindowgeometry --shell "$E2E_WIN")"
   xdotool mousemove $((X + 125)) $((Y + 8)) click 1; sleep 0.5
+  # shellcheck disable=SC2046 # one key name per word
   xdotool key $(printf 'Down %.0s' $(seq "$1")) Return
 }
 cancel() { xdotool mousemove "$1" "$2" click 1; }

@@ -20,7 +20,7 @@ wait_until 30 grep -q 'P00.07' "$log" || fail "the click on button 07 fired noth
 send_keys b
 wait_until 30 grep -q 'P00.01' "$log" || fail "the key b fired nothing"
 fired() { printf 'osascript\t%s/Resources/FirePalette.scpt\tP00\t%s' "$prefix" "$1"; }
-grep -qxF "$(fired 07)" "$log" && grep -qxF "$(fired 01)" "$log" || fail "not the installed script with P00 07, then 01: $(cat "$log")"
+{ grep -qxF "$(fired 07)" "$log" && grep -qxF "$(fired 01)" "$log"; } || fail "not the installed script with P00 07, then 01: $(cat "$log")"
 
 send_keys ctrl+p
 # The switch window takes the digits without being brought to the front.

@@ -10,7 +10,7 @@ start_program
 rounds=${E2E_ROUNDS:-50}
 for ((round = 1; round <= rounds; round++)); do
   if ((round % 2)); then digits="1 2" target=12; else digits="2 1" target=21; fi
-  focus_window
+  focus_window "$E2E_WIN"
   # shellcheck disable=SC2086 # the two digits are two keys
   xdotool key --delay 0 ctrl+p $digits
   wait_until 30 title_is "Title $target" ||

@@ -12,7 +12,7 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 BASIC=(bash sed grep head id uname dirname basename cat getconf env tr awk)
 # setup: a fresh bin folder with the basic tools, then each fake given as NAME=SCRIPT.
 setup() {
-  rm -rf "$WORK/bin"; mkdir -p "$WORK/bin"; : >"$WORK/log"
+  rm -rf "${WORK:?}/bin"; mkdir -p "$WORK/bin"; : >"$WORK/log"
   local tool
   for tool in "${BASIC[@]}"; do ln -s "$(command -v "$tool")" "$WORK/bin/$tool"; done
   for fake in "$@"; do
