@@ -2,6 +2,7 @@
 #include "actions/Launchers.h"
 #include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
+#include "util/MenuBars.h"
 
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
@@ -202,33 +203,29 @@ private slots:
 
     // On a grid of 3 rows: the first row and column outside beep, the last inside fire.
     void lettersFireThroughKeyboardMaestro_data() {
-        QTest::addColumn<int>("columns");
+        QTest::addColumn<int>("columns"); // 0: 10, with no Keyboard Maestro Engine running
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("fired"); // empty: a beep
-        QTest::newRow("a is button 00") << 10 << "a"
-                                        << "00";
-        QTest::newRow("A is button 26") << 10 << "A"
-                                        << "26";
-        QTest::newRow("a digit") << 10 << "7"
-                                 << "";
-        QTest::newRow("a letter on a hidden button") << 10 << "c"
-                                                     << "";
-        QTest::newRow("duplicate letter: the lower index") << 10 << "d"
-                                                           << "03";
-        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e"
-                                                                            << "04";
-        QTest::newRow("the first row outside") << 10 << "E"
-                                               << "";
-        QTest::newRow("the first column outside") << 4 << "e"
-                                                  << "";
-        QTest::newRow("the last row and column inside") << 4 << "x"
-                                                        << "23";
+        const auto row = [](const char* name, int columns, const char* key, const char* fired) {
+            QTest::newRow(name) << columns << QString(key) << QString(fired);
+        };
+        row("a is button 00", 10, "a", "00");
+        row("A is button 26", 10, "A", "26");
+        row("a digit", 10, "7", "");
+        row("a letter on a hidden button", 10, "c", "");
+        row("duplicate letter: the lower index", 10, "d", "03");
+        row("an AppleScript button goes to Keyboard Maestro too", 10, "e", "04");
+        row("the first row outside", 10, "E", "");
+        row("the first column outside", 4, "e", "");
+        row("the last row and column inside", 4, "x", "23");
+        row("no engine running: nothing handed over", 0, "a", "");
     }
     void lettersFireThroughKeyboardMaestro() {
         QFETCH(int, columns);
         QFETCH(QString, key);
         QFETCH(QString, fired);
-        startWith(1, 3, columns);
+        tools->setAnswer(kEngine, columns == 0 ? "false" : "true");
+        startWith(1, 3, columns == 0 ? 10 : columns);
         button(2).Vis = false;
         program->window()->RedrawGrid();
         button(13).Shortcut = "d";
@@ -236,7 +233,7 @@ private slots:
         button(51).Shortcut = kNoShortcut;
         QTest::keyClicks(program->window(), key);
         const QString fire = QString("osascript\t%1/FirePalette.scpt\tP00\t%2").arg(resources, fired);
-        QTRY_COMPARE(tools->log(), fired.isEmpty() ? QStringList{} : QStringList{fire});
+        QTRY_COMPARE(tools->log().filter("FirePalette"), fired.isEmpty() ? QStringList{} : QStringList{fire});
         QCOMPARE(dialogs->beeps(), fired.isEmpty() ? 1 : 0);
         QCOMPARE(dialogs->texts(), QStringList{});
     }
@@ -294,6 +291,43 @@ private slots:
         QCOMPARE(ZOR::IndexFromAlias("nobody"), -1);
         QVERIFY(!ZOR::IsPaletteExistant(-1));
         QVERIFY(!ZOR::IsPaletteExistant(100));
+    }
+
+    // The menu bar stands in the palette window, or, where the platform's bar is the Mac's, at the
+    // top of the screen owned by no window; there each window of the menus that has text fields
+    // carries an Edit menu of its own, which Qt shows while that window is in front.
+    void menuBarsFollowThePlatform_data() {
+        QTest::addColumn<bool>("global");
+        QTest::addColumn<QStringList>("withEditMenu"); // the windows of the menus that have one
+        QTest::newRow("in the window") << false << QStringList();
+        QTest::newRow("at the top of the screen")
+            << true << QStringList{"winConstruct", "winNewPalette", "winChangeAlias", "winAboutBox"};
+    }
+    void menuBarsFollowThePlatform() {
+        QFETCH(bool, global);
+        QFETCH(QStringList, withEditMenu);
+        MenuBars::setGlobalForTesting(global);
+        const auto platformAgain = qScopeGuard([] { MenuBars::setGlobalForTesting(std::nullopt); });
+        winMain& w = startWith(2);
+        const MainMenuBar& bar = *w.mainMenuBar;
+        QCOMPARE(bar.parent() == &w, !global);
+        QCOMPARE(w.menuBar() == &bar, !global);
+        QStringList found, items;
+        dialogs->onWindow = [&](QDialog& window) {
+            const QMenuBar* own = window.findChild<QMenuBar*>();
+            if (!own) return;
+            found << window.objectName();
+            items.clear();
+            for (const QAction* item : own->findChild<QMenu*>("EditMenu")->actions())
+                items << item->text() + ' ' + item->shortcut().toString();
+        };
+        for (QAction* item : {bar.miSwitchPalette, bar.miConstruct, bar.miNewPalette, bar.miRenamePalette,
+                              bar.miDeletePalette, bar.miHelpAbout})
+            item->trigger();
+        QCOMPARE(found, withEditMenu);
+        if (global)
+            QCOMPARE(items, QStringList({"&Undo Ctrl+Z", " ", "Cu&t Ctrl+X", "&Copy Ctrl+C", "&Paste Ctrl+V",
+                                         "&Delete ", " ", "Select &All Ctrl+A"}));
     }
 
     void barTellsTheKind_data() {

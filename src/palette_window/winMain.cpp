@@ -12,6 +12,7 @@
 #include "util/FileTools.h"
 #include "util/Fonts.h"
 #include "util/Guard.h"
+#include "util/MenuBars.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
 #include "util/ZorError.h"
@@ -99,14 +100,14 @@ winMain::winMain(QWidget* parent)
     connect(tiWarmAhead, &QTimer::timeout, this, &winMain::tiWarmAhead_Action);
     labSeeNum->installEventFilter(this);
 
-#ifdef Q_OS_MACOS
-    // The application's bar, owned by no window: it stays in place while a modal window is in
-    // front, and its Edit menu serves that window's text fields.
-    mainMenuBar = new MainMenuBar(nullptr);
-#else
-    mainMenuBar = new MainMenuBar(this);
-    setMenuBar(mainMenuBar);
-#endif
+    if (MenuBars::global()) {
+        // The application's bar at the top of the screen, owned by no window.
+        globalMenuBar = std::make_unique<MainMenuBar>(nullptr);
+        mainMenuBar = globalMenuBar.get();
+    } else {
+        mainMenuBar = new MainMenuBar(this);
+        setMenuBar(mainMenuBar);
+    }
     // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
     addAction(mainMenuBar->FileQuit);
     connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
@@ -116,9 +117,6 @@ winMain::winMain(QWidget* parent)
 
 winMain::~winMain() {
     if (ZOR::view() == this) ZOR::registerView(nullptr);
-#ifdef Q_OS_MACOS
-    delete mainMenuBar;
-#endif
 }
 
 void winMain::Event_Opening() {
@@ -431,7 +429,9 @@ bool winMain::Event_KeyDown(const QString& key) {
         }
         const int row = sID[0].digitValue(), column = sID[1].digitValue();
         const int index = sID.toInt();
-        if (row > ZOR::numRows - 1 || column > ZOR::numColumns - 1 || !cnButs[size_t(index)]->isVisible()) {
+        // Nothing is handed to an engine that is not there to take it: the script would ask.
+        if (row > ZOR::numRows - 1 || column > ZOR::numColumns - 1 || !cnButs[size_t(index)]->isVisible() ||
+            !ZOR::keyboardMaestroEngineRuns()) {
             Dialogs::beep();
             return true;
         }

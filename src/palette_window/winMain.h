@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <array>
 #include <functional>
+#include <memory>
 
 class MainMenuBar;
 class QAction;
@@ -86,8 +87,9 @@ private:
     void setTipFontSize(int points); // 0: the system's default size
     void showButtonInformation(int index);
     int menuBarOffset() const;
-    const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
-    QRectF numberBox;                   // where a canvas's number stands, measured at the first paint
+    const QFont numberFont, letterFont;         // of the canvases' numbers and shortcut letters
+    QRectF numberBox;                           // where a canvas's number stands, measured at the first paint
+    std::unique_ptr<MainMenuBar> globalMenuBar; // the Mac's bar, which no window owns
     PictureCache pictures;
     QSet<QString> badPictures; // files named like pictures that are none, reported once per run
     QWidget* gridArea = nullptr;
