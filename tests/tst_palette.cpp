@@ -4,6 +4,8 @@
 #include "tst_windows.h"
 #include "util/MenuBars.h"
 
+#include <QElapsedTimer>
+
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
 const QString kLongTip = "Opens the quarterly report of the northern region in the spreadsheet program";
@@ -411,6 +413,38 @@ private slots:
         w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
         QCOMPARE(w.labTip->font().pixelSize() == 10, columns < 4);
         QCOMPARE(dialogs->texts(), QStringList());
+    }
+
+    // A hand-edited data file may hold a tip or an Info of 50 MB: the hover and the Info window show
+    // its beginning at once, and the button keeps the whole text.
+    void hugeTextsShowTheirBeginningAtOnce_data() {
+        QTest::addColumn<bool>("info"); // else the tip
+        QTest::newRow("a tip on hover") << false;
+        QTest::newRow("an Info by Option-click") << true;
+    }
+    void hugeTextsShowTheirBeginningAtOnce() {
+        QFETCH(bool, info);
+        winMain& w = startWith(1);
+        // 7 units, so that unit 20,000 is the first half of an emoji.
+        const QString huge = QString::fromUtf8("😀 Word").repeated(50 * 1024 * 1024 / 7);
+        (info ? button(4).Info : button(4).Tip) = huge;
+        QElapsedTimer took;
+        took.start();
+        if (info)
+            click(4, Qt::AltModifier);
+        else
+            w.cnBut_MouseEnter(4);
+        QCOMPARE_LT(took.elapsed(), 250);
+        const QString shown = info ? dialogs->texts().value(0) : w.labTip->text();
+        const QString ending =
+            info ? QString::fromUtf8(
+                       "…\n\n(This text is too long to show whole: only its beginning is shown here.)")
+                 : QString::fromUtf8("…");
+        QVERIFY2(shown.endsWith(ending) && huge.startsWith(shown.chopped(ending.size())),
+                 qPrintable(shown.right(80)));
+        QVERIFY(!shown.chopped(ending.size()).back().isHighSurrogate());
+        QCOMPARE_LT(shown.size(), 20100);
+        QCOMPARE((info ? button(4).Info : button(4).Tip).size(), huge.size());
     }
 
     // Keyboard Maestro types Cmd+P and two digits at once: the digits reach the switch window in the

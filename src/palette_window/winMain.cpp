@@ -39,6 +39,17 @@ const QString kNoActionText = QStringLiteral(
     "This button is not active. To change this, edit it in Grid Construct so either Keyboard Maestro is checked or "
     "AppleScript or Shortcut or Palette Change has been specified.");
 
+// A hand-edited data file may hold texts of any length; the windows show only what they can.
+constexpr qsizetype kTipShown = 1000;   // more than the bar can ever show
+constexpr qsizetype kInfoShown = 20000; // ten times what Grid Construct lets one type
+
+// The first `count` UTF-16 units of `text`, one fewer where the last would split a character.
+QString leftWhole(const QString& text, qsizetype count) {
+    if (text.size() <= count) return text;
+    if (count > 0 && text.at(count - 1).isHighSurrogate()) --count;
+    return text.left(count);
+}
+
 const QColor kBarYellow(0xFE, 0xFF, 0x96);   // at rest, Keyboard Maestro, no action
 const QColor kBarBlue(0xE1, 0xFF, 0xFF);     // Shortcut
 const QColor kBarRed(0xFF, 0xB3, 0xB0);      // AppleScript
@@ -309,7 +320,7 @@ QString winMain::LabTipText(int index) {
         bool narrow = ZOR::numColumns < 4;
         const int top = gridArea->height() - kBarHeight;
         labTip->move(labTip->x(), top);
-        const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
+        const QString tip = leftWhole((*ZOR::aBtn)[size_t(index)]->Tip, kTipShown);
         if (tip.isEmpty()) {
             setTipFontSize(0);
             return narrow ? "no tip" : "no tip for this button";
@@ -385,6 +396,9 @@ void winMain::showButtonInformation(int index) {
         Dialogs::message("No Additional Information about this button.");
         return;
     }
+    if (text.size() > kInfoShown)
+        text = leftWhole(text, kInfoShown) +
+               "…\n\n(This text is too long to show whole: only its beginning is shown here.)";
     ZOR::idxCurrentBtn = index;
     AppGlobals::sGlobalMessage = text;
     GeneralMethods::ShowText(text, "Button Information");
