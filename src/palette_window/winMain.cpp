@@ -41,7 +41,7 @@ const QString kNoActionText = QStringLiteral(
 
 // A hand-edited data file may hold texts of any length; the windows show only what they can.
 constexpr qsizetype kTipShown = 1000;   // more than the bar can ever show
-constexpr qsizetype kInfoShown = 20000; // ten times what Grid Construct lets one type
+constexpr qsizetype kInfoShown = 5000;  // well above the 2000 Grid Construct lets one type
 
 // The first `count` UTF-16 units of `text`, one fewer where the last would split a character.
 QString leftWhole(const QString& text, qsizetype count) {

@@ -16,6 +16,7 @@ class cnBut;
 class labZor;
 class labZorVisible;
 class QLabel;
+class QMenu;
 class QTimer;
 
 // The palette window: the grid of 100 canvases and the information bar at its foot. It is the
@@ -45,6 +46,12 @@ public:
     void cnBut_MouseExit(int index);
     bool cnBut_MouseDown(int index);
     void cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers);
+    // A right-click or Control-click: the button's menu, "Edit Button…" and "Choose Picture…".
+    void cnBut_Menu(int index, const QPoint& where);
+    // A file dropped on a button, or chosen from its menu: a copy becomes the button's picture.
+    void cnBut_TakePicture(int index, const QString& file);
+    // "Edit Button…": Grid Construct opened on that button; the application binds it at start-up.
+    std::function<void(int)> editButton;
     void tiMinimize_Action();
     void tiWarmAhead_Action();
     QString LabTipText(int index);
@@ -74,6 +81,8 @@ public:
     QTimer* tiMinimize = nullptr;
     QTimer* tiWarmAhead = nullptr; // a moment after a redraw: the pictures of the other palettes
     MainMenuBar* mainMenuBar = nullptr;
+    QMenu* buttonMenu = nullptr; // a button's menu; menuButton is the button it was opened on
+    int menuButton = -1;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

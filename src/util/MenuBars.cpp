@@ -40,10 +40,20 @@ QAction* item(QMenu* menu, const char* name, const QString& text, const QKeySequ
 }
 } // namespace
 
+namespace {
+bool macPlatform() {
+    return forced ? *forced : QGuiApplication::platformName() == QLatin1String("cocoa");
+}
+} // namespace
+
 bool MenuBars::global() {
     if (forced) return *forced;
-    return QGuiApplication::platformName() == QLatin1String("cocoa") &&
-           !QCoreApplication::testAttribute(Qt::AA_DontUseNativeMenuBar);
+    return macPlatform() && !QCoreApplication::testAttribute(Qt::AA_DontUseNativeMenuBar);
+}
+
+Qt::KeyboardModifier MenuBars::controlKey() {
+    const bool swapped = macPlatform() && !QCoreApplication::testAttribute(Qt::AA_MacDontSwapCtrlAndMeta);
+    return swapped ? Qt::MetaModifier : Qt::ControlModifier;
 }
 
 void MenuBars::setGlobalForTesting(std::optional<bool> global) {

@@ -1,4 +1,5 @@
 #pragma once
+#include <QtCore/qnamespace.h>
 #include <optional>
 
 class QMenu;
@@ -12,7 +13,12 @@ namespace MenuBars {
 
 bool global();
 // Tests answer as the Mac does (true) or as elsewhere (false); nullopt asks the platform again.
+// It answers controlKey() as well.
 void setGlobalForTesting(std::optional<bool> global);
+
+// The Control key as Qt reports it: on the Mac's platform Qt calls Command "Control" and Control
+// "Meta"; elsewhere Control is Control.
+Qt::KeyboardModifier controlKey();
 
 // The Edit menu (Undo, Cut, Copy, Paste, Delete, Select All, with the Mac's keys): its items act on
 // the text control that has the focus, in whichever window it stands.
