@@ -416,6 +416,33 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList());
     }
 
+    // A first start tells in the bar where to begin, until a button of its palette does something.
+    void firstStartTellsWhereToBegin_data() {
+        QTest::addColumn<QString>("change"); // what the user did before the pointer left a button
+        QTest::addColumn<QString>("resting");
+        const QString hint = "To begin, design this palette: Configure >> Grid Construct";
+        QTest::newRow("nothing yet") << "" << hint;
+        QTest::newRow("a letter is no design") << "letter" << hint;
+        QTest::newRow("a macro button") << "macro"
+                                        << "Original";
+        QTest::newRow("a tip") << "tip"
+                               << "Original";
+        QTest::newRow("a second palette") << "palette"
+                                          << "Original";
+    }
+    void firstStartTellsWhereToBegin() {
+        QFETCH(QString, change);
+        winMain& w = program->start(); // no data file: a first start
+        QCOMPARE(w.labTip->text(), "To begin, design this palette: Configure >> Grid Construct");
+        if (change == "letter") button(5).Shortcut = "q";
+        if (change == "macro") button(5).KM_Active = true;
+        if (change == "tip") button(5).Tip = "Mail";
+        if (change == "palette") ZOR::CreateNewPalette("Second"), ZOR::ChangeToPalette(0);
+        w.cnBut_MouseEnter(5);
+        w.cnBut_MouseExit(5);
+        QTEST(w.labTip->text(), "resting");
+    }
+
     // A right-click, or Control-click on either platform, opens the button's menu and fires nothing;
     // Command-click on the Mac and a plain click fire. The Mac sends Control-click as a right-button
     // press with Meta (its Control) held.

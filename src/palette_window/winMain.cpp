@@ -50,6 +50,22 @@ QString leftWhole(const QString& text, qsizetype count) {
     return text.left(count);
 }
 
+// A first start: the one palette the program made ("Original"), no button of which does anything
+// yet. Until one does, the bar at rest tells where to begin in place of the palette's alias.
+const QString kFirstStartHint = QStringLiteral("To begin, design this palette: Configure >> Grid Construct");
+bool nothingDesignedYet() {
+    const auto palettes = std::count_if(ZOR::DP.begin(), ZOR::DP.end(),
+                                        [](const PaletteDict& p) { return p.s_Alias != kNoShortcut; });
+    if (palettes != 1 || ZOR::paleAlias != QLatin1String("Original")) return false;
+    return std::none_of(ZOR::aBtn->begin(), ZOR::aBtn->end(), [](const BtnRef& b) {
+        return b->KM_Active || !b->ASfile.isEmpty() || !b->SCname.isEmpty() || !b->PaletteGo.isEmpty() ||
+               !b->Tip.isEmpty() || !b->Info.isEmpty();
+    });
+}
+QString restingTip(const QString& alias) {
+    return nothingDesignedYet() ? kFirstStartHint : alias;
+}
+
 const QColor kBarYellow(0xFE, 0xFF, 0x96);   // at rest, Keyboard Maestro, no action
 const QColor kBarBlue(0xE1, 0xFF, 0xFF);     // Shortcut
 const QColor kBarRed(0xFF, 0xB3, 0xB0);      // AppleScript
@@ -241,7 +257,7 @@ void winMain::EraseAllPictures() {
 void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
 
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
-    labTip->setText(alias);
+    labTip->setText(restingTip(alias));
     labSeeNum->setText(name);
 }
 
@@ -304,7 +320,7 @@ void winMain::cnBut_MouseEnter(int index) {
 void winMain::cnBut_MouseExit(int) {
     Guard::run(canvasEvent("MouseExit"), [&] {
         setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
-        labTip->setText(ZOR::paleAlias);
+        labTip->setText(restingTip(ZOR::paleAlias));
         QPalette black = labSeeNum->palette();
         black.setColor(QPalette::WindowText, Qt::black);
         labSeeNum->setPalette(black);
