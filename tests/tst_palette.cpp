@@ -3,6 +3,7 @@
 #include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
 #include "util/MenuBars.h"
+#include "util/Sharp.h"
 
 #include <QElapsedTimer>
 #include <QMimeData>
@@ -414,6 +415,41 @@ private slots:
         w.cnBut_MouseExit(1); // the alias at rest: size 10 below four columns
         QCOMPARE(w.labTip->font().pixelSize() == 10, columns < 4);
         QCOMPARE(dialogs->texts(), QStringList());
+    }
+
+    // The pictures the program ships are drawn from sources at twice their size: at ratio 2 on a
+    // Retina screen, halved smoothly elsewhere.
+    void shippedPicturesFollowTheScreen_data() {
+        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<int>("scale"); // the device pixel ratio of the pictures
+        QTest::newRow("Retina") << qreal(2) << 2;
+        QTest::newRow("Retina at 1.5") << qreal(1.5) << 2;
+        QTest::newRow("not Retina") << qreal(1) << 1;
+    }
+    void shippedPicturesFollowTheScreen() {
+        QFETCH(qreal, ratio);
+        QFETCH(int, scale);
+        Sharp::setRatioForTesting(ratio);
+        const auto screenAgain = qScopeGuard([] { Sharp::setRatioForTesting(std::nullopt); });
+        winMain& w = startWith(1);
+        QStringList seen;
+        dialogs->onWindow = [&](QDialog& window) {
+            for (const char* name : {"cnvKM", "cnvAS", "cnvSC"}) {
+                const QPixmap shown = window.findChild<QLabel*>(name)->pixmap();
+                seen << QString("%1 %2x%3 @%4")
+                            .arg(name)
+                            .arg(shown.width())
+                            .arg(shown.height())
+                            .arg(shown.devicePixelRatio());
+            }
+        };
+        w.mainMenuBar->miConstruct->trigger();
+        const QString size = QString::number(24 * scale);
+        const QString at = size + 'x' + size + " @" + QString::number(scale);
+        QCOMPARE(seen, QStringList({"cnvKM " + at, "cnvAS " + at, "cnvSC " + at}));
+        const QPixmap about = Sharp::pixmap(":/about/AppIcon128.png", QSize(64, 64));
+        QCOMPARE(about.size(), QSize(64, 64) * scale);
+        QCOMPARE(about.devicePixelRatio(), scale);
     }
 
     // A first start tells in the bar where to begin, until a button of its palette does something.
