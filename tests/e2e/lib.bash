@@ -145,9 +145,18 @@ PY
 }
 
 # Clicks the centre of button `index` of a palette window of `rows` rows.
-click_button() {
+click_button() { # index, rows of the palette, and the mouse button (1 unless given)
   local index=$1 rows=$2
   eval "$(xdotool getwindowgeometry --shell "$E2E_WIN")"
   local bar=$((HEIGHT - rows * 64 - 30))
-  xdotool mousemove $((X + (index % 10) * 64 + 32)) $((Y + bar + (index / 10) * 64 + 32)) click 1
+  xdotool mousemove $((X + (index % 10) * 64 + 32)) $((Y + bar + (index / 10) * 64 + 32)) click "${3:-1}"
+}
+
+# A popup of the program on screen (a menu: the window manager does not frame it).
+popup_shown() {
+  local win
+  for win in $(xdotool search --all --pid "$E2E_PID" --onlyvisible --name '' 2>/dev/null || true); do
+    xwininfo -id "$win" 2>/dev/null | grep -q 'Override Redirect State: yes' && return 0
+  done
+  return 1
 }
