@@ -8,7 +8,9 @@ set(ZOR_SCRIPT_SOURCES
 set(ZOR_ICON ${CMAKE_SOURCE_DIR}/resources/AppIcon.icns) # scripts/make-icns.py makes it anew
 
 # The oldest macOS that the Qt in use runs on, from Qt's own figure where its CMake files give
-# it, else from the versions Qt supports; a higher deployment target of the build wins.
+# it, else from the versions Qt supports; on a Mac, the minimum that Qt's own QtCore was built for
+# when it is higher (Homebrew builds for the macOS it runs on), and a higher deployment target of
+# the build. scripts/package-mac.sh writes the bundle's figure again from what it holds.
 function(zor_macos_minimum out)
   if(QT_SUPPORTED_MIN_MACOS_VERSION)
     set(minimum ${QT_SUPPORTED_MIN_MACOS_VERSION})
@@ -22,6 +24,14 @@ function(zor_macos_minimum out)
     set(minimum 13.0)
   else()
     set(minimum 14.4)
+  endif()
+  if(APPLE)
+    get_target_property(qtcore Qt6::Core LOCATION)
+    execute_process(COMMAND ${CMAKE_SOURCE_DIR}/scripts/macos-minimum.sh ${qtcore}
+                    OUTPUT_VARIABLE built_for OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE failed)
+    if(NOT failed AND built_for VERSION_GREATER minimum)
+      set(minimum ${built_for})
+    endif()
   endif()
   if(CMAKE_OSX_DEPLOYMENT_TARGET VERSION_GREATER minimum)
     set(minimum ${CMAKE_OSX_DEPLOYMENT_TARGET})
@@ -60,9 +70,10 @@ function(zor_stage_resources target)
     endif()
     get_filename_component(stem ${src} NAME_WE)
     if(APPLE)
-      # FirePalette and MakeMacros use Keyboard Maestro's own terms, which compile only where it is installed.
-      # osascript also runs a script's source text, so without Keyboard Maestro the source
-      # stands in the bundle and is compiled when it runs, on a Mac that has it.
+      # FireAppleScript and FirePalette compile on any Mac (FirePalette names Keyboard Maestro Engine by
+      # its bundle identifier); MakeMacros uses the editor's own terms, which compile only where
+      # Keyboard Maestro is installed. osascript also runs a script's source text, so there the
+      # source stands in the bundle and is compiled when it runs.
       add_custom_command(TARGET ${target} POST_BUILD
         COMMAND sh -c "osacompile -o '${resdir}/${stem}.scpt' '${src}' 2>/dev/null || cp '${src}' '${resdir}/${stem}.scpt'" VERBATIM)
     else()

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Shared by the scripts: where the build goes, how it is configured, and why a script stopped.
 # Sourced under `set -euo pipefail`; written for bash 3.2 and the BSD tools as well (the Mac's).
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"

@@ -29,8 +29,9 @@ fi
 step "reading this machine's release and mirror" "check /etc/os-release and 'apt-cache policy'"
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 mirror=$(apt-cache policy | awk -v suite="$release/main" '$3 == suite { print $2; exit }')
-[ -n "$release" ] && [ -n "$mirror" ] || {
-  echo "fresh-check.sh: found no Debian mirror for '$release' in this machine's apt configuration" >&2; exit 1; }
+if [ -z "$release" ] || [ -z "$mirror" ]; then
+  echo "fresh-check.sh: found no Debian mirror for '$release' in this machine's apt configuration" >&2; exit 1
+fi
 
 WORK=$(mktemp -d "${TMPDIR:-/tmp}/zor-fresh.XXXXXX")
 FRESH="$WORK/root"

@@ -16,10 +16,10 @@ if [ "$(uname)" = Darwin ]; then
   exit 0
 fi
 
-command -v dpkg-query >/dev/null && command -v apt-get >/dev/null || {
-  echo "install-deps.sh: this Linux has no apt-get; install by hand: CMake, Ninja, a C++20 compiler, Qt 6 (>= 6.4) base development files, nlohmann-json, Xvfb, xdotool, ImageMagick" >&2
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+  echo "install-deps.sh: this Linux has no apt-get; install by hand: CMake, Ninja, a C++20 compiler, Qt 6 (>= 6.4) base development files, nlohmann-json, Xvfb, xdotool, ImageMagick, ShellCheck" >&2
   exit 1
-}
+fi
 
 # libFuzzer's runtime belongs to one clang version: the one that stands as clang++ where there is
 # one, else the one Debian's clang package brings.
@@ -34,7 +34,7 @@ step "finding the version of clang" "install the package clang by hand, then try
 major=$(clang_major || true)
 
 packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3
-          xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core
+          xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core shellcheck
           clang libc++-dev libc++abi-dev "libclang-rt-${major:-14}-dev")
 missing=()
 for p in "${packages[@]}"; do

@@ -29,9 +29,10 @@ shoot() { # name, then the keys that close the window
 }
 # The Configure menu, then the item `downs` steps below its top.
 configure_item() {
-  focus_window
+  focus_window "$E2E_WIN"
   eval "$(xdotool getwindowgeometry --shell "$E2E_WIN")"
   xdotool mousemove $((X + 125)) $((Y + 8)) click 1; sleep 0.5
+  # shellcheck disable=SC2046 # one key name per word
   xdotool key $(printf 'Down %.0s' $(seq "$1")) Return
 }
 cancel() { xdotool mousemove "$1" "$2" click 1; }
@@ -40,7 +41,7 @@ at() { eval "$(xdotool getwindowgeometry --shell "$(dialog)")"; cancel $((X + $1
 send_keys ctrl+p
 wait_until 30 dialog >/dev/null; sleep 0.5
 at 60 81 # the row of P02: its choice shows below the list
-shoot switch xdotool key Escape 0 0   # 00: back to P00 closes the window; P01 stays for the rest
+shoot switch xdotool key 0 0   # 00: back to P00 closes the window; P01 stays for the rest
 send_keys ctrl+1
 configure_item 5
 shoot new at 340 364

@@ -408,7 +408,8 @@ private slots:
     void osMajorRemembersOnlyAnAnswer() {
         FakeTools tools;
         GeneralMethods::forgetVersionOS_Major();
-        QList<int> majors{GeneralMethods::VersionOS_Major()}; // no sw_vers at all
+        tools.remove("sw_vers"); // not there at all, though the Mac's own stands later on PATH
+        QList<int> majors{GeneralMethods::VersionOS_Major()};
         // No version in its answer, a version from a run that failed, then one to remember.
         for (const auto& [answer, exit] : {std::pair{"\n", "0"}, {"14.6.1\n", "1"}, {"14.6.1\n", "0"}, {"15.0\n", "0"}}) {
             tools.setAnswer("sw_vers", answer);

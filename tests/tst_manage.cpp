@@ -55,7 +55,7 @@ private slots:
              {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
             item->trigger();
         QCOMPARE(dialogs->titles(),
-                 QStringList({"ZOR Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
+                 QStringList({"Switch Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
     }
 
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
@@ -99,7 +99,7 @@ private slots:
         ZOR::DP[2].s_WinTitle = "Writing";
         winSwitchPalette w;
         w.show();
-        QCOMPARE(QStringList({w.labCurrentAlias->text(), w.windowTitle()}) + rows(w.lbPalette), QStringList({"Original", "ZOR Palette", "P00:0", "P02:2", "P03:3"}));
+        QCOMPARE(QStringList({w.labCurrentAlias->text(), w.windowTitle()}) + rows(w.lbPalette), QStringList({"Original", "Switch Palette", "P00:0", "P02:2", "P03:3"}));
         QVERIFY(!w.pbOK->isEnabled());
         pressRow(w.lbPalette, 1);
         QCOMPARE(QStringList({w.labChoiceName->text(), w.labChoiceAlias->text(), w.labChoiceTitle->text()}),

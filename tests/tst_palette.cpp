@@ -1,6 +1,12 @@
 // The palette window at work: painting, clicks, keys, menus, switching, the bar, the launchers.
 #include "actions/Launchers.h"
+#include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
+#include "util/MenuBars.h"
+#include "util/Sharp.h"
+
+#include <QElapsedTimer>
+#include <QMimeData>
 
 namespace {
 const QString kEngine = "running:com.stairways.keyboardmaestro.engine";
@@ -24,9 +30,12 @@ class PaletteTest : public WindowTest {
     QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
 
     void click(int index, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers, QPoint(10, 10));
+        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers,
+                          QPoint(10, 10));
     }
-    QColor centre(int index) const { return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32); }
+    QColor centre(int index) const {
+        return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32);
+    }
 
 private slots:
     void windowFollowsTheGrid_data() {
@@ -52,13 +61,17 @@ private slots:
 
     // Of two pictures for a button the later wins; a file that is no picture is told once a run.
     void paintingFollowsPicturesAndButtons() {
-        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{
-                 {"07a.png", Qt::red}, {"07b.png", Qt::blue}, {"x7.png", Qt::green}, {"12.png", Qt::red}, {"99 far out.png", Qt::green}})
+        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{{"07a.png", Qt::red},
+                                                                            {"07b.png", Qt::blue},
+                                                                            {"x7.png", Qt::green},
+                                                                            {"12.png", Qt::red},
+                                                                            {"99 far out.png", Qt::green}})
             home->writeInProgram("ButtonPictures/P00/" + name, picture(64, 64, colour));
         home->writeInProgram("ButtonPictures/P00/10 text.png", "no picture at all");
         winMain& w = startWith(2, 3, 10);
         QCOMPARE(w.hasPicture, QList<int>({7, 7, 12, 99}));
-        QCOMPARE(QList<QColor>({centre(7), centre(12)}), QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
+        QCOMPARE(QList<QColor>({centre(7), centre(12)}),
+                 QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
         const QStringList shown = dialogs->texts();
         QCOMPARE(shown.size(), 1);
         QVERIFY2(shown[0].startsWith("IOException in winMain.RedrawGrid"), qPrintable(shown[0]));
@@ -90,9 +103,10 @@ private slots:
         QTest::addColumn<QString>("message");
         const QStringList km{QString("osascript\t%1/FirePalette.scpt\tP00\t07").arg(resources)};
         const QStringList as{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
-        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
-        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QStringList expected,
-                            QString message = {}, QString system = "12.0") {
+        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist",
+                             "open\tshortcuts://run-shortcut?name=Mail"};
+        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo,
+                            QStringList expected, QString message = {}, QString system = "12.0") {
             QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << system << expected << message;
         };
         row("Keyboard Maestro", "", "", "", km);
@@ -159,7 +173,8 @@ private slots:
         // The engine down: the message, and the window still minimises.
         tools->setAnswer(kEngine, "false");
         click(1);
-        QCOMPARE(dialogs->texts().last(), QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
+        QCOMPARE(dialogs->texts().last(),
+                 QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
         QCOMPARE(w.tiMinimize->interval(), 2000);
         w.tiMinimize_Action();
         QVERIFY2(w.isMinimized() || w.windowState().testFlag(Qt::WindowMinimized), printed(w.windowState()));
@@ -192,24 +207,29 @@ private slots:
 
     // On a grid of 3 rows: the first row and column outside beep, the last inside fire.
     void lettersFireThroughKeyboardMaestro_data() {
-        QTest::addColumn<int>("columns");
+        QTest::addColumn<int>("columns"); // 0: 10, with no Keyboard Maestro Engine running
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("fired"); // empty: a beep
-        QTest::newRow("a is button 00") << 10 << "a" << "00";
-        QTest::newRow("A is button 26") << 10 << "A" << "26";
-        QTest::newRow("a digit") << 10 << "7" << "";
-        QTest::newRow("a letter on a hidden button") << 10 << "c" << "";
-        QTest::newRow("duplicate letter: the lower index") << 10 << "d" << "03";
-        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e" << "04";
-        QTest::newRow("the first row outside") << 10 << "E" << "";
-        QTest::newRow("the first column outside") << 4 << "e" << "";
-        QTest::newRow("the last row and column inside") << 4 << "x" << "23";
+        const auto row = [](const char* name, int columns, const char* key, const char* fired) {
+            QTest::newRow(name) << columns << QString(key) << QString(fired);
+        };
+        row("a is button 00", 10, "a", "00");
+        row("A is button 26", 10, "A", "26");
+        row("a digit", 10, "7", "");
+        row("a letter on a hidden button", 10, "c", "");
+        row("duplicate letter: the lower index", 10, "d", "03");
+        row("an AppleScript button goes to Keyboard Maestro too", 10, "e", "04");
+        row("the first row outside", 10, "E", "");
+        row("the first column outside", 4, "e", "");
+        row("the last row and column inside", 4, "x", "23");
+        row("no engine running: nothing handed over", 0, "a", "");
     }
     void lettersFireThroughKeyboardMaestro() {
         QFETCH(int, columns);
         QFETCH(QString, key);
         QFETCH(QString, fired);
-        startWith(1, 3, columns);
+        tools->setAnswer(kEngine, columns == 0 ? "false" : "true");
+        startWith(1, 3, columns == 0 ? 10 : columns);
         button(2).Vis = false;
         program->window()->RedrawGrid();
         button(13).Shortcut = "d";
@@ -217,7 +237,7 @@ private slots:
         button(51).Shortcut = kNoShortcut;
         QTest::keyClicks(program->window(), key);
         const QString fire = QString("osascript\t%1/FirePalette.scpt\tP00\t%2").arg(resources, fired);
-        QTRY_COMPARE(tools->log(), fired.isEmpty() ? QStringList{} : QStringList{fire});
+        QTRY_COMPARE(tools->log().filter("FirePalette"), fired.isEmpty() ? QStringList{} : QStringList{fire});
         QCOMPARE(dialogs->beeps(), fired.isEmpty() ? 1 : 0);
         QCOMPARE(dialogs->texts(), QStringList{});
     }
@@ -265,14 +285,53 @@ private slots:
         // No change to the active palette, a freed one or one past the last; an alias found in any case.
         for (int p : {2, 1, 12})
             ZOR::ChangeToPalette(p);
-        const QString none = "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
-        QCOMPARE(dialogs->texts(),
-                 QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
-                              none.arg("01"), none.arg("12")}));
+        const QString none =
+            "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
+        QCOMPARE(
+            dialogs->texts(),
+            QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
+                         none.arg("01"), none.arg("12")}));
         QCOMPARE(ZOR::IndexFromAlias("MAIL TOOLS"), 2);
         QCOMPARE(ZOR::IndexFromAlias("nobody"), -1);
         QVERIFY(!ZOR::IsPaletteExistant(-1));
         QVERIFY(!ZOR::IsPaletteExistant(100));
+    }
+
+    // The menu bar stands in the palette window, or, where the platform's bar is the Mac's, at the
+    // top of the screen owned by no window; there each window of the menus that has text fields
+    // carries an Edit menu of its own, which Qt shows while that window is in front.
+    void menuBarsFollowThePlatform_data() {
+        QTest::addColumn<bool>("global");
+        QTest::addColumn<QStringList>("withEditMenu"); // the windows of the menus that have one
+        QTest::newRow("in the window") << false << QStringList();
+        QTest::newRow("at the top of the screen")
+            << true << QStringList{"winConstruct", "winNewPalette", "winChangeAlias", "winAboutBox"};
+    }
+    void menuBarsFollowThePlatform() {
+        QFETCH(bool, global);
+        QFETCH(QStringList, withEditMenu);
+        MenuBars::setGlobalForTesting(global);
+        const auto platformAgain = qScopeGuard([] { MenuBars::setGlobalForTesting(std::nullopt); });
+        winMain& w = startWith(2);
+        const MainMenuBar& bar = *w.mainMenuBar;
+        QCOMPARE(bar.parent() == &w, !global);
+        QCOMPARE(w.menuBar() == &bar, !global);
+        QStringList found, items;
+        dialogs->onWindow = [&](QDialog& window) {
+            const QMenuBar* own = window.findChild<QMenuBar*>();
+            if (!own) return;
+            found << window.objectName();
+            items.clear();
+            for (const QAction* item : own->findChild<QMenu*>("EditMenu")->actions())
+                items << item->text() + ' ' + item->shortcut().toString();
+        };
+        for (QAction* item : {bar.miSwitchPalette, bar.miConstruct, bar.miNewPalette, bar.miRenamePalette,
+                              bar.miDeletePalette, bar.miHelpAbout})
+            item->trigger();
+        QCOMPARE(found, withEditMenu);
+        if (global)
+            QCOMPARE(items, QStringList({"&Undo Ctrl+Z", " ", "Cu&t Ctrl+X", "&Copy Ctrl+C", "&Paste Ctrl+V",
+                                         "&Delete ", " ", "Select &All Ctrl+A"}));
     }
 
     void barTellsTheKind_data() {
@@ -308,8 +367,9 @@ private slots:
         QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
         w.cnBut_MouseExit(60);
-        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-                 QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(
+            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+            QStringList({"#feff96", "Original", "P00", ""}));
         QVERIFY(dialogs->texts().isEmpty());
     }
 
@@ -318,14 +378,21 @@ private slots:
         QTest::addColumn<QString>("tip");
         QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
         QTest::addColumn<bool>("small");    // drawn at size 10
-        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
-        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
-        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
-        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
+        QTest::newRow("one column has no room") << 1 << "Mail"
+                                                << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << ""
+                                        << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << ""
+                                      << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail"
+                                                      << "Mail" << true;
         QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
-        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
-        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
-        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
+        QTest::newRow("narrow, one long word")
+            << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious"
+                                                << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail"
+                                               << "Open the mail" << false;
         QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
     }
     void tipFitsTheWidth() {
@@ -350,6 +417,275 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList());
     }
 
+    // The pictures the program ships are drawn from sources at twice their size: at ratio 2 on a
+    // Retina screen, halved smoothly elsewhere.
+    void shippedPicturesFollowTheScreen_data() {
+        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<int>("scale"); // the device pixel ratio of the pictures
+        QTest::newRow("Retina") << qreal(2) << 2;
+        QTest::newRow("Retina at 1.5") << qreal(1.5) << 2;
+        QTest::newRow("not Retina") << qreal(1) << 1;
+    }
+    void shippedPicturesFollowTheScreen() {
+        QFETCH(qreal, ratio);
+        QFETCH(int, scale);
+        Sharp::setRatioForTesting(ratio);
+        const auto screenAgain = qScopeGuard([] { Sharp::setRatioForTesting(std::nullopt); });
+        winMain& w = startWith(1);
+        QStringList seen;
+        dialogs->onWindow = [&](QDialog& window) {
+            for (const char* name : {"cnvKM", "cnvAS", "cnvSC"}) {
+                const QPixmap shown = window.findChild<QLabel*>(name)->pixmap();
+                seen << QString("%1 %2x%3 @%4")
+                            .arg(name)
+                            .arg(shown.width())
+                            .arg(shown.height())
+                            .arg(shown.devicePixelRatio());
+            }
+        };
+        w.mainMenuBar->miConstruct->trigger();
+        const QString size = QString::number(24 * scale);
+        const QString at = size + 'x' + size + " @" + QString::number(scale);
+        QCOMPARE(seen, QStringList({"cnvKM " + at, "cnvAS " + at, "cnvSC " + at}));
+        const QPixmap about = Sharp::pixmap(":/about/AppIcon128.png", QSize(64, 64));
+        QCOMPARE(about.size(), QSize(64, 64) * scale);
+        QCOMPARE(about.devicePixelRatio(), scale);
+    }
+
+    // A first start tells in the bar where to begin, until a button of its palette does something.
+    void firstStartTellsWhereToBegin_data() {
+        QTest::addColumn<QString>("change"); // what the user did before the pointer left a button
+        QTest::addColumn<QString>("resting");
+        const QString hint = "To begin, design this palette: Configure >> Grid Construct";
+        QTest::newRow("nothing yet") << "" << hint;
+        QTest::newRow("a letter is no design") << "letter" << hint;
+        QTest::newRow("a macro button") << "macro"
+                                        << "Original";
+        QTest::newRow("a tip") << "tip"
+                               << "Original";
+        QTest::newRow("a second palette") << "palette"
+                                          << "Original";
+    }
+    void firstStartTellsWhereToBegin() {
+        QFETCH(QString, change);
+        winMain& w = program->start(); // no data file: a first start
+        QCOMPARE(w.labTip->text(), "To begin, design this palette: Configure >> Grid Construct");
+        if (change == "letter") button(5).Shortcut = "q";
+        if (change == "macro") button(5).KM_Active = true;
+        if (change == "tip") button(5).Tip = "Mail";
+        if (change == "palette") ZOR::CreateNewPalette("Second"), ZOR::ChangeToPalette(0);
+        w.cnBut_MouseEnter(5);
+        w.cnBut_MouseExit(5);
+        QTEST(w.labTip->text(), "resting");
+    }
+
+    // A right-click, or Control-click on either platform, opens the button's menu and fires nothing;
+    // Command-click on the Mac and a plain click fire. The Mac sends Control-click as a right-button
+    // press with Meta (its Control) held.
+    void buttonMenuOpensOnRightOrControlClick_data() {
+        QTest::addColumn<bool>("mac");
+        QTest::addColumn<Qt::MouseButton>("mouse");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<bool>("menu"); // else the button fires
+        QTest::newRow("right-click") << false << Qt::RightButton << Qt::KeyboardModifiers() << true;
+        QTest::newRow("Control-click, elsewhere")
+            << false << Qt::LeftButton << Qt::KeyboardModifiers(Qt::ControlModifier) << true;
+        QTest::newRow("Control-click, as the Mac sends it")
+            << true << Qt::RightButton << Qt::KeyboardModifiers(Qt::MetaModifier) << true;
+        QTest::newRow("Command-click on the Mac fires")
+            << true << Qt::LeftButton << Qt::KeyboardModifiers(Qt::ControlModifier) << false;
+        QTest::newRow("a plain click fires") << false << Qt::LeftButton << Qt::KeyboardModifiers() << false;
+    }
+    void buttonMenuOpensOnRightOrControlClick() {
+        QFETCH(bool, mac);
+        QFETCH(Qt::MouseButton, mouse);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(bool, menu);
+        MenuBars::setGlobalForTesting(mac);
+        const auto platformAgain = qScopeGuard([] { MenuBars::setGlobalForTesting(std::nullopt); });
+        winMain& w = startWith(1);
+        tools->setAnswer(kEngine, "true");
+        button(7).KM_Active = true;
+        cnBut* canvas = w.cnButs[7];
+        const QColor atRest = centre(7);
+        QTest::mousePress(canvas, mouse, modifiers, QPoint(10, 10));
+        QCOMPARE(centre(7) != atRest, !menu); // pressed: drawn darker while the mouse is down
+        if (!menu) QCOMPARE_LT(centre(7).lightness(), atRest.lightness());
+        QTest::mouseRelease(canvas, mouse, modifiers, QPoint(10, 10));
+        QCOMPARE(centre(7), atRest);
+        QTRY_COMPARE(tools->log().filter("FirePalette").size(), menu ? 0 : 1);
+        QCOMPARE(w.buttonMenu && w.buttonMenu->isVisible(), menu);
+        if (!menu) return;
+        QStringList items;
+        for (const QAction* item : w.buttonMenu->actions())
+            items << item->text();
+        QCOMPARE(items, QStringList({"Edit Button…", "Choose Picture…"}));
+        QCOMPARE(w.menuButton, 7);
+        w.buttonMenu->close();
+    }
+
+    void editButtonOpensGridConstructOnThatButton() {
+        winMain& w = startWith(1);
+        w.cnBut_Menu(23, w.cnButs[23]->mapToGlobal(QPoint(5, 5)));
+        QString opened;
+        dialogs->onWindow = [&](QDialog& window) {
+            opened = window.objectName() + ' ' + window.findChild<QLabel*>("labID")->text();
+        };
+        w.buttonMenu->findChild<QAction*>("miEditButton")->trigger();
+        QCOMPARE(opened, "winConstruct 23");
+        QCOMPARE(ZOR::idxCurrentBtn, 23);
+    }
+
+    // A picture of any size, dropped on a button or chosen from its menu, becomes the button's
+    // picture as a 64 px copy named by the button; the file itself is left as it was.
+    void buttonTakesAPicture_data() {
+        QTest::addColumn<bool>("dropped"); // else chosen
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("shown"); // the message, if any
+        QTest::newRow("dropped") << true << picture(512, 512, Qt::blue) << "";
+        QTest::newRow("chosen") << false << picture(512, 300, Qt::blue) << "";
+        QTest::newRow("not a picture")
+            << true << QByteArray("plain words") << "The chosen file is supposed to be a picture.";
+    }
+    void buttonTakesAPicture() {
+        QFETCH(bool, dropped);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, shown);
+        winMain& w = startWith(1);
+        const QString file = home->write("Desktop/My Holiday.photo.png", content);
+        if (dropped) {
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(file)});
+            QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(w.cnButs[7], &enter);
+            QVERIFY(enter.isAccepted());
+            QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(w.cnButs[7], &drop);
+        } else {
+            w.cnBut_Menu(7, QPoint(5, 5));
+            dialogs->queueFile(file);
+            w.buttonMenu->findChild<QAction*>("miChoosePicture")->trigger();
+            QCOMPARE(dialogs->titles().value(0), "Choose Picture for Button 07");
+        }
+        QCOMPARE(readAll(file), content);
+        const QString folder = home->programFolder() + "/ButtonPictures/P00";
+        if (!shown.isEmpty()) {
+            QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList{shown});
+            QCOMPARE(namesIn(folder), QStringList());
+            return;
+        }
+        QCOMPARE(namesIn(folder), QStringList({"07 My Holiday_photo.png"}));
+        QCOMPARE(QImage(folder + "/07 My Holiday_photo.png").size(), QSize(64, 64));
+        QCOMPARE(centre(7), QColor(Qt::blue));
+        QCOMPARE(w.hasPicture, QList<int>({7}));
+    }
+
+    // A hand-edited data file may hold a tip or an Info of 50 MB: the hover and the Info window show
+    // its beginning at once, and the button keeps the whole text.
+    void hugeTextsShowTheirBeginningAtOnce_data() {
+        QTest::addColumn<bool>("info"); // else the tip
+        QTest::newRow("a tip on hover") << false;
+        QTest::newRow("an Info by Option-click") << true;
+    }
+    void hugeTextsShowTheirBeginningAtOnce() {
+        QFETCH(bool, info);
+        winMain& w = startWith(1);
+        // Unit 5,000, where the Info window cuts, is the first half of an emoji.
+        const QString huge = "x" + QString::fromUtf8("😀 Word").repeated(50 * 1024 * 1024 / 7);
+        (info ? button(4).Info : button(4).Tip) = huge;
+        QElapsedTimer took;
+        took.start();
+        if (info)
+            click(4, Qt::AltModifier);
+        else
+            w.cnBut_MouseEnter(4);
+        QCOMPARE_LT(took.elapsed(), 500); // it took minutes; a few dozen ms now, more under a sanitizer
+        const QString shown = info ? dialogs->texts().value(0) : w.labTip->text();
+        const QString ending =
+            info ? QString::fromUtf8(
+                       "…\n\n(This text is too long to show whole: only its beginning is shown here.)")
+                 : QString::fromUtf8("…");
+        QVERIFY2(shown.endsWith(ending) && huge.startsWith(shown.chopped(ending.size())),
+                 qPrintable(shown.right(80)));
+        QVERIFY(!shown.chopped(ending.size()).back().isHighSurrogate());
+        QCOMPARE_LT(shown.size(), 5100);
+        QCOMPARE((info ? button(4).Info : button(4).Tip).size(), huge.size());
+    }
+
+    // Keyboard Maestro types Cmd+P and two digits at once: the digits reach the switch window in the
+    // order typed, also those the system still hands to the palette window.
+    void typedDigitsReachTheSwitchWindow_data() {
+        QTest::addColumn<QString>("keys"); // "\x1b" is Escape
+        QTest::addColumn<int>("active");
+        QTest::addColumn<bool>("closed");
+        QTest::newRow("1 2 lands on P12") << "12" << 12 << true;
+        QTest::newRow("2 1 lands on P21") << "21" << 21 << true;
+        QTest::newRow("Escape closes and switches nothing") << "1\x1b" << 0 << true;
+        QTest::newRow("Cmd+1 behind it switches nothing") << "" << 0 << false;
+    }
+    void typedDigitsReachTheSwitchWindow() {
+        QFETCH(QString, keys);
+        winMain& palette = startWith(22);
+        winSwitchPalette w;
+        w.show();
+        if (keys.isEmpty()) QTest::keyClick(&palette, Qt::Key_1, Qt::ControlModifier);
+        for (QChar key : keys)
+            QTest::keyClick(&palette, key == '\x1b' ? Qt::Key_Escape : Qt::Key(key.unicode()));
+        QTEST(int(ZOR::idxCP), "active");
+        QTEST(!w.isVisible(), "closed");
+        QCOMPARE(dialogs->texts(), QStringList());
+        QCOMPARE(dialogs->beeps(), 0);
+    }
+
+    // Run as the menu runs it: the menus are shut while it is open, and open again after.
+    void switchWindowShutsTheMenus() {
+        winMain& palette = startWith(2);
+        QList<bool> menusOpen;
+        winSwitchPalette w;
+        QList<QAction*> menus = palette.mainMenuBar->actions(); // but the hidden File menu
+        menus.removeOne(palette.mainMenuBar->FileMenu->menuAction());
+        QTimer::singleShot(0, &w, [&] {
+            for (QAction* menu : menus)
+                menusOpen << menu->isEnabled();
+            QTest::keyClick(&palette, Qt::Key_Escape);
+        });
+        QCOMPARE(w.exec(), int(QDialog::Rejected));
+        QVERIFY(!menusOpen.contains(true));
+        QCOMPARE(menusOpen.size(), 4);
+        for (QAction* menu : menus)
+            QVERIFY2(menu->isEnabled(), qPrintable(menu->text()));
+        QCOMPARE(w.windowTitle(), "Switch Palette");
+    }
+
+    // An alias or title longer than its label is cut at its end with "…" and shown whole as the tooltip.
+    void switchWindowFitsLongAliases_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<bool>("cut");
+        QTest::newRow("short") << "Mail" << false;
+        QTest::newRow("long, with emoji")
+            << QString::fromUtf8("Photoshop Actions Set 2 \xF0\x9F\x93\xB8 for the quarterly "
+                                 "reports of the northern region \xF0\x9F\x8E\xA8")
+            << true;
+    }
+    void switchWindowFitsLongAliases() {
+        QFETCH(QString, alias);
+        QFETCH(bool, cut);
+        startWith(2);
+        ZOR::DP[0].s_Alias = ZOR::paleAlias = ZOR::DP[1].s_Alias = ZOR::DP[1].s_WinTitle = alias;
+        winSwitchPalette w;
+        w.show();
+        pressRow(w.lbPalette, 1);
+        for (QLabel* label : {w.labCurrentAlias, w.labChoiceAlias, w.labChoiceTitle}) {
+            const QString text = label->text();
+            QCOMPARE(text == alias, !cut);
+            QCOMPARE(label->toolTip(), cut ? alias : QString());
+            QVERIFY2(alias.startsWith(cut ? text.chopped(1) : text), qPrintable(text)); // no half emoji
+            QCOMPARE(text.endsWith(QString::fromUtf8("…")), cut);
+            QCOMPARE_LE(label->fontMetrics().horizontalAdvance(text), label->width());
+        }
+        QCOMPARE(w.lbPalette->topLevelItem(1)->toolTip(1), alias);
+    }
+
     // Without and with ".scpt": only the first full stop counts, and a "$" before it ends the name.
     // A script is found in the scripts folder only, with its case as on disk.
     void scriptNames() {
@@ -360,8 +696,9 @@ private slots:
                                      "a|a.scpt", "x|x.scpt"}));
         home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home->writeInProgram("Old.scpt", "x");
-        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
-                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+        QCOMPARE(
+            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
     }
 
     void shortcutRuns_data() {
@@ -386,7 +723,7 @@ private slots:
         tools->setAnswer("open.exit", QString::number(openExit));
         ZOR::FireSC(name);
         QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
-                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+                                   (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
         QTEST(dialogs->texts(), "messages");
     }
 

@@ -57,4 +57,11 @@ void MenuTable::install(winMain& window) {
     for (qint64 k = 0; k < qint64(bar.miPalette.size()); ++k) // P00 to P09, Cmd+0 to Cmd+9
         table.append({bar.miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); }});
     window.AddMenuHandlers(table);
+    // A button's own menu: Grid Construct opened on that button, and the palette drawn anew after it.
+    window.editButton = [&window](int button) {
+        winConstruct design(&window);
+        design.GridClicked(button);
+        Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
+        window.follow();
+    };
 }

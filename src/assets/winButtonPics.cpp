@@ -13,6 +13,7 @@
 #include "util/FileTypes.h"
 #include "util/Fonts.h"
 #include "util/Guard.h"
+#include "util/MenuBars.h"
 #include "util/StdFolders.h"
 #include "util/ZorError.h"
 
@@ -55,12 +56,6 @@ void fill(QTreeWidget* list, const QStringList& rows) {
         items << new QTreeWidgetItem(QStringList{row});
     list->addTopLevelItems(items);
 }
-
-#ifdef Q_OS_MACOS
-constexpr Qt::KeyboardModifier kControlKey = Qt::MetaModifier;
-#else
-constexpr Qt::KeyboardModifier kControlKey = Qt::ControlModifier;
-#endif
 } // namespace
 
 winButtonPics::winButtonPics(QWidget* parent)
@@ -390,7 +385,7 @@ void winButtonPics::pbDone_Pressed() {
 
 void winButtonPics::pbHelpButGraphics_Pressed(Qt::KeyboardModifiers modifiers) {
     Guard::run(pressed("pbHelpButGraphics"), [&] {
-        if (!(modifiers & kControlKey)) Help::ShowHelp(40);
+        if (!(modifiers & MenuBars::controlKey())) Help::ShowHelp(40);
     });
 }
 

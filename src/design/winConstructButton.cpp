@@ -8,6 +8,7 @@
 #include "store/ZOR.h"
 #include "util/Dialogs.h"
 #include "util/RtrnString.h"
+#include "util/Sharp.h"
 #include "util/StringUtils.h"
 
 #include "util/Characters.h"
@@ -32,8 +33,7 @@ constexpr int kTipCut = 80, kInfoCut = 2000;
 
 QLabel* kindIcon(QWidget* parent, const char* name, const QString& picture, int top) {
     auto* icon = make<QLabel>(parent, name, QRect(612, top, 24, 24));
-    icon->setPixmap(QPixmap(":/design/" + picture + ".png"));
-    icon->setScaledContents(true);
+    icon->setPixmap(Sharp::pixmap(":/design/" + picture + ".png", QSize(24, 24))); // 48 px: sharp at 2x
     return icon;
 }
 

@@ -5,6 +5,7 @@
 #include "help/WindowFit.h"
 #include "util/Dialogs.h"
 #include "util/Guard.h"
+#include "util/Sharp.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -23,6 +24,7 @@ const QString winAboutBox::kHomePage = QStringLiteral("https://lunvale.net/zor-p
 namespace {
 const QString kWindow = QStringLiteral("winAboutBox");
 const QString kPicture64 = QStringLiteral(":/about/AppIcon64.png");
+const QString kPicture128 = QStringLiteral(":/about/AppIcon128.png"); // the same at 2x
 
 const QString kCredits = QStringLiteral(
     "ZOR_Palette is free to use and free to pass on to others, as long as it is passed on whole "
@@ -118,7 +120,7 @@ winAboutBox::winAboutBox(QWidget* parent)
 
 void winAboutBox::Icon64_Paint(QPainter& g) {
     Guard::run(Guard::Where::controlEvent(kWindow, QStringLiteral("Icon64"), QStringLiteral("Paint")),
-               [&] { g.drawPixmap(Icon64->rect(), QPixmap(kPicture64)); });
+               [&] { g.drawPixmap(Icon64->rect().topLeft(), Sharp::pixmap(kPicture128, Icon64->size())); });
 }
 
 void winAboutBox::pbDone_Pressed() {
@@ -198,6 +200,7 @@ QDate winAboutBox::buildDate() {
 QIcon applicationIcon() {
     QIcon icon;
     icon.addFile(kPicture64, QSize(64, 64));
+    icon.addFile(kPicture128, QSize(128, 128));
     return icon;
 }
 

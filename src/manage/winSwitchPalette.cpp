@@ -7,16 +7,21 @@
 #include "util/Guard.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeWidget>
 
 namespace {
 const QString kWindow = QStringLiteral("winSwitchPalette");
-Guard::Where windowEvent(const char* event) { return Guard::Where::windowEvent(kWindow, event); }
+Guard::Where windowEvent(const char* event) {
+    return Guard::Where::windowEvent(kWindow, event);
+}
 Guard::Where controlEvent(const char* control, const char* event) {
     return Guard::Where::controlEvent(kWindow, control, event);
 }
@@ -27,6 +32,58 @@ QLabel* label(QWidget* parent, const char* name, const QString& text, const QRec
     l->setGeometry(geometry);
     return l;
 }
+
+// A user's text where the label has room for it, else cut at its end with "…" and shown whole in
+// the label's tooltip.
+void showFitted(QLabel* label, const QString& text) {
+    const QString shown = label->fontMetrics().elidedText(text, Qt::ElideRight, label->width());
+    label->setText(shown);
+    label->setToolTip(shown == text ? QString() : text);
+}
+
+// What reaches the program's other windows while this one is open: taken as this window's keys, or
+// refused as Qt refuses input behind a modal window.
+bool isInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The menus stay shut while this window is open, as behind any modal window (on the Mac, the bar at
+// the top of the screen would otherwise stay live).
+class MenusShut {
+public:
+    MenusShut() {
+        for (QWidget* widget : QApplication::allWidgets())
+            if (auto* bar = qobject_cast<QMenuBar*>(widget))
+                for (QAction* menu : bar->actions())
+                    if (menu->isEnabled()) {
+                        menu->setEnabled(false);
+                        shut.append(menu);
+                    }
+    }
+    ~MenusShut() {
+        for (const QPointer<QAction>& menu : shut)
+            if (menu) menu->setEnabled(true);
+    }
+    MenusShut(const MenusShut&) = delete;
+    MenusShut& operator=(const MenusShut&) = delete;
+
+private:
+    QList<QPointer<QAction>> shut;
+};
 
 bool isModifierOnly(int key) {
     switch (key) {
@@ -47,7 +104,6 @@ bool isModifierOnly(int key) {
 winSwitchPalette::winSwitchPalette(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
     setObjectName(kWindow);
-    setModal(true);
     resize(280, 500);
     setMinimumSize(280, 500);
     setMaximumSize(280, 800);
@@ -87,7 +143,7 @@ winSwitchPalette::winSwitchPalette(QWidget* parent)
     pbCancel = WindowFit::pushButton(this, "pbCancel", "Cancel", {110, 456, 70, 28});
     pbOK = WindowFit::pushButton(this, "pbOK", "OK", {190, 456, 70, 28});
     pbOK->setEnabled(false);
-    // Return and Escape are keys like any other here: they clear a pending digit.
+    // Return is a key like any other here: it clears a pending digit. Escape closes the window.
     pbOK->setAutoDefault(false);
     pbCancel->setAutoDefault(false);
     pbHelpSwiPal = HelpButton::make(this, "pbHelpSwiPal", 4, kWindow);
@@ -99,7 +155,7 @@ winSwitchPalette::winSwitchPalette(QWidget* parent)
 
     anchors.toAllSides(lbPalette);
     for (QWidget* w : std::initializer_list<QWidget*>{labChoiceTitle, labChoiceName, labChoiceAlias, labType,
-                                                       pbCancel, pbOK})
+                                                      pbCancel, pbOK})
         anchors.toLowerRight(w);
 
     connect(lbPalette, &QTreeWidget::itemPressed, this, [this](QTreeWidgetItem* item, int column) {
@@ -113,7 +169,9 @@ winSwitchPalette::winSwitchPalette(QWidget* parent)
     Event_Opening();
 }
 
-winSwitchPalette::~winSwitchPalette() { qApp->removeEventFilter(this); }
+winSwitchPalette::~winSwitchPalette() {
+    qApp->removeEventFilter(this);
+}
 
 void winSwitchPalette::Event_Opening() {
     Guard::run(windowEvent("Opening"), [this] {
@@ -126,20 +184,49 @@ void winSwitchPalette::Event_Opening() {
             if (slot.s_Alias == kNoShortcut) continue;
             auto* row = new QTreeWidgetItem(lbPalette, {slot.s_Name, slot.s_Alias});
             row->setData(0, Qt::UserRole, qint64(i));
+            row->setToolTip(1, slot.s_Alias); // the list cuts a long alias with "…"
         }
-        setWindowTitle(ZOR::paleWinTitle);
+        setWindowTitle("Switch Palette");
         firstTyped.clear();
         labType->clear();
-        labCurrentAlias->setText(ZOR::paleAlias);
+        showFitted(labCurrentAlias, ZOR::paleAlias);
     });
 }
 
+int winSwitchPalette::exec() {
+    // Keyboard Maestro types Cmd+P and the digits at once; the system hands them to the palette window
+    // until this window has the focus, and Qt drops the keys of a window that a modal one blocks. So
+    // this window is shown without Qt's modality, takes every key the program receives in the order
+    // they come, and refuses the other windows' input itself.
+    setWindowModality(Qt::NonModal);
+    const MenusShut menus;
+    show();
+    raise();
+    activateWindow();
+    QEventLoop loop;
+    connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+    if (isVisible()) loop.exec(QEventLoop::DialogExec);
+    return result();
+}
+
 bool winSwitchPalette::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return false;
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || (widget != this && !isAncestorOf(widget))) return false;
+    if (!widget || !isVisible() || !isInput(event->type())) return false;
+    const bool ours = widget == this || isAncestorOf(widget);
+    // A message this window shows is modal over it, and its input is its own.
+    if (!ours && (QApplication::activeModalWidget() || QApplication::activePopupWidget())) return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        // No menu item answers its keys behind this window: each key comes here as a key press.
+        event->accept();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) return !ours;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (isModifierOnly(key->key())) return false;
+    if (isModifierOnly(key->key())) return !ours;
+    if (key->key() == Qt::Key_Escape) {
+        pbCancel_Pressed();
+        return true;
+    }
     const bool commanded = key->modifiers() & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier);
     return Event_KeyDown(commanded ? QString() : key->text());
 }
@@ -176,12 +263,12 @@ void winSwitchPalette::lbPalette_CellPressed(int row, int) {
     Guard::run(controlEvent("lbPalette", "CellPressed"), [&] {
         const QTreeWidgetItem* item = lbPalette->topLevelItem(row);
         if (!item) return;
-        labChoiceAlias->setText(item->text(1));
         // The row knows its slot: aliases of a hand-edited file may repeat.
         choice = item->data(0, Qt::UserRole).toLongLong();
         const PaletteDict& slot = ZOR::DP[size_t(choice)];
+        showFitted(labChoiceAlias, slot.s_Alias);
         labChoiceName->setText(slot.s_Name);
-        labChoiceTitle->setText(slot.s_WinTitle);
+        showFitted(labChoiceTitle, slot.s_WinTitle);
         if (choice != ZOR::idxCP) {
             pbOK->setEnabled(true);
         } else {

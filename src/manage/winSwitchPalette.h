@@ -30,6 +30,9 @@ public:
     QPushButton* pbHelpSwiPal;
     QTimer* tiBothDigits;
 
+    // Runs the window until it closes, as a modal window does; see the definition for why it is not one.
+    int exec() override;
+
     void Event_Opening();
     bool Event_KeyDown(const QString& key); // true: the key was consumed
     void lbPalette_CellPressed(int row, int column);
@@ -38,7 +41,7 @@ public:
     void tiBothDigits_Action();
 
 protected:
-    // Keys are heard here whatever control has the focus, before that control sees them.
+    // Keys are heard here whatever control or window has the focus, before that control sees them.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

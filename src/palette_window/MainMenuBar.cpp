@@ -1,11 +1,8 @@
 #include "palette_window/MainMenuBar.h"
 
+#include "util/MenuBars.h"
 #include "util/StringUtils.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
 #include <QMenu>
 
 QAction* MainMenuBar::item(QMenu* menu, const char* name, const QString& text, const QKeySequence& shortcut) {
@@ -18,23 +15,6 @@ QAction* MainMenuBar::item(QMenu* menu, const char* name, const QString& text, c
 namespace {
 // Qt's Ctrl is the Command key on the Mac.
 QKeySequence cmd(Qt::Key key) { return QKeySequence(Qt::CTRL | key); }
-
-// The Edit items act on whichever text control has the focus, in any window.
-void sendToFocus(const char* slot) {
-    if (QWidget* focus = QApplication::focusWidget()) QMetaObject::invokeMethod(focus, slot);
-}
-
-// Delete takes away the selection only, as on the Mac; the text controls' own clear() empties them.
-void deleteSelection() {
-    QWidget* focus = QApplication::focusWidget();
-    if (auto* line = qobject_cast<QLineEdit*>(focus)) {
-        if (line->hasSelectedText()) line->del();
-    } else if (auto* plain = qobject_cast<QPlainTextEdit*>(focus)) {
-        plain->textCursor().removeSelectedText();
-    } else if (auto* rich = qobject_cast<QTextEdit*>(focus)) {
-        rich->textCursor().removeSelectedText();
-    }
-}
 } // namespace
 
 MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
@@ -47,21 +27,10 @@ MainMenuBar::MainMenuBar(QWidget* parent) : QMenuBar(parent) {
     FileQuit->setShortcutContext(Qt::ApplicationShortcut);
     FileMenu->menuAction()->setVisible(false);
 
-    EditMenu = addMenu("&Edit");
-    EditMenu->setObjectName("EditMenu");
-    EditUndo = item(EditMenu, "EditUndo", "&Undo", cmd(Qt::Key_Z));
-    EditMenu->addSeparator()->setObjectName("EditSeparator1");
-    EditCut = item(EditMenu, "EditCut", "Cu&t", cmd(Qt::Key_X));
-    EditCopy = item(EditMenu, "EditCopy", "&Copy", cmd(Qt::Key_C));
-    EditPaste = item(EditMenu, "EditPaste", "&Paste", cmd(Qt::Key_V));
-    EditClear = item(EditMenu, "EditClear", "&Delete");
-    EditMenu->addSeparator()->setObjectName("EditSeparator2");
-    EditSelectAll = item(EditMenu, "EditSelectAll", "Select &All", cmd(Qt::Key_A));
-    const std::pair<QAction*, const char*> editing[] = {{EditUndo, "undo"},   {EditCut, "cut"},
-                                                         {EditCopy, "copy"},   {EditPaste, "paste"},
-                                                         {EditSelectAll, "selectAll"}};
-    for (const auto& [action, slot] : editing) connect(action, &QAction::triggered, this, [s = slot] { sendToFocus(s); });
-    connect(EditClear, &QAction::triggered, this, deleteSelection);
+    EditMenu = MenuBars::addEditMenu(*this);
+    const auto edit = [this](const char* name) { return EditMenu->findChild<QAction*>(name); };
+    EditUndo = edit("EditUndo"), EditCut = edit("EditCut"), EditCopy = edit("EditCopy");
+    EditPaste = edit("EditPaste"), EditClear = edit("EditClear"), EditSelectAll = edit("EditSelectAll");
 
     muPalette = addMenu("Palette");
     muPalette->setObjectName("muPalette");

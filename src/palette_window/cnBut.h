@@ -5,7 +5,9 @@
 class winMain;
 
 // One square button of the palette: a canvas with a picture backdrop. Its events go to the
-// window's handlers with the canvas's index.
+// window's handlers with the canvas's index. A right-click, or a click with the Control key on any
+// platform, asks for the button's menu instead of firing it; a file dropped on it is offered as its
+// picture.
 class cnBut : public QWidget {
     Q_OBJECT
 public:
@@ -20,9 +22,12 @@ protected:
     void leaveEvent(QEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseReleaseEvent(QMouseEvent*) override;
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dropEvent(QDropEvent*) override;
 
 private:
     winMain* window;
     int index;
     QPixmap picture;
+    bool pressed = false; // drawn darker while the mouse is down on it
 };

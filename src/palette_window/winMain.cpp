@@ -12,6 +12,7 @@
 #include "util/FileTools.h"
 #include "util/Fonts.h"
 #include "util/Guard.h"
+#include "util/MenuBars.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
 #include "util/ZorError.h"
@@ -37,6 +38,33 @@ Guard::Where menuHandler(const QString& item) {
 const QString kNoActionText = QStringLiteral(
     "This button is not active. To change this, edit it in Grid Construct so either Keyboard Maestro is checked or "
     "AppleScript or Shortcut or Palette Change has been specified.");
+
+// A hand-edited data file may hold texts of any length; the windows show only what they can.
+constexpr qsizetype kTipShown = 1000;   // more than the bar can ever show
+constexpr qsizetype kInfoShown = 5000;  // well above the 2000 Grid Construct lets one type
+
+// The first `count` UTF-16 units of `text`, one fewer where the last would split a character.
+QString leftWhole(const QString& text, qsizetype count) {
+    if (text.size() <= count) return text;
+    if (count > 0 && text.at(count - 1).isHighSurrogate()) --count;
+    return text.left(count);
+}
+
+// A first start: the one palette the program made ("Original"), no button of which does anything
+// yet. Until one does, the bar at rest tells where to begin in place of the palette's alias.
+const QString kFirstStartHint = QStringLiteral("To begin, design this palette: Configure >> Grid Construct");
+bool nothingDesignedYet() {
+    const auto palettes = std::count_if(ZOR::DP.begin(), ZOR::DP.end(),
+                                        [](const PaletteDict& p) { return p.s_Alias != kNoShortcut; });
+    if (palettes != 1 || ZOR::paleAlias != QLatin1String("Original")) return false;
+    return std::none_of(ZOR::aBtn->begin(), ZOR::aBtn->end(), [](const BtnRef& b) {
+        return b->KM_Active || !b->ASfile.isEmpty() || !b->SCname.isEmpty() || !b->PaletteGo.isEmpty() ||
+               !b->Tip.isEmpty() || !b->Info.isEmpty();
+    });
+}
+QString restingTip(const QString& alias) {
+    return nothingDesignedYet() ? kFirstStartHint : alias;
+}
 
 const QColor kBarYellow(0xFE, 0xFF, 0x96);   // at rest, Keyboard Maestro, no action
 const QColor kBarBlue(0xE1, 0xFF, 0xFF);     // Shortcut
@@ -99,14 +127,14 @@ winMain::winMain(QWidget* parent)
     connect(tiWarmAhead, &QTimer::timeout, this, &winMain::tiWarmAhead_Action);
     labSeeNum->installEventFilter(this);
 
-#ifdef Q_OS_MACOS
-    // The application's bar, owned by no window: it stays in place while a modal window is in
-    // front, and its Edit menu serves that window's text fields.
-    mainMenuBar = new MainMenuBar(nullptr);
-#else
-    mainMenuBar = new MainMenuBar(this);
-    setMenuBar(mainMenuBar);
-#endif
+    if (MenuBars::global()) {
+        // The application's bar at the top of the screen, owned by no window.
+        globalMenuBar = std::make_unique<MainMenuBar>(nullptr);
+        mainMenuBar = globalMenuBar.get();
+    } else {
+        mainMenuBar = new MainMenuBar(this);
+        setMenuBar(mainMenuBar);
+    }
     // The File menu is hidden; its Quit (Cmd+Q, Ctrl+Q elsewhere) still answers from the window.
     addAction(mainMenuBar->FileQuit);
     connect(mainMenuBar, &MainMenuBar::aboutToShowAnyMenu, this, &winMain::Event_MenuBarSelected);
@@ -116,9 +144,6 @@ winMain::winMain(QWidget* parent)
 
 winMain::~winMain() {
     if (ZOR::view() == this) ZOR::registerView(nullptr);
-#ifdef Q_OS_MACOS
-    delete mainMenuBar;
-#endif
 }
 
 void winMain::Event_Opening() {
@@ -232,7 +257,7 @@ void winMain::EraseAllPictures() {
 void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
 
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
-    labTip->setText(alias);
+    labTip->setText(restingTip(alias));
     labSeeNum->setText(name);
 }
 
@@ -295,7 +320,7 @@ void winMain::cnBut_MouseEnter(int index) {
 void winMain::cnBut_MouseExit(int) {
     Guard::run(canvasEvent("MouseExit"), [&] {
         setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
-        labTip->setText(ZOR::paleAlias);
+        labTip->setText(restingTip(ZOR::paleAlias));
         QPalette black = labSeeNum->palette();
         black.setColor(QPalette::WindowText, Qt::black);
         labSeeNum->setPalette(black);
@@ -311,7 +336,7 @@ QString winMain::LabTipText(int index) {
         bool narrow = ZOR::numColumns < 4;
         const int top = gridArea->height() - kBarHeight;
         labTip->move(labTip->x(), top);
-        const QString tip = (*ZOR::aBtn)[size_t(index)]->Tip;
+        const QString tip = leftWhole((*ZOR::aBtn)[size_t(index)]->Tip, kTipShown);
         if (tip.isEmpty()) {
             setTipFontSize(0);
             return narrow ? "no tip" : "no tip for this button";
@@ -387,6 +412,9 @@ void winMain::showButtonInformation(int index) {
         Dialogs::message("No Additional Information about this button.");
         return;
     }
+    if (text.size() > kInfoShown)
+        text = leftWhole(text, kInfoShown) +
+               "…\n\n(This text is too long to show whole: only its beginning is shown here.)";
     ZOR::idxCurrentBtn = index;
     AppGlobals::sGlobalMessage = text;
     GeneralMethods::ShowText(text, "Button Information");
@@ -431,7 +459,9 @@ bool winMain::Event_KeyDown(const QString& key) {
         }
         const int row = sID[0].digitValue(), column = sID[1].digitValue();
         const int index = sID.toInt();
-        if (row > ZOR::numRows - 1 || column > ZOR::numColumns - 1 || !cnButs[size_t(index)]->isVisible()) {
+        // Nothing is handed to an engine that is not there to take it: the script would ask.
+        if (row > ZOR::numRows - 1 || column > ZOR::numColumns - 1 || !cnButs[size_t(index)]->isVisible() ||
+            !ZOR::keyboardMaestroEngineRuns()) {
             Dialogs::beep();
             return true;
         }

@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <array>
 #include <functional>
+#include <memory>
 
 class MainMenuBar;
 class QAction;
@@ -15,6 +16,7 @@ class cnBut;
 class labZor;
 class labZorVisible;
 class QLabel;
+class QMenu;
 class QTimer;
 
 // The palette window: the grid of 100 canvases and the information bar at its foot. It is the
@@ -44,6 +46,12 @@ public:
     void cnBut_MouseExit(int index);
     bool cnBut_MouseDown(int index);
     void cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers);
+    // A right-click or Control-click: the button's menu, "Edit Button…" and "Choose Picture…".
+    void cnBut_Menu(int index, const QPoint& where);
+    // A file dropped on a button, or chosen from its menu: a copy becomes the button's picture.
+    void cnBut_TakePicture(int index, const QString& file);
+    // "Edit Button…": Grid Construct opened on that button; the application binds it at start-up.
+    std::function<void(int)> editButton;
     void tiMinimize_Action();
     void tiWarmAhead_Action();
     QString LabTipText(int index);
@@ -73,6 +81,8 @@ public:
     QTimer* tiMinimize = nullptr;
     QTimer* tiWarmAhead = nullptr; // a moment after a redraw: the pictures of the other palettes
     MainMenuBar* mainMenuBar = nullptr;
+    QMenu* buttonMenu = nullptr; // a button's menu; menuButton is the button it was opened on
+    int menuButton = -1;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -86,8 +96,9 @@ private:
     void setTipFontSize(int points); // 0: the system's default size
     void showButtonInformation(int index);
     int menuBarOffset() const;
-    const QFont numberFont, letterFont; // of the canvases' numbers and shortcut letters
-    QRectF numberBox;                   // where a canvas's number stands, measured at the first paint
+    const QFont numberFont, letterFont;         // of the canvases' numbers and shortcut letters
+    QRectF numberBox;                           // where a canvas's number stands, measured at the first paint
+    std::unique_ptr<MainMenuBar> globalMenuBar; // the Mac's bar, which no window owns
     PictureCache pictures;
     QSet<QString> badPictures; // files named like pictures that are none, reported once per run
     QWidget* gridArea = nullptr;

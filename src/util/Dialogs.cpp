@@ -1,5 +1,7 @@
 #include "util/Dialogs.h"
 
+#include "util/MenuBars.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
@@ -35,6 +37,7 @@ void Dialogs::beep() {
 }
 
 Dialogs::Answer Dialogs::exec(QDialog& dialog, Request request) {
+    MenuBars::giveEditMenu(dialog);
     request.dialog = &dialog;
     if (current) return current->answer(request);
     const int result = dialog.exec();

@@ -54,7 +54,8 @@ void message(const QString& text); // the plain message box
 std::unique_ptr<QMessageBox> plainMessageBox(const QString& text);
 void beep();
 // Runs a built modal window, or hands it to the script. Returns the script's answer, or the
-// window's result code in `button` and `accepted` for QDialog::Accepted.
+// window's result code in `button` and `accepted` for QDialog::Accepted. Where the menu bar is the
+// Mac's, a window with text fields first gets its own Edit menu (MenuBars::giveEditMenu).
 Answer exec(QDialog& dialog, Request request);
 // The open-file dialog; empty when cancelled.
 QString openFile(const QString& prompt, const QString& nameFilter, const QString& startFolder);

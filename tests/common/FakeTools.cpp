@@ -4,13 +4,18 @@
 #include <QFile>
 
 namespace {
-const QStringList kDefaultTools{"osascript", "shortcuts", "open"};
+// Every tool the program calls: on a Mac the real ones stand later on PATH, and must never answer.
+const QStringList kDefaultTools{"osascript", "shortcuts", "open", "sw_vers"};
+
+void makeExecutable(const QString& file) {
+    QFile::setPermissions(file, QFile::permissions(file) | QFileDevice::ExeOwner | QFileDevice::ExeUser);
+}
 
 void install(const QString& folder, const QString& tool) {
     const QString target = folder + '/' + tool;
-    if (QFile::exists(target)) return;
+    QFile::remove(target); // also a tool removed before
     QFile::copy(QStringLiteral(ZOR_FAKES_DIR "/fake_tool"), target);
-    QFile::setPermissions(target, QFile::permissions(target) | QFileDevice::ExeOwner | QFileDevice::ExeUser);
+    makeExecutable(target);
 }
 } // namespace
 
@@ -34,4 +39,12 @@ void FakeTools::setAnswer(const QString& key, const QString& text) const {
     if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8());
 }
 
-void FakeTools::remove(const QString& tool) const { QFile::remove(dir.path() + '/' + tool); }
+void FakeTools::remove(const QString& tool) const {
+    // Found on PATH ahead of any real one, yet it cannot be started: its interpreter does not exist.
+    const QString target = dir.path() + '/' + tool;
+    QFile::remove(target);
+    QFile file(target);
+    if (file.open(QIODevice::WriteOnly)) file.write("#!/nonexistent/zor-removed-tool\n");
+    file.close();
+    makeExecutable(target);
+}

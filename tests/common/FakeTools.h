@@ -3,7 +3,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// Fake Mac tools first on PATH for the life of the object: each logs its call and prints its answer.
+// Fake Mac tools first on PATH for the life of the object (osascript, shortcuts, open, sw_vers):
+// each logs its call and prints its answer; without an answer it prints nothing and succeeds.
 class FakeTools {
 public:
     FakeTools();
@@ -11,7 +12,8 @@ public:
     QStringList log() const; // one line per call
     // "running:<bundle id>" answers osascript's check for that application.
     void setAnswer(const QString& key, const QString& text) const;
-    void remove(const QString& tool) const; // the tool is absent
+    // The tool cannot be started, as where it is absent, though a real one stands later on PATH.
+    void remove(const QString& tool) const;
 
 private:
     QString logPath() const { return dir.path() + "/tools.log"; }

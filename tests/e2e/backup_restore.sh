@@ -30,6 +30,7 @@ keys_to "Making PreserveState Backup" Return
 wait_until 30 eval 'ls "$E2E_HOME/Desktop" | grep -q "PreserveStateBU.txt$"' || fail "no backup reached the Desktop"
 keys_to "Making PreserveState Backup" Return
 wait_for_exit
+# shellcheck disable=SC2010 # the names are the program's own stamps
 backup=$(ls "$E2E_HOME/Desktop" | grep -E '^[0-9]{6}_[0-9]{4}PreserveStateBU\.txt$' || true)
 [ -n "$backup" ] || fail "no backup on the Desktop: $(ls -a "$E2E_HOME/Desktop")"
 python3 - "$E2E_HOME/Desktop/$backup" "$E2E_DATA/PreserveState.txt" <<'PY' || fail "the backup or the saved file is not as expected"

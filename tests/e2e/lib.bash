@@ -31,7 +31,8 @@ start_display() {
   Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN}x24" -nolisten tcp 3>"$fdfile" >/dev/null 2>&1 &
   E2E_XVFB=$!
   wait_until 30 grep -q '[0-9]' "$fdfile" || fail "no X server could be started"
-  export DISPLAY=":$(tr -dc 0-9 <"$fdfile")"
+  DISPLAY=":$(tr -dc 0-9 <"$fdfile")"
+  export DISPLAY
   # One answer, kept and read: a second question could meet the hang-up told at start_program.
   local answer="$E2E_HOME/xdpyinfo"
   wait_until 30 eval 'xdpyinfo >"$answer"' || fail "the X server on $DISPLAY does not answer"
@@ -77,6 +78,7 @@ found() {
   for win in $(xdotool search --all --pid "$E2E_PID" --onlyvisible --name "^$1\$" 2>/dev/null || true); do
     [ "$win" != "$E2E_WIN" ] || continue
     xwininfo -id "$win" 2>/dev/null | grep -q 'Override Redirect State: no' || continue
+    # shellcheck disable=SC2034 # read by the tests
     FOUND=$win
     return 0
   done
@@ -92,7 +94,7 @@ focus_window() {
   wait_until 30 has_focus "$win" || fail "window $win did not take the focus"
 }
 
-send_keys() { focus_window; xdotool key "$@"; }
+send_keys() { focus_window "$E2E_WIN"; xdotool key "$@"; }
 
 title_is() { [ "$(xdotool getwindowname "$E2E_WIN" 2>/dev/null)" = "$1" ]; }
 
@@ -105,8 +107,8 @@ wait_for_exit() {
 }
 
 cleanup() {
-  [ -n "${E2E_PID:-}" ] && kill "$E2E_PID" 2>/dev/null || true
-  [ -n "${E2E_XVFB:-}" ] && kill "$E2E_XVFB" 2>/dev/null || true
+  if [ -n "${E2E_PID:-}" ]; then kill "$E2E_PID" 2>/dev/null || true; fi
+  if [ -n "${E2E_XVFB:-}" ]; then kill "$E2E_XVFB" 2>/dev/null || true; fi
   rm -rf "$E2E_HOME"
 }
 trap cleanup EXIT
@@ -143,9 +145,18 @@ PY
 }
 
 # Clicks the centre of button `index` of a palette window of `rows` rows.
-click_button() {
+click_button() { # index, rows of the palette, and the mouse button (1 unless given)
   local index=$1 rows=$2
   eval "$(xdotool getwindowgeometry --shell "$E2E_WIN")"
   local bar=$((HEIGHT - rows * 64 - 30))
-  xdotool mousemove $((X + (index % 10) * 64 + 32)) $((Y + bar + (index / 10) * 64 + 32)) click 1
+  xdotool mousemove $((X + (index % 10) * 64 + 32)) $((Y + bar + (index / 10) * 64 + 32)) click "${3:-1}"
+}
+
+# A popup of the program on screen (a menu: the window manager does not frame it).
+popup_shown() {
+  local win
+  for win in $(xdotool search --all --pid "$E2E_PID" --onlyvisible --name '' 2>/dev/null || true); do
+    xwininfo -id "$win" 2>/dev/null | grep -q 'Override Redirect State: yes' && return 0
+  done
+  return 1
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The program as cmake --install lays it out, at work: a click on a Keyboard Maestro button, a
-# letter key, then Keyboard Maestro's way of switching (Ctrl+P, Cmd+P on the Mac, and two digits,
-# no click), and quit. The installed scripts ran with the right arguments; the store was saved on P12.
+# letter key, a right-click (the button's menu, nothing fired), then Keyboard Maestro's way of
+# switching (Ctrl+P, Cmd+P on the Mac, and two digits, no click), and quit. The installed scripts ran with the right arguments; the store was saved on P12.
 source "$(dirname "$0")/lib.bash"
 build="$(cd "$(dirname "$E2E_BIN")/.." && pwd)"
 prefix="$E2E_HOME/prefix"
@@ -20,13 +20,20 @@ wait_until 30 grep -q 'P00.07' "$log" || fail "the click on button 07 fired noth
 send_keys b
 wait_until 30 grep -q 'P00.01' "$log" || fail "the key b fired nothing"
 fired() { printf 'osascript\t%s/Resources/FirePalette.scpt\tP00\t%s' "$prefix" "$1"; }
-grep -qxF "$(fired 07)" "$log" && grep -qxF "$(fired 01)" "$log" || fail "not the installed script with P00 07, then 01: $(cat "$log")"
+{ grep -qxF "$(fired 07)" "$log" && grep -qxF "$(fired 01)" "$log"; } || fail "not the installed script with P00 07, then 01: $(cat "$log")"
+
+# A right-click opens the button's menu and fires nothing; Escape closes the menu.
+calls=$(wc -l <"$log")
+click_button 7 10 3
+wait_until 30 popup_shown || fail "a right-click on button 07 showed no menu"
+xdotool key Escape
+wait_until 30 eval '! popup_shown' || fail "Escape left the button's menu open"
+[ "$(wc -l <"$log")" = "$calls" ] || fail "the right-click fired: $(cat "$log")"
 
 send_keys ctrl+p
-# The switch window bears the palette's title, as the palette window does, and takes the digits
-# without being brought to the front.
-switch_window() { found "ZOR P00" && E2E_SWITCH=$FOUND; }
-wait_until 30 switch_window || fail "Ctrl+P showed no switch window titled by the palette"
+# The switch window takes the digits without being brought to the front.
+switch_window() { found "Switch Palette" && E2E_SWITCH=$FOUND; }
+wait_until 30 switch_window || fail "Ctrl+P showed no window titled \"Switch Palette\""
 wait_until 30 has_focus "$E2E_SWITCH" || fail "the switch window did not take the focus"
 xdotool key 1 2
 wait_until 30 title_is "Twelve" || fail "1 2 did not switch to P12 (title: $(xdotool getwindowname "$E2E_WIN"))"

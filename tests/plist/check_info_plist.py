@@ -31,6 +31,9 @@ expect(str(info.get("LSApplicationCategoryType", "")).startswith("public.app-cat
 # Without a usage text, macOS refuses the program's Apple events without asking the user.
 usage = info.get("NSAppleEventsUsageDescription", "")
 expect("Keyboard Maestro Engine" in usage and usage.endswith("."), f"Apple events usage text: {usage!r}")
+# The Desktop receives backups, exports and removed pictures; without a reason macOS asks without one.
+desktop = info.get("NSDesktopFolderUsageDescription", "")
+expect("Desktop" in desktop and desktop.endswith("."), f"Desktop usage text: {desktop!r}")
 
 # The oldest macOS each Qt runs on, as Qt's documentation gives it.
 qt = tuple(int(n) for n in qt_version.split(".")[:2])

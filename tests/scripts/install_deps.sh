@@ -12,7 +12,7 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 BASIC=(bash sed grep head id uname dirname basename cat getconf env tr awk)
 # setup: a fresh bin folder with the basic tools, then each fake given as NAME=SCRIPT.
 setup() {
-  rm -rf "$WORK/bin"; mkdir -p "$WORK/bin"; : >"$WORK/log"
+  rm -rf "${WORK:?}/bin"; mkdir -p "$WORK/bin"; : >"$WORK/log"
   local tool
   for tool in "${BASIC[@]}"; do ln -s "$(command -v "$tool")" "$WORK/bin/$tool"; done
   for fake in "$@"; do
@@ -31,7 +31,7 @@ said() { grep -qF -- "$1" "$WORK/err" || fail "expected '$1' among: $(cat "$WORK
 asked() { grep -qxF -- "$1" "$WORK/log" || fail "expected the call '$1' among: $(cat "$WORK/log")"; }
 one_line() { [ "$(wc -l <"$WORK/err")" = 1 ] || fail "expected one line, got: $(cat "$WORK/err")"; }
 
-LIST="cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3 xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core clang libc++-dev libc++abi-dev"
+LIST="cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3 xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core shellcheck clang libc++-dev libc++abi-dev"
 NOTHING='exit 1' ROOT_ID='echo 0' CLANG_DEPENDS='printf "clang\n  Depends: clang-14\n"'
 
 # A fresh Debian root: no clang++, nothing installed; clang's version comes from its package.

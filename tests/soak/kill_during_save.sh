@@ -52,7 +52,7 @@ BEFORE="$(snapshot)"
 # The quit uninterrupted, three times: how long after Ctrl+Q the new store is renamed into place
 # (its inode changes), watched from before the key goes, and the new store it writes.
 times=()
-for run in 1 2 3; do
+for _ in 1 2 3; do
   restore_home
   rm -f "$E2E_HOME/watching" "$E2E_HOME/sent"
   python3 - "$E2E_DATA/PreserveState.txt" "$E2E_HOME" >"$E2E_HOME/took" <<'PY' &
