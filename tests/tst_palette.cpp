@@ -24,12 +24,9 @@ class PaletteTest : public WindowTest {
     QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
 
     void click(int index, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers,
-                          QPoint(10, 10));
+        QTest::mouseClick(program->window()->cnButs[size_t(index)], Qt::LeftButton, modifiers, QPoint(10, 10));
     }
-    QColor centre(int index) const {
-        return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32);
-    }
+    QColor centre(int index) const { return program->window()->cnButs[size_t(index)]->grab().toImage().pixelColor(32, 32); }
 
 private slots:
     void windowFollowsTheGrid_data() {
@@ -55,23 +52,17 @@ private slots:
 
     // Of two pictures for a button the later wins; a file that is no picture is told once a run.
     void paintingFollowsPicturesAndButtons() {
-        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{{"07a.png", Qt::red},
-                                                                            {"07b.png", Qt::blue},
-                                                                            {"x7.png", Qt::green},
-                                                                            {"12.png", Qt::red},
-                                                                            {"99 far out.png", Qt::green}})
+        for (const auto& [name, colour] : QList<std::pair<QString, QColor>>{
+                 {"07a.png", Qt::red}, {"07b.png", Qt::blue}, {"x7.png", Qt::green}, {"12.png", Qt::red}, {"99 far out.png", Qt::green}})
             home->writeInProgram("ButtonPictures/P00/" + name, picture(64, 64, colour));
         home->writeInProgram("ButtonPictures/P00/10 text.png", "no picture at all");
         winMain& w = startWith(2, 3, 10);
         QCOMPARE(w.hasPicture, QList<int>({7, 7, 12, 99}));
-        QCOMPARE(QList<QColor>({centre(7), centre(12)}),
-                 QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
-        QTRY_COMPARE(
-            dialogs->texts(),
-            QStringList{
-                "A picture of palette P00 cannot be shown, so its button shows its number:\n\n"
-                "10 text.png: it is damaged, or it is no picture.\n\nButton Pictures, in the "
-                "Configure menu, moves such files to RemovedZOR_PaletteButtonPictures on the Desktop."});
+        QCOMPARE(QList<QColor>({centre(7), centre(12)}), QList<QColor>({Qt::blue, Qt::red})); // 12 after the bad one
+        QTRY_COMPARE(dialogs->texts(),
+                     QStringList{"A picture of palette P00 cannot be shown, so its button shows its number:\n\n"
+                                 "10 text.png: it is damaged, or it is no picture.\n\nButton Pictures, in the "
+                                 "Configure menu, moves such files to RemovedZOR_PaletteButtonPictures on the Desktop."});
         ZOR::ChangeToPalette(1);
         ZOR::ChangeToPalette(0);
 
@@ -99,10 +90,9 @@ private slots:
         QTest::addColumn<QString>("message");
         const QStringList km{QString("osascript\t%1/FirePalette.scpt\tP00\t07").arg(resources)};
         const QStringList as{QString("osascript\t%1/FireAppleScript.scpt\tMail.scpt").arg(resources)};
-        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist",
-                             "open\tshortcuts://run-shortcut?name=Mail"};
-        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo,
-                            QStringList expected, QString message = {}, QString system = "12.0") {
+        const QStringList sc{"sw_vers\t-productVersion", "shortcuts\tlist", "open\tshortcuts://run-shortcut?name=Mail"};
+        const auto row = [](const char* name, QString ASfile, QString SCname, QString PaletteGo, QStringList expected,
+                            QString message = {}, QString system = "12.0") {
             QTest::newRow(name) << QStringList{ASfile, SCname, PaletteGo} << system << expected << message;
         };
         row("Keyboard Maestro", "", "", "", km);
@@ -169,8 +159,7 @@ private slots:
         // The engine down: the message, and the window still minimises.
         tools->setAnswer(kEngine, "false");
         click(1);
-        QCOMPARE(dialogs->texts().last(),
-                 QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
+        QCOMPARE(dialogs->texts().last(), QString("Is Keyboard Maestro Engine running?. I cannot see that it is."));
         QCOMPARE(w.tiMinimize->interval(), 2000);
         w.tiMinimize_Action();
         QVERIFY2(w.isMinimized() || w.windowState().testFlag(Qt::WindowMinimized), printed(w.windowState()));
@@ -206,24 +195,15 @@ private slots:
         QTest::addColumn<int>("columns");
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("fired"); // empty: a beep
-        QTest::newRow("a is button 00") << 10 << "a"
-                                        << "00";
-        QTest::newRow("A is button 26") << 10 << "A"
-                                        << "26";
-        QTest::newRow("a digit") << 10 << "7"
-                                 << "";
-        QTest::newRow("a letter on a hidden button") << 10 << "c"
-                                                     << "";
-        QTest::newRow("duplicate letter: the lower index") << 10 << "d"
-                                                           << "03";
-        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e"
-                                                                            << "04";
-        QTest::newRow("the first row outside") << 10 << "E"
-                                               << "";
-        QTest::newRow("the first column outside") << 4 << "e"
-                                                  << "";
-        QTest::newRow("the last row and column inside") << 4 << "x"
-                                                        << "23";
+        QTest::newRow("a is button 00") << 10 << "a" << "00";
+        QTest::newRow("A is button 26") << 10 << "A" << "26";
+        QTest::newRow("a digit") << 10 << "7" << "";
+        QTest::newRow("a letter on a hidden button") << 10 << "c" << "";
+        QTest::newRow("duplicate letter: the lower index") << 10 << "d" << "03";
+        QTest::newRow("an AppleScript button goes to Keyboard Maestro too") << 10 << "e" << "04";
+        QTest::newRow("the first row outside") << 10 << "E" << "";
+        QTest::newRow("the first column outside") << 4 << "e" << "";
+        QTest::newRow("the last row and column inside") << 4 << "x" << "23";
     }
     void lettersFireThroughKeyboardMaestro() {
         QFETCH(int, columns);
@@ -285,12 +265,10 @@ private slots:
         // No change to the active palette, a freed one or one past the last; an alias found in any case.
         for (int p : {2, 1, 12})
             ZOR::ChangeToPalette(p);
-        const QString none =
-            "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
-        QCOMPARE(
-            dialogs->texts(),
-            QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
-                         none.arg("01"), none.arg("12")}));
+        const QString none = "You have asked  to change to a palette, P%1, that does not exist. There is nothing to do.";
+        QCOMPARE(dialogs->texts(),
+                 QStringList({"You have asked  to change to the currently active palette. There is nothing to do.",
+                              none.arg("01"), none.arg("12")}));
         QCOMPARE(ZOR::IndexFromAlias("MAIL TOOLS"), 2);
         QCOMPARE(ZOR::IndexFromAlias("nobody"), -1);
         QVERIFY(!ZOR::IsPaletteExistant(-1));
@@ -330,9 +308,8 @@ private slots:
         QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
         w.cnBut_MouseExit(60);
-        QCOMPARE(
-            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-            QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+                 QStringList({"#feff96", "Original", "P00", ""}));
         QVERIFY(dialogs->texts().isEmpty());
     }
 
@@ -341,21 +318,14 @@ private slots:
         QTest::addColumn<QString>("tip");
         QTest::addColumn<QString>("shown"); // "cut": the first words and "…"
         QTest::addColumn<bool>("small");    // drawn at size 10
-        QTest::newRow("one column has no room") << 1 << "Mail"
-                                                << "" << false;
-        QTest::newRow("narrow, no tip") << 3 << ""
-                                        << "no tip" << false;
-        QTest::newRow("wide, no tip") << 4 << ""
-                                      << "no tip for this button" << false;
-        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail"
-                                                      << "Mail" << true;
+        QTest::newRow("one column has no room") << 1 << "Mail" << "" << false;
+        QTest::newRow("narrow, no tip") << 3 << "" << "no tip" << false;
+        QTest::newRow("wide, no tip") << 4 << "" << "no tip for this button" << false;
+        QTest::newRow("narrow, short tip at size 10") << 3 << "Mail" << "Mail" << true;
         QTest::newRow("narrow, long tip cut at a word") << 3 << kLongTip << "cut" << true;
-        QTest::newRow("narrow, one long word")
-            << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
-        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious"
-                                                << "Supercalifragilistic" << true;
-        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail"
-                                               << "Open the mail" << false;
+        QTest::newRow("narrow, one long word") << 2 << "Supercalifragilisticexpialidocious" << QString::fromUtf8("…") << true;
+        QTest::newRow("narrow, two long words") << 2 << "Supercalifragilistic Expialidocious" << "Supercalifragilistic" << true;
+        QTest::newRow("wide, a tip that fits") << 10 << "Open the mail" << "Open the mail" << false;
         QTest::newRow("wide, a tip too long for default size") << 5 << kLongTip << "cut" << true;
     }
     void tipFitsTheWidth() {
@@ -390,9 +360,8 @@ private slots:
                                      "a|a.scpt", "x|x.scpt"}));
         home->writeInProgram("Apple_Scripts/Mail.scpt", "x");
         home->writeInProgram("Old.scpt", "x");
-        QCOMPARE(
-            (QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
-            (QStringList{"Mail.scpt", "Mail.scpt", ""}));
+        QCOMPARE((QStringList{ZOR::rsScriptName("Mail.txt"), ZOR::rsScriptName("mail"), ZOR::rsScriptName("Old")}),
+                 (QStringList{"Mail.scpt", "Mail.scpt", ""}));
     }
 
     void shortcutRuns_data() {
@@ -417,7 +386,7 @@ private slots:
         tools->setAnswer("open.exit", QString::number(openExit));
         ZOR::FireSC(name);
         QCOMPARE(tools->log(), QStringList{"shortcuts\tlist"} +
-                                   (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
+                                  (url.isEmpty() ? QStringList() : QStringList{"open\t" + url}));
         QTEST(dialogs->texts(), "messages");
     }
 

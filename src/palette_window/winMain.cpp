@@ -20,30 +20,24 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QFontMetricsF>
 #include <QKeyEvent>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
 #include <QTimer>
 
 namespace {
-Guard::Where windowEvent(const char* event) {
-    return Guard::Where::windowEvent("winMain", event);
-}
-Guard::Where windowMethod(const char* method) {
-    return Guard::Where::windowMethod("winMain", method);
-}
-Guard::Where canvasEvent(const char* event) {
-    return Guard::Where::controlEvent("winMain", "cnBut Set", event);
-}
+Guard::Where windowEvent(const char* event) { return Guard::Where::windowEvent("winMain", event); }
+Guard::Where windowMethod(const char* method) { return Guard::Where::windowMethod("winMain", method); }
+Guard::Where canvasEvent(const char* event) { return Guard::Where::controlEvent("winMain", "cnBut Set", event); }
 Guard::Where menuHandler(const QString& item) {
     return Guard::Where::windowMethod("winMain", "_" + item + "_Action");
 }
 
-const QString kNoActionText = QStringLiteral("This button is not active. To change this, edit it in Grid "
-                                             "Construct so either Keyboard Maestro is checked or "
-                                             "AppleScript or Shortcut or Palette Change has been specified.");
+const QString kNoActionText = QStringLiteral(
+    "This button is not active. To change this, edit it in Grid Construct so either Keyboard Maestro is checked or "
+    "AppleScript or Shortcut or Palette Change has been specified.");
 
 const QColor kBarYellow(0xFE, 0xFF, 0x96);   // at rest, Keyboard Maestro, no action
 const QColor kBarBlue(0xE1, 0xFF, 0xFF);     // Shortcut
@@ -72,8 +66,7 @@ winMain::winMain(QWidget* parent)
     gridArea = new QWidget(this);
     gridArea->setObjectName("gridArea");
     setCentralWidget(gridArea);
-    for (int i = 0; i < 100; ++i)
-        cnButs[size_t(i)] = new cnBut(this, i, gridArea);
+    for (int i = 0; i < 100; ++i) cnButs[size_t(i)] = new cnBut(this, i, gridArea);
 
     rectBackgroundTip = new QWidget(gridArea);
     rectBackgroundTip->setObjectName("rectBackgroundTip");
@@ -139,8 +132,8 @@ void winMain::Event_Opening() {
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
         const bool stored = ZOR::initialWinWidth > 0 && ZOR::initialWinHeight > 0;
-        if (stored && WinScrn::IsWithinMainScreenTLBR(ZOR::initialWinTop, ZOR::initialWinLeft,
-                                                      ZOR::initialWinHeight, ZOR::initialWinWidth)) {
+        if (stored && WinScrn::IsWithinMainScreenTLBR(ZOR::initialWinTop, ZOR::initialWinLeft, ZOR::initialWinHeight,
+                                            ZOR::initialWinWidth)) {
             sizeToGrid(int(ZOR::initialWinWidth), int(ZOR::initialWinHeight) - menuBarOffset());
             // The client area's rectangle, as it is saved: frames differ between window managers.
             setGeometry(int(ZOR::initialWinLeft), int(ZOR::initialWinTop), width(), height());
@@ -227,16 +220,14 @@ QList<qint64> winMain::palettesToWarm() const {
     const auto add = [&](qint64 index) {
         if (index != ZOR::idxCP && !order.contains(index) && ZOR::IsPaletteExistant(index)) order << index;
     };
-    for (qint64 k = 0; k <= 9; ++k)
-        add(k); // Cmd+0 to Cmd+9
+    for (qint64 k = 0; k <= 9; ++k) add(k); // Cmd+0 to Cmd+9
     for (const BtnRef& b : *ZOR::aBtn) {
         bool ok = false;
         const qint64 target = b->PaletteGo.trimmed().toLongLong(&ok);
         if (ok) add(target);
     }
     // Then every other palette, so that after a while of idling no first visit waits for its pictures.
-    for (qint64 index = 0; index < qint64(ZOR::DP.size()); ++index)
-        add(index);
+    for (qint64 index = 0; index < qint64(ZOR::DP.size()); ++index) add(index);
     return order;
 }
 
@@ -252,23 +243,18 @@ void winMain::tiWarmAhead_Action() {
 void winMain::EraseAllPictures() {
     Guard::run(windowMethod("EraseAllPictures"), [this] {
         // Each canvas is marked for repainting; the redraw that follows paints them in one pass.
-        for (cnBut* canvas : cnButs)
-            canvas->setBackdrop(BlankPic);
+        for (cnBut* canvas : cnButs) canvas->setBackdrop(BlankPic);
     });
 }
 
-void winMain::setPaletteTitle(const QString& title) {
-    setWindowTitle(title);
-}
+void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
 
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labTip->setText(alias);
     labSeeNum->setText(name);
 }
 
-QRect winMain::windowRect() const {
-    return geometry();
-}
+QRect winMain::windowRect() const { return geometry(); }
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {
@@ -288,8 +274,7 @@ void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
         const Btn& b = *(*ZOR::aBtn)[size_t(index)];
         if (b.ShortcutShow && b.Shortcut != kNoShortcut) {
             g.setFont(letterFont);
-            g.fillRect(QRect(canvas.width() - 13, canvas.height() - 13, 13, 13),
-                       QColor(255, 255, 255, 255 - 75));
+            g.fillRect(QRect(canvas.width() - 13, canvas.height() - 13, 13, 13), QColor(255, 255, 255, 255 - 75));
             g.setPen(kShortcutOrange);
             g.drawText(QPointF(canvas.width() - 10, canvas.height() - 3), b.Shortcut);
         }
@@ -364,9 +349,7 @@ QString winMain::LabTipText(int index) {
 }
 
 // Claiming the press is what brings the release to this canvas, wherever it happens.
-bool winMain::cnBut_MouseDown(int) {
-    return true;
-}
+bool winMain::cnBut_MouseDown(int) { return true; }
 
 void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
     Guard::run(canvasEvent("MouseUp"), [&] {
@@ -382,8 +365,7 @@ void winMain::cnBut_MouseUp(int index, Qt::KeyboardModifiers modifiers) {
         }
         fireChain(index);
         // Read after the action: a palette switch takes the delay from the new palette's button.
-        const qint64 delay =
-            size_t(index) < ZOR::aBtn->size() ? (*ZOR::aBtn)[size_t(index)]->AutoMin * 1000 : 0;
+        const qint64 delay = size_t(index) < ZOR::aBtn->size() ? (*ZOR::aBtn)[size_t(index)]->AutoMin * 1000 : 0;
         if (delay != 0) {
             tiMinimize->setInterval(int(delay));
             tiMinimize->start();
@@ -479,9 +461,8 @@ bool winMain::Event_KeyDown(const QString& key) {
 void winMain::AddMenuHandlers(const QList<MenuEntry>& table) {
     // Each handler runs through the common failure report, named after its item.
     for (const MenuEntry& entry : table)
-        connect(entry.item, &QAction::triggered, this, [item = entry.item, action = entry.handler] {
-            Guard::run(menuHandler(item->objectName()), action);
-        });
+        connect(entry.item, &QAction::triggered, this,
+                [item = entry.item, action = entry.handler] { Guard::run(menuHandler(item->objectName()), action); });
 }
 
 void winMain::Event_MenuBarSelected() {
@@ -489,8 +470,7 @@ void winMain::Event_MenuBarSelected() {
         const qint64 last = qint64(ZOR::DP.size()) - 1;
         auto& items = mainMenuBar->miPalette;
         items[0]->setEnabled(true);
-        for (qint64 k = 1; k <= 9; ++k)
-            items[size_t(k)]->setEnabled(k <= last);
+        for (qint64 k = 1; k <= 9; ++k) items[size_t(k)]->setEnabled(k <= last);
         const qint64 top = std::min<qint64>(last, 9);
         for (qint64 k = 1; k <= top; ++k)
             if (ZOR::DP[size_t(k)].s_Alias == kNoShortcut) items[size_t(k)]->setEnabled(false);
@@ -509,8 +489,7 @@ bool winMain::Event_Closing() {
     return Guard::run(windowEvent("Closing"), [this] {
         const QRect now = windowRect();
         const bool geometryChanged = now.top() != ZOR::initialWinTop || now.left() != ZOR::initialWinLeft ||
-                                     now.height() != ZOR::initialWinHeight ||
-                                     now.width() != ZOR::initialWinWidth;
+                                     now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
         if (!changed || !ZOR::QuitSavePaletteChanges || ZOR::dataFileUnreadable) return false;
         // Whatever the flags say, a store without an active palette is never written over the file.

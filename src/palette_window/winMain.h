@@ -3,9 +3,9 @@
 #include "store/PaletteView.h"
 
 #include <QList>
+#include <QSet>
 #include <QMainWindow>
 #include <QPixmap>
-#include <QSet>
 #include <array>
 #include <functional>
 

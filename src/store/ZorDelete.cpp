@@ -10,13 +10,10 @@
 #include <QFileInfo>
 
 namespace {
-Guard::Where where(const char* method) {
-    return Guard::Where::module("ZOR", method);
-}
+Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
 
-bool exists(const QString& path) {
-    return QFileInfo(path).exists() || QFileInfo(path).isSymLink();
-}
+
+bool exists(const QString& path) { return QFileInfo(path).exists() || QFileInfo(path).isSymLink(); }
 
 // A folder for a name that already lies there: the stamp, then the name. Two deletes of one name
 // within a second get a counter as well, so that nothing is ever moved onto an earlier folder.
