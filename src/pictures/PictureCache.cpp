@@ -80,8 +80,14 @@ public:
         Slot& slot = *files[*found];
         index.erase(found);
         if (index.isEmpty()) QTimer::singleShot(kKeepDelayMs, &timers, [this] { settle(); });
-        if (!slot.claimed.exchange(true))
-            slot.done.set_value(decodeKept(keptFolder, slot.path, slot.stamp, side));
+        if (!slot.claimed.exchange(true)) {
+            // Decoded here, and kept later, as the workers keep theirs: no file is written while
+            // the window waits for its pictures.
+            bool decodedNow = false;
+            PictureCache::Decoded decoded = obtain(keptFolder, slot.path, slot.stamp, side, decodedNow);
+            if (decodedNow && !decoded.image.isNull()) keptByWindow.emplace_back(&slot, decoded.image);
+            slot.done.set_value(std::move(decoded));
+        }
         PictureCache::Decoded decoded = slot.result.get();
         if (slot.stamp != now) return std::nullopt;
         return decoded;
@@ -95,10 +101,11 @@ private:
         std::promise<PictureCache::Decoded> done;
         std::future<PictureCache::Decoded> result;
     };
+    using ToKeep = std::vector<std::pair<const Slot*, QImage>>;
     void work() {
         // The copies for the next run are written a moment after the window has taken every
         // picture: it must not share the cores with them while it draws.
-        std::vector<std::pair<const Slot*, QImage>> toKeep;
+        ToKeep toKeep;
         for (size_t i = next++; i < files.size(); i = next++) {
             Slot& slot = *files[i];
             if (slot.claimed.exchange(true)) continue;
@@ -113,6 +120,9 @@ private:
             std::unique_lock lock(mutex);
             shownOrGone.wait(lock, [this] { return shown || abandoned; });
         }
+        keep(toKeep);
+    }
+    void keep(const ToKeep& toKeep) {
         for (const auto& [slot, image] : toKeep) {
             if (abandoned) break; // the rest is written when next decoded
             PictureDiskCache::write(keptFolder, slot->path, slot->stamp, side, image);
@@ -125,11 +135,14 @@ private:
             shown = true;
         }
         shownOrGone.notify_all();
+        if (!keptByWindow.empty())
+            workers.emplace_back([this, toKeep = std::move(keptByWindow)] { keep(toKeep); });
     }
     const QString keptFolder;
     const int side;
     std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
     QHash<QString, size_t> index;             // GUI thread only
+    ToKeep keptByWindow;                      // GUI thread only
     std::atomic<size_t> next{0};
     std::mutex mutex; // for the two flags below, and the workers' wait on them
     std::condition_variable shownOrGone;
