@@ -37,12 +37,15 @@ QString palettePictureFolder(const QString& paletteName) {
     if (paletteName.isEmpty()) return {};
     const QString exact = AppGlobals::folderPathButFolder + '/' + paletteName;
     if (QFileInfo(exact).isDir()) return exact;
-    // The Mac's disks ignore case, so that "p02" there is the folder of P02; a disk that tells
-    // case apart is asked for it by name.
-    const QStringList named =
-        QDir(AppGlobals::folderPathButFolder)
-            .entryList({paletteName}, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-    return named.isEmpty() ? exact : AppGlobals::folderPathButFolder + '/' + named.first();
+    // The Mac's disks ignore case, so that "p02" there is the folder of P02; on a disk that tells
+    // case apart it is looked for among the folders by plain comparison (a name filter would build
+    // a pattern for each of the palettes the window warms ahead).
+    const QStringList folders = QDir(AppGlobals::folderPathButFolder)
+                                    .entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& folder : folders)
+        if (folder.compare(paletteName, Qt::CaseInsensitive) == 0)
+            return AppGlobals::folderPathButFolder + '/' + folder;
+    return exact;
 }
 
 bool nameTakenIn(const QString& folder, const QString& name) {

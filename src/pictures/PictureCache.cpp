@@ -174,8 +174,8 @@ public:
     }
 
 private:
-    void warm(const QString& keptFolder, const QStringList& shown, const QStringList& folders, int side) {
-        PictureDiskCache::Sweep kept(keptFolder, &stop);
+    void warm(const QString& into, const QStringList& shown, const QStringList& folders, int pixels) {
+        PictureDiskCache::Sweep kept(into, &stop);
         // The copies wanted most come first and are renewed, so that none of them goes to make
         // room: those of the pictures shown in this run, then of the folders in their order. Once
         // the wanted fill the limit, the rest waits.
@@ -191,10 +191,10 @@ private:
         for (const QString& path : shown) {
             if (stop) return;
             const qint64 bytes =
-                PictureDiskCache::keptBytes(keptFolder, path, PictureDiskCache::stampOf(path), side);
+                PictureDiskCache::keptBytes(into, path, PictureDiskCache::stampOf(path), pixels);
             if (bytes == 0 || counted.contains(path)) continue;
             if (!want(path, bytes)) break;
-            PictureDiskCache::renew(keptFolder, path);
+            PictureDiskCache::renew(into, path);
         }
         for (const QString& folder : folders)
             for (const auto& file : buttonPictureFiles(folder)) {
@@ -202,17 +202,16 @@ private:
                 const QString& path = file.second;
                 if (counted.contains(path)) continue;
                 const Stamp stamp = PictureDiskCache::stampOf(path);
-                if (const qint64 bytes = PictureDiskCache::keptBytes(keptFolder, path, stamp, side);
-                    bytes > 0) {
+                if (const qint64 bytes = PictureDiskCache::keptBytes(into, path, stamp, pixels); bytes > 0) {
                     if (!want(path, bytes)) return finish(kept, limit);
-                    PictureDiskCache::renew(keptFolder, path);
+                    PictureDiskCache::renew(into, path);
                     continue;
                 }
-                const Decoded decoded = decode(path, side, &stop);
+                const Decoded decoded = decode(path, pixels, &stop);
                 if (decoded.image.isNull()) continue;
                 const qint64 bytes = PictureDiskCache::entryBytes(path, decoded.image);
                 if (wanted + bytes > limit || !kept.makeRoom(bytes, limit)) return finish(kept, limit);
-                want(path, kept.added(PictureDiskCache::write(keptFolder, path, stamp, side, decoded.image)));
+                want(path, kept.added(PictureDiskCache::write(into, path, stamp, pixels, decoded.image)));
             }
         finish(kept, limit);
     }
