@@ -236,7 +236,8 @@ PictureCache::~PictureCache() = default;
 
 void PictureCache::warmAhead(const QStringList& folders) {
     warmer.reset();
-    if (!folders.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, entries.keys(), folders, side);
+    // Also with no other palette: the sweep of the kept copies comes first.
+    warmer = std::make_unique<Warmer>(keptFolder, entries.keys(), folders, side);
 }
 
 void PictureCache::prefetchAtStart(const QStringList& paths) {
