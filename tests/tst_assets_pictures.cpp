@@ -15,6 +15,30 @@ QString moved(const QString& what, const QString& how = " is moved to ") {
     return what + how + kRemoved + " on Desktop.";
 }
 
+enum class Mover { Audit, Remove, DeletePalette };
+
+// A PNG whose header is whole and whose body stops halfway.
+QByteArray cutShort() {
+    QImage noise(64, 64, QImage::Format_RGB32);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x)
+            noise.setPixel(x, y, qRgb(x * 37 % 256, y * 91 % 256, (x * y) % 256));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    noise.save(&buffer, "PNG");
+    return bytes.left(bytes.size() / 2);
+}
+
+// The part of a picture that is not transparent.
+QRect opaquePart(const QImage& image) {
+    QRect opaque;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255) opaque |= QRect(x, y, 1, 1);
+    return opaque;
+}
+
 // A 20000 x 20000 picture by its header alone, far too big to decode; the window must not try.
 QByteArray huge() {
     QByteArray bytes = picture(1, 1, Qt::red, "JPG");
@@ -30,7 +54,9 @@ class AssetPicturesTest : public WindowTest {
 
     QString butFolder() const { return home->programFolder() + "/ButtonPictures"; }
     QString removed() const { return home->desktop() + '/' + kRemoved; }
-    QString put(const QString& path, const QByteArray& bytes) const { return home->writeInProgram("ButtonPictures/" + path, bytes); }
+    QString put(const QString& path, const QByteArray& bytes) const {
+        return home->writeInProgram("ButtonPictures/" + path, bytes);
+    }
     static QList<bool> enabled(const winButtonPics& w) {
         return {w.pbAdd->isEnabled(), w.pbCancelAdd->isEnabled(), w.pbSelectPicToAdd->isEnabled(),
                 w.pbDone->isEnabled()};
@@ -48,16 +74,18 @@ private slots:
             {"P00/04 tall.png", picture(64, 70)}, {"P00/07.png", "just some text"}, {"P00/08.PNG", ok},
             {"P00/09.gif", ok}, {"P00/10.old.png", ok}, {"P00/11a.png", picture(60, 60)}, {"P00/11b.png", picture(61, 61)},
             {"P00/12 huge.png", huge()}, {"P00/13 empty.png", {}}, {"P00/" + unicode, picture(70, 70)},
-            {"P00/" + longName, "no picture"}, {"P00/7.png", ok}, {"P00/.hidden", "kept"},
+            {"P00/" + longName, "no picture"}, {"P00/17 cut.png", cutShort()}, {"P00/7.png", ok}, {"P00/.hidden", "kept"},
             {"P00/Sub/05.png", "a folder inside is left alone"}, {"P01/05 big.png", picture(500, 500)},
             {"P01/06.txt", "text"}, {"P01/07.old.png", ok}, {"readme.txt", "loose file"}, {"Pics/01.png", ok},
-            {"P100/01.png", ok}, {"Q01/01.png", ok}};
+            {"P100/01.png", ok}, {"Q01/01.png", ok}, {"p02/03 lower.png", ok}, {"P03/01.png", ok}, {"p03/02.png", ok}};
         // clang-format on
         for (const auto& [path, bytes] : files)
             put(path, bytes);
+        // A link is what it leads to: a picture, or a palette's folder kept elsewhere.
         QFile::link(home->write("elsewhere/pic.png", ok), butFolder() + "/P00/14 link.png");
         QFile::link(home->home() + "/nowhere", butFolder() + "/dangling");
-        QFile::link(home->home() + "/elsewhere", butFolder() + "/P05"); // a link is never a palette folder
+        home->write("synced/05 synced.png", ok);
+        QFile::link(home->home() + "/synced", butFolder() + "/P05");
         home->write("Desktop/" + kRemoved + "/03 narrow.png", "was there first");
         home->write("Desktop/" + kRemoved + "/1_03 narrow.png", "was there too");
         const HomeFiles before = snapshot(home->home());
@@ -66,15 +94,16 @@ private slots:
                  QStringList({moved(kSize + "03 narrow.png", kWide),
                               moved(kSize + "04 tall.png", "is too tall and is moved to "),
                               moved(kNoPicture + "07.png"), moved(kSize + "12 huge.png", kWide),
-                              moved(kNoPicture + "13 empty.png"), moved(kNoPicture + "14 link.png"),
-                              moved(kSize + unicode, kWide), moved(kNoPicture + longName),
+                              moved(kNoPicture + "13 empty.png"), moved(kSize + unicode, kWide),
+                              moved(kNoPicture + longName), moved(kNoPicture + "17 cut.png"),
                               moved("The file name is supposed to start with two digits. File: 7.png"),
                               moved("There is already a picture for 11 File: 11b.png")}));
-        const QStringList removedRows{"03 narrow.png", "04 tall.png",  "06.txt",      "07.old.png",
-                                      "07.png",        "09.gif",       "10.old.png",  "11b.png",
-                                      "12 huge.png",   "13 empty.png", "14 link.png", unicode,
-                                      longName,        "7.png",        "P05",         "P100",
-                                      "Pics",          "Q01",          "dangling",    "readme.txt"};
+        // "p03" goes as the second folder of P03: on the Mac's disks the two are one.
+        const QStringList removedRows{"03 narrow.png", "04 tall.png",  "06.txt",     "07.old.png",
+                                      "07.png",        "09.gif",       "10.old.png", "11b.png",
+                                      "12 huge.png",   "13 empty.png", unicode,      longName,
+                                      "17 cut.png",    "7.png",        "P100",       "Pics",
+                                      "Q01",           "dangling",     "p03",        "readme.txt"};
         // The earlier "03 narrow.png" and "1_03 narrow.png" stay; the new one takes the next free number.
         QStringList onDesktop = removedRows + QStringList{"1_03 narrow.png", "2_03 narrow.png"};
         onDesktop.sort();
@@ -84,8 +113,10 @@ private slots:
         QCOMPARE(lostSince(before, home->home()), QStringList()); // links too, by their targets
 
         QCOMPARE(rows(w->lbButPic) + rows(w->lbAllButton, {0, 1, 2}) + rows(w->lbRemoved),
-                 QStringList({"01 good.png", "02 edge.png", "08.PNG", "11a.png", "P00|01|01 good.png",
-                              "P00|02|02 edge.png", "P00|08|08.PNG", "P00|11|11a.png", "P01|05|05 big.png"}) +
+                 QStringList({"01 good.png", "02 edge.png", "08.PNG", "11a.png", "14 link.png",
+                              "P00|01|01 good.png", "P00|02|02 edge.png", "P00|08|08.PNG", "P00|11|11a.png",
+                              "P00|14|14 link.png", "P01|05|05 big.png", "P03|01|01.png",
+                              "P05|05|05 synced.png", "p02|03|03 lower.png"}) +
                      removedRows);
         QCOMPARE(w->labPathButFolder->text(), QDir::toNativeSeparators(butFolder()));
 
@@ -93,7 +124,7 @@ private slots:
         dialogs->clear();
         w->PrepareWindow();
         QCOMPARE(dialogs->texts() + w->audit->asButFolders + rows(w->lbRemoved),
-                 QStringList({"P00", "P01"}) + removedRows);
+                 QStringList({"P00", "P01", "P03", "P05", "p02"}) + removedRows);
     }
 
     void aMoveThatCannotBeDoneLeavesTheFile() {
@@ -102,52 +133,159 @@ private slots:
         QFile::setPermissions(butFolder() + "/P00", QFile::ReadOwner | QFile::ExeOwner);
         auto w = opened<winButtonPics>();
         QFile::setPermissions(butFolder() + "/P00", QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QCOMPARE(dialogs->texts(),
-                 QStringList({moved("The file name is supposed to start with two digits. File: 7.png"),
-                              "Could not move 7.png to " + kRemoved +
-                                  ": the folder P00 cannot be changed. 7.png stays where it was."}));
+        // Never a word that it moved: once, what stays where it was, and why.
+        QCOMPARE(
+            dialogs->texts(),
+            QStringList(
+                {"This breaks the rules of the picture folders but could not be moved to " + kRemoved +
+                 " on the Desktop, so it stays where it was:\n7.png: the folder P00 cannot be changed."}));
         QVERIFY(QFileInfo::exists(bad));
         QCOMPARE(rows(w->lbRemoved), QStringList());
     }
 
+    // A file of the user's where the Desktop folder should be: each way of moving pictures there
+    // says once what failed and what stays, and claims no move.
+    void aFileWhereTheDesktopFolderShouldBe_data() {
+        QTest::addColumn<Mover>("mover");
+        QTest::addColumn<QString>("said");
+        const QString blocked = "a file named " + kRemoved + " stands where that folder should be";
+        QTest::newRow("audit")
+            << Mover::Audit
+            << "Nothing could be moved to " + kRemoved + " on the Desktop: " + blocked +
+                   ". These break the rules of the picture folders and stay where they were:\n"
+                   "03 narrow.png\n7.png\nreadme.txt";
+        QTest::newRow("remove") << Mover::Remove
+                                << "Could not move 01 one.png to " + kRemoved +
+                                       " on the Desktop: " + blocked + ". 01 one.png stays where it was.";
+        QTest::newRow("delete palette")
+            << Mover::DeletePalette
+            << "ERROR MESSAGE: The pictures of P01 could not be moved to " + kRemoved +
+                   " on the Desktop: " + blocked + ". The palette and its pictures stay as they were.";
+    }
+    void aFileWhereTheDesktopFolderShouldBe() {
+        QFETCH(Mover, mover);
+        QFETCH(QString, said);
+        startWith(2);
+        put("P00/01 one.png", picture(64, 64));
+        put("P01/01 one.png", picture(64, 64));
+        if (mover == Mover::Audit) {
+            put("P00/03 narrow.png", picture(50, 64));
+            put("P00/7.png", picture(64, 64));
+            put("readme.txt", "loose");
+        }
+        std::unique_ptr<winButtonPics> w;
+        if (mover == Mover::Remove) w = opened<winButtonPics>();
+        QDir(home->desktop()).rmdir(kRemoved); // made empty by the audit
+        home->write("Desktop/" + kRemoved, "the user's own file");
+        // The kept copies of the pictures in the cache folder aside, every file stays as it was.
+        const auto files = [&] {
+            return snapshot(home->desktop()).toStdMap(), snapshot(home->programFolder());
+        };
+        const HomeFiles before = files();
+        if (mover == Mover::Audit) w = opened<winButtonPics>();
+        if (mover == Mover::Remove) {
+            w->lbButPic_CellPressed(0);
+            w->pbToDesktop_Pressed();
+            QCOMPARE(rows(w->lbButPic), QStringList{"01 one.png"});
+        }
+        if (mover == Mover::DeletePalette) {
+            ZOR::ChangeToPalette(1);
+            QVERIFY(!ZOR::deleteActivePalette());
+            QCOMPARE(ZOR::paleName, QString("P01"));
+        }
+        QCOMPARE(dialogs->texts().size(), 1);
+        QVERIFY2(dialogs->texts()[0].endsWith(said), qPrintable(dialogs->texts()[0]));
+        if (w) QCOMPARE(rows(w->lbRemoved), QStringList());
+        QCOMPARE(files(), before);
+    }
+
+    // A picture of another size than about 64 px is not refused outright: a 64 x 64 copy is
+    // offered, and the chosen file stays as it was.
     void choosingAPictureChecksItInOrder_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("message"); // empty: the picture can be added
-        QTest::newRow("good") << "05 new.png" << picture(64, 64) << "";
-        QTest::newRow("taken") << "01 new.png" << picture(64, 64) << "There is already a picture for the button 01";
-        QTest::newRow("no digits")
-            << "cat.png" << picture(64, 64) << "The selected picture must have a name starting with two digits.";
-        QTest::newRow("wide") << "05 wide.png" << picture(70, 64) << kSize + "05 wide.png is too wide.";
-        QTest::newRow("tall") << "05 tall.jpg" << picture(64, 50, Qt::red, "JPG") << kSize + "05 tall.jpgis too tall.";
-        QTest::newRow("huge") << "05 huge.png" << huge() << kSize + "05 huge.png is too wide.";
-        QTest::newRow("no picture") << "05 text.png" << QByteArray("text") << "The chosen file is supposed to be a picture.";
+        QTest::addColumn<QString>("message"); // a plain message, if any
+        QTest::addColumn<QString>("offer");   // the offer of a copy, if any
+        QTest::addColumn<bool>("takeCopy");
+        QTest::addColumn<QString>("added"); // the file Add makes; empty when Add is disabled
+        QTest::addColumn<QRect>("drawn");   // the opaque part of a copy; none for a file copied as it is
+        const QString tooWide = " is too wide.";
+        QTest::newRow("good") << "05 new.png" << picture(64, 64) << ""
+                              << "" << false << "05 new.png" << QRect();
+        QTest::newRow("taken") << "01 new.png" << picture(64, 64)
+                               << "There is already a picture for the button 01"
+                               << "" << false << "" << QRect();
+        QTest::newRow("no digits") << "cat.png" << picture(64, 64)
+                                   << "The selected picture must have a name starting with two digits."
+                                   << "" << false << "" << QRect();
+        QTest::newRow("wide, no copy") << "05 wide.png" << picture(70, 64) << ""
+                                       << kSize + "05 wide.png" + tooWide << false << "" << QRect();
+        QTest::newRow("tall, no copy") << "05 tall.jpg" << picture(64, 50, Qt::red, "JPG") << ""
+                                       << kSize + "05 tall.jpgis too tall." << false << "" << QRect();
+        QTest::newRow("512 px icon, copy")
+            << "05 icon.png" << picture(512, 512) << "" << kSize + "05 icon.png" + tooWide << true
+            << "05 icon.png" << QRect(0, 0, 64, 64);
+        QTest::newRow("4000 x 3000 JPEG, copy")
+            << "05 photo.jpg" << picture(4000, 3000, Qt::red, "JPG") << "" << kSize + "05 photo.jpg" + tooWide
+            << true << "05 photo.png" << QRect(0, 8, 64, 48);
+        QTest::newRow("tall, copy") << "05 tall.png" << picture(60, 80) << ""
+                                    << kSize + "05 tall.pngis too tall." << true << "05 tall.png"
+                                    << QRect(8, 0, 48, 64);
+        QTest::newRow("no picture") << "05 text.png" << QByteArray("text")
+                                    << "The chosen file is supposed to be a picture."
+                                    << "" << false << "" << QRect();
     }
     void choosingAPictureChecksItInOrder() {
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
         QFETCH(QString, message);
+        QFETCH(QString, offer);
+        QFETCH(bool, takeCopy);
+        QFETCH(QString, added);
+        QFETCH(QRect, drawn);
         startWith(1);
         put("P00/01 old.png", picture(64, 64));
         const QString chosen = home->write("Desktop/" + name, bytes);
         auto w = opened<winButtonPics>();
         dialogs->queueFile(chosen);
+        if (takeCopy) dialogs->queue({1, true, {}});
         w->pbSelectPicToAdd_Pressed();
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message),
                  message.isEmpty() ? QStringList() : QStringList{message});
+        QCOMPARE(dialogs->texts(Dialogs::Kind::MesDlg), offer.isEmpty() ? QStringList() : QStringList{offer});
+        if (!offer.isEmpty())
+            QCOMPARE(
+                dialogs->requests.last().detail,
+                "A copy of it can be made instead: 64 x 64 pixels, smoothly scaled with its proportions kept "
+                "and centred on a transparent square, saved as a PNG picture of button 05. The file you "
+                "chose "
+                "stays as it is.");
         QCOMPARE(w->labPicToAdd->text(), name);
-        QCOMPARE(enabled(*w), (QList<bool>{message.isEmpty(), true, false, false}));
-        if (!message.isEmpty()) return;
-        QCOMPARE(w->labAddWthValue->text() + 'x' + w->labAddHtValue->text(), QString("64x64"));
+        QCOMPARE(enabled(*w), (QList<bool>{!added.isEmpty(), true, false, false}));
+        if (added.isEmpty()) return;
+        const QImage original = QImage::fromData(bytes);
+        QCOMPARE(w->labAddWthValue->text() + 'x' + w->labAddHtValue->text(),
+                 QString::number(original.width()) + 'x' + QString::number(original.height()));
+        QCOMPARE(w->cnShowPicAdd->backdrop().size(), drawn.isValid() ? QSize(64, 64) : original.size());
         w->pbAdd_Pressed();
-        QVERIFY(QFileInfo::exists(chosen)); // a copy, never a move
-        QCOMPARE(rows(w->lbButPic), QStringList({"01 old.png", name}));
+        QCOMPARE(readAll(chosen), bytes); // a copy, never a move nor a change
+        QCOMPARE(rows(w->lbButPic), QStringList({"01 old.png", added}));
         QCOMPARE(enabled(*w), (QList<bool>{false, false, true, true}));
+        const QString made = butFolder() + "/P00/" + added;
+        if (!drawn.isValid()) {
+            QCOMPARE(readAll(made), bytes);
+        } else {
+            const QImage copy(made);
+            QCOMPARE(copy.size(), QSize(64, 64));
+            QCOMPARE(opaquePart(copy), drawn);
+        }
+        if (name != "05 new.png") return;
 
-        // A name that turns up in the folder meanwhile is never replaced, nor touched by Cancel.
+        // A name that turns up in the folder meanwhile, in any case, is never replaced, nor touched by
+        // Cancel.
         dialogs->queueFile(home->write("Desktop/06 late.png", picture(64, 64)));
         w->pbSelectPicToAdd_Pressed();
-        put("P00/06 late.png", "the user's own");
+        put("P00/06 LATE.png", "the user's own");
         const HomeFiles before = snapshot(home->home());
         w->pbAdd_Pressed();
         w->pbCancelAdd_Pressed();
@@ -170,6 +308,8 @@ private slots:
         QCOMPARE(w->labSelect->text(), QString("01 one.png"));
         w->pbToDesktop_Pressed();
         QVERIFY(QFileInfo::exists(removed() + "/P00/01 one.png"));
+        QCOMPARE(w->lbButPic->selectedItems(),
+                 QList<QTreeWidgetItem*>()); // nothing under review, nothing marked
         QCOMPARE(rows(w->lbButPic) + rows(w->lbRemoved) + rows(w->lbAllButton, {0, 1, 2}),
                  QStringList({"02 two.png", "01 one.png", "P00|02|02 two.png"}));
         QVERIFY(!w->pbToDesktop->isEnabled());

@@ -21,11 +21,14 @@ class AssetScriptsTest : public WindowTest {
 private slots:
     void openingSortsOutTheFolderAndTheLinks() {
         startWith(3);
-        for (const QString name : {"good.scpt", "orphan.scpt", "readme.txt", "a.b.scpt"})
+        for (const QString name :
+             {"good.scpt", "orphan.scpt", "readme.txt", "a.b.scpt", "Mail.scpt", "Upper.SCPT"})
             home->writeInProgram("Apple_Scripts/" + name, name.toUtf8());
         home->write("Desktop/AppleScriptWorkshop/readme.txt", "the user's older readme");
         link(0, 3, "good");
         link(0, 5, "missing");
+        link(0, 1, "mail"); // names compare without regard to case, as on the Mac's disks
+        link(0, 2, "Upper");
         ZOR::DP[1].s_Alias = kNoShortcut; // a free slot in between: its links still count
         link(1, 9, "good");
         link(2, 7, "missing");
@@ -34,17 +37,18 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList({"2" + kCountMessage}));
         // The moved ones show in the Workshop's list at the next refresh.
         QCOMPARE(rows(w->lbRemoved) + rows(w->lbAppleScript) + rows(w->lbWorkshop),
-                 QStringList({"a.b.scpt", "readme.txt", "good.scpt", "orphan.scpt:TANGERINE", "readme.txt"}));
+                 QStringList({"a.b.scpt", "readme.txt", "good.scpt", "Mail.scpt", "orphan.scpt:TANGERINE",
+                              "Upper.SCPT", "readme.txt"}));
         QCOMPARE(rows(w->lbActiveAppleScripts, {0, 2, 3}),
-                 QStringList(
-                     {"P00|03|good", "P00|05|missing:LAVENDER", "P01|09|good", "P02|07|missing:LAVENDER"}));
+                 QStringList({"P00|01|mail", "P00|02|Upper", "P00|03|good", "P00|05|missing:LAVENDER",
+                              "P01|09|good", "P02|07|missing:LAVENDER"}));
         QCOMPARE(QDir(workshop()).entryList(QDir::Files, QDir::Name),
                  QStringList({"1_readme.txt", "a.b.scpt", "readme.txt"}));
         QCOMPARE(lostSince(before, home->home()), QStringList());
 
         // The orange is painted from the tag alone.
         w->show();
-        const QRect cell = w->lbAppleScript->visualItemRect(w->lbAppleScript->topLevelItem(1));
+        const QRect cell = w->lbAppleScript->visualItemRect(w->lbAppleScript->topLevelItem(2));
         const QImage shot = w->lbAppleScript->viewport()->grab().toImage();
         QCOMPARE(shot.pixelColor(cell.right() - 2, cell.center().y()), QColor(0xFF8000));
     }
@@ -108,7 +112,8 @@ private slots:
         QVERIFY(!QFileInfo::exists(chosen));
         QCOMPARE(rows(w->lbAppleScript), QStringList({"new.scpt:TANGERINE"}));
         QStringList shown;
-        for (const auto& r : dialogs->requests) shown << r.title + ' ' + r.detail;
+        for (const auto& r : dialogs->requests)
+            shown << r.title + ' ' + r.detail;
         QCOMPARE(shown, QStringList({"Manage AppleScript ", "Choose AppleScript " + home->desktop()}));
     }
 };

@@ -1,6 +1,7 @@
 #include "assets/ButtonPictureAudit.h"
 
 #include "pictures/ButtonPictureFiles.h"
+#include "pictures/PictureRead.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
 #include "util/FileTools.h"
@@ -9,19 +10,17 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QImageReader>
 #include <algorithm>
 #include <vector>
-
 
 namespace {
 bool isHidden(const QString& name) {
     return name.startsWith('.');
 }
 
-// A link is never taken for the folder it may point to.
+// A link to a folder is a folder (a palette's pictures may live in a synced folder).
 bool isFolder(const QFileInfo& info) {
-    return info.isDir() && !info.isSymLink();
+    return info.isDir();
 }
 
 struct Child {
@@ -75,24 +74,45 @@ bool ButtonPictureAudit::IsNameOfButtonOK(const QString& name) {
 }
 
 QSize ButtonPictureAudit::pictureSize(const QString& path) {
-    const QFileInfo info(path);
-    if (info.isSymLink() || !info.isFile() || info.size() == 0) return {};
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    if (!reader.canRead()) return {};
-    return reader.size(); // the header's size; invalid for a format that does not tell it
+    return PictureRead::size(path); // invalid for a format whose header does not tell it
 }
 
 bool ButtonPictureAudit::moveOut(const QString& path) {
+    if (stuck.contains(path)) return false;
+    QString why;
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
-        removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
-    if (removedFolder.isEmpty() || stuck.contains(path)) return false;
-    if (FileTools::moveRenameOrSay(path, removedFolder).isEmpty()) {
-        stuck.insert(path);
-        return false;
+        removedFolder = FileTools::desktopFolderOrWhy(AppGlobals::kRemovedPicturesFolder, &why);
+    const QString name = QFileInfo(path).fileName();
+    if (removedFolder.isEmpty()) {
+        noFolder = why;
+    } else if (FileTools::moveRenameOrWhy(path, removedFolder, &why).isEmpty()) {
+        if (why.isEmpty()) return false; // gone meanwhile
+    } else {
+        asRemoved << name;
+        return true;
     }
-    asRemoved << QFileInfo(path).fileName();
-    return true;
+    stuck.insert(path);
+    stays << (noFolder.isEmpty() ? name + ": " + why + '.' : name);
+    return false;
+}
+
+void ButtonPictureAudit::tellWhatStays() {
+    if (stays.isEmpty()) return;
+    const bool one = stays.size() == 1;
+    const QString where = AppGlobals::kRemovedPicturesFolder + " on the Desktop";
+    QString text;
+    if (!noFolder.isEmpty())
+        text = "Nothing could be moved to " + where + ": " + noFolder + ". " +
+               (one ? "This breaks the rules of the picture folders and stays where it was:\n"
+                    : "These break the rules of the picture folders and stay where they were:\n");
+    else
+        text = (one ? "This breaks the rules of the picture folders but could not be moved to " + where +
+                          ", so it stays where it was:\n"
+                    : "These break the rules of the picture folders but could not be moved to " + where +
+                          ", so they stay where they were:\n");
+    Dialogs::message(text + stays.join('\n'));
+    stays.clear();
+    noFolder.clear();
 }
 
 void ButtonPictureAudit::checkCurrentPalette() {
@@ -102,6 +122,7 @@ void ButtonPictureAudit::checkCurrentPalette() {
         QString message;
         const bool named = buttonOfPicture(name) >= 0;
         const QSize size = named ? pictureSize(file.filePath()) : QSize();
+        QString why;
         if (!named)
             message = movedText("The file name is supposed to start with two digits.", name, " is moved to ");
         else if (!size.isValid())
@@ -112,9 +133,10 @@ void ButtonPictureAudit::checkCurrentPalette() {
         else if (!isSideOK(size.height()))
             message = movedText("The file is supposed to be an ~ 64 pixel picture.", name,
                                 "is too tall and is moved to ");
-        if (message.isEmpty()) continue;
-        Dialogs::message(message);
-        moveOut(file.filePath());
+        // A header can be whole over a body that is not: the picture is decoded to its end.
+        else if (PictureRead::whole(file.filePath(), &why).isNull())
+            message = movedText("The file is supposed to be a picture.", name, " is moved to ");
+        if (!message.isEmpty() && moveOut(file.filePath())) Dialogs::message(message);
     }
 }
 
@@ -133,17 +155,26 @@ void ButtonPictureAudit::GetFoldersInButFolder() {
 }
 
 void ButtonPictureAudit::removeBadFolderNames() {
+    // On the Mac's disks "p02" is the folder of P02, and there cannot be both: on a disk that
+    // tells case apart, the second by name goes like any folder of a wrong name.
+    QSet<QString> first, seen;
+    for (const QString& name : asButFolders)
+        if (isPaletteFolderName(name) && !seen.contains(name.toUpper())) {
+            seen.insert(name.toUpper());
+            first.insert(name);
+        }
     for (qsizetype i = asButFolders.size() - 1; i >= 0; --i) {
         breathe();
         const QString& name = asButFolders[i];
-        if (isPaletteFolderName(name)) continue;
+        if (first.contains(name)) continue;
         if (moveOut(QDir(butFolder).filePath(name))) asButFolders.removeAt(i);
     }
 }
 
 QStringList ButtonPictureAudit::listAllPictures() {
+    // The Desktop folder is there from here on, also when nothing is wrong.
     if (removedFolder.isEmpty() || !QFileInfo(removedFolder).isDir())
-        removedFolder = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
+        removedFolder = FileTools::desktopFolderOrWhy(AppGlobals::kRemovedPicturesFolder, &noFolder);
     QStringList rows;
     for (const QString& palette : asButFolders) {
         const QString folder = QDir(butFolder).filePath(palette);
@@ -180,8 +211,9 @@ bool ButtonPictureAudit::fillDictionary() {
             diFile.insert(key, file.filePath());
             continue;
         }
+        if (!moveOut(file.filePath())) continue;
         Dialogs::message(movedText("There is already a picture for " + key, name, " is moved to "));
-        moved = moveOut(file.filePath()) || moved;
+        moved = true;
     }
     return moved;
 }

@@ -2,10 +2,14 @@
 
 #include "assets/AllButtonModel.h"
 #include "assets/AssetControls.h"
+#include "help/GeneralMethods.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
 #include "help/HelpLabels.h"
 #include "pictures/ButtonPictureFiles.h"
+#include "pictures/PictureCache.h"
+#include "pictures/PictureImport.h"
+#include "pictures/PictureRead.h"
 #include "store/ZOR.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
@@ -22,7 +26,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QImageReader>
 #include <QPushButton>
 #include <QResizeEvent>
 #include <QTreeWidget>
@@ -30,7 +33,7 @@
 namespace {
 const QString kWindow = QStringLiteral("winButtonPics");
 const QString kReviewPicture = QStringLiteral("Review Picture");
-constexpr int kLargestPreviewSide = 2048; // larger pictures are only measured, never decoded
+const QString kMakeCopy = QStringLiteral("Make a 64 x 64 copy");
 
 Guard::Where pressed(const char* control) {
     return Guard::Where::controlEvent(kWindow, QString::fromLatin1(control), QStringLiteral("Pressed"));
@@ -40,13 +43,10 @@ Guard::Where method(const char* name) {
     return Guard::Where::windowMethod(kWindow, QString::fromLatin1(name));
 }
 
-// The picture for a preview, decoded only when it is of a sensible size.
-QPixmap preview(const QString& path, QSize size) {
-    if (!size.isValid() || size.width() > kLargestPreviewSide || size.height() > kLargestPreviewSide)
-        return {};
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    return QPixmap::fromImage(reader.read());
+// The picture as its button would show it; a picture of any size decodes no larger than that.
+QPixmap preview(const QString& path) {
+    QString why;
+    return QPixmap::fromImage(PictureRead::forButton(path, PictureCache::buttonSide(), &why));
 }
 
 void fill(QTreeWidget* list, const QStringList& rows) {
@@ -178,10 +178,10 @@ void winButtonPics::Event_Opening() {
         const QString butFolder = FileTools::CreateFolderInAppSupport(QStringLiteral("ButtonPictures"));
         if (butFolder.isEmpty()) throw IOException("The folder ButtonPictures could not be made.");
         labPathButFolder->setText(QDir::toNativeSeparators(butFolder));
-        QDir().mkpath(QDir(butFolder).filePath(QStringLiteral("P00")));
+        QDir().mkpath(palettePictureFolder(QStringLiteral("P00")));
         labCurrentName->setText(ZOR::paleName);
         labCurrentAlias->setText(ZOR::paleAlias);
-        fiFolderPictureForPalette = QDir(butFolder).filePath(ZOR::paleName);
+        fiFolderPictureForPalette = palettePictureFolder(ZOR::paleName);
         QDir().mkpath(fiFolderPictureForPalette);
         audit = std::make_unique<ButtonPictureAudit>(butFolder, fiFolderPictureForPalette);
         labPicToAdd->clear();
@@ -201,6 +201,7 @@ void winButtonPics::PrepareWindow() {
         if (audit->fillDictionary()) FillButtonGraphicListbox(); // no row for a picture that just left
         fill(lbButPic, audit->currentPalettePictures());
         showRemovedRows();
+        audit->tellWhatStays();
     });
 }
 
@@ -227,6 +228,7 @@ void winButtonPics::showRemovedRows() {
 }
 
 void winButtonPics::clearReview() {
+    lbButPic->clearSelection(); // no row stays marked while nothing is under review
     pbToDesktop->setEnabled(false);
     labID->clear();
     labSelect->clear();
@@ -249,7 +251,7 @@ void winButtonPics::lbButPic_CellPressed(int row) {
         labRevWth->show();
         labRevHtValue->setText(size.isValid() ? QString::number(size.height()) : QString());
         labRevWthValue->setText(size.isValid() ? QString::number(size.width()) : QString());
-        cnShow->setBackdrop(preview(path, size));
+        cnShow->setBackdrop(preview(path));
         pbToDesktop->setEnabled(true);
     });
 }
@@ -258,14 +260,19 @@ void winButtonPics::pbToDesktop_Pressed() {
     Guard::run(pressed("pbToDesktop"), [&] {
         const QString id = labID->text();
         const QString path = audit->diFile.value(id);
-        const QString target =
-            QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder + '/' + ZOR::paleName);
-        if (!QFileInfo(target).isDir()) FileTools::CreateAllFoldersInPath(target);
-        if (!QFileInfo(target).isDir())
-            Dialogs::message("There is a bug in the Remove Picture button: the folder " + target +
-                             " could not be made.");
         const QString name = QFileInfo(path).fileName();
-        if (!path.isEmpty() && FileTools::moveRenameOrSay(path, target).isEmpty()) return; // it stays listed
+        if (!path.isEmpty()) {
+            // Said once, and only what happened: the picture stays when it cannot go.
+            QString why;
+            const QString target =
+                FileTools::desktopFolderOrWhy(AppGlobals::kRemovedPicturesFolder + '/' + ZOR::paleName, &why);
+            if (target.isEmpty() || FileTools::moveRenameOrWhy(path, target, &why).isEmpty()) {
+                if (!why.isEmpty())
+                    Dialogs::message("Could not move " + name + " to " + AppGlobals::kRemovedPicturesFolder +
+                                     " on the Desktop: " + why + ". " + name + " stays where it was.");
+                return; // it stays listed
+            }
+        }
         audit->diFile.remove(id);
         if (QTreeWidgetItem* selected = lbButPic->currentItem(); selected && selected->isSelected())
             delete selected;
@@ -282,7 +289,6 @@ void winButtonPics::pbToDesktop_Pressed() {
 void winButtonPics::pbSelectPicToAdd_Pressed() {
     Guard::run(pressed("pbSelectPicToAdd"), [&] {
         clearReview();
-        lbButPic->clearSelection();
         const QString chosen = FileTools::FolderItemSelect("Select Picture To Add", FileTypeJpgPng::All(),
                                                            StdFolders::desktop());
         if (chosen.isEmpty()) return;
@@ -290,10 +296,10 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
         // The user chose this file: a link is followed to the picture it stands for.
         const QString real = QFileInfo(chosen).canonicalFilePath();
         const QSize size = ButtonPictureAudit::pictureSize(real);
-        const QPixmap picture = preview(real, size);
+        const QPixmap picture = size.isValid() ? preview(real) : QPixmap();
         bool bad = false;
-        if (!size.isValid() || (picture.isNull() && size.width() <= kLargestPreviewSide &&
-                                size.height() <= kLargestPreviewSide)) {
+        asSquareCopy = false;
+        if (picture.isNull()) {
             Dialogs::message("The chosen file is supposed to be a picture.");
             labPicToAdd->setText(name);
             labSelect->setText(kReviewPicture);
@@ -318,13 +324,21 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
             bad = true;
         }
         const QString sizeText = "The file is supposed to be an ~ 64 pixel picture. File: " + name;
-        if (!bad && !ButtonPictureAudit::isSideOK(size.width())) {
-            Dialogs::message(sizeText + " is too wide.");
-            bad = true;
-        }
-        if (!bad && !ButtonPictureAudit::isSideOK(size.height())) {
-            Dialogs::message(sizeText + "is too tall.");
-            bad = true;
+        QString tooBig;
+        if (!bad && !ButtonPictureAudit::isSideOK(size.width())) tooBig = sizeText + " is too wide.";
+        if (!bad && tooBig.isEmpty() && !ButtonPictureAudit::isSideOK(size.height()))
+            tooBig = sizeText + "is too tall.";
+        // A picture of another size is not refused outright: a copy of the button's size can take
+        // its place, and the chosen file stays as it is.
+        if (!tooBig.isEmpty()) {
+            asSquareCopy =
+                GeneralMethods::MesDlg(tooBig,
+                                       "A copy of it can be made instead: 64 x 64 pixels, smoothly scaled "
+                                       "with its proportions kept and centred on a transparent square, "
+                                       "saved as a PNG picture of button " +
+                                           id + ". The file you chose stays as it is.",
+                                       kMakeCopy, true, {}) == 1;
+            bad = !asSquareCopy;
         }
         pbCancelAdd->setEnabled(true);
         pbAdd->setEnabled(!bad);
@@ -338,15 +352,26 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
 void winButtonPics::pbAdd_Pressed() {
     Guard::run(pressed("pbAdd"), [&] {
         const QString name = QFileInfo(fiPictureToAdd).fileName();
-        const QString target = QDir(fiFolderPictureForPalette).filePath(name);
-        const QFileInfo there(target);
-        if (there.exists() || there.isSymLink()) {
-            Dialogs::message("A picture with this same name has already been assigned.");
-            return;
+        if (asSquareCopy) {
+            const PictureImport::Result made =
+                PictureImport::writeSquareCopy(QFileInfo(fiPictureToAdd).canonicalFilePath(),
+                                               fiFolderPictureForPalette, buttonOfPicture(name));
+            if (!made.error.isEmpty()) {
+                Dialogs::message(made.error);
+                return;
+            }
+        } else {
+            const QString target = QDir(fiFolderPictureForPalette).filePath(name);
+            if (nameTakenIn(fiFolderPictureForPalette, name)) {
+                Dialogs::message("A picture with this same name has already been assigned.");
+                return;
+            }
+            QFile source(QFileInfo(fiPictureToAdd).canonicalFilePath());
+            if (!source.copy(target))
+                throw IOException("Could not copy " + name + ": " + source.errorString());
         }
-        QFile source(QFileInfo(fiPictureToAdd).canonicalFilePath());
-        if (!source.copy(target)) throw IOException("Could not copy " + name + ": " + source.errorString());
         fiPictureToAdd.clear();
+        asSquareCopy = false;
         PrepareWindow();
         CleanUpAddingPicture();
         FillButtonGraphicListbox();
@@ -363,6 +388,7 @@ void winButtonPics::CleanUpAddingPicture() {
         labPicToAdd->clear();
         labSelect->setText(kReviewPicture);
         fiPictureToAdd.clear();
+        asSquareCopy = false;
         labAddHt->hide();
         labAddWth->hide();
         labAddHtValue->clear();

@@ -45,6 +45,7 @@ public:
     std::unique_ptr<ButtonPictureAudit> audit; // asButFolders, asRemoved, diFile
     const QPixmap BlankPic;
     QString fiPictureToAdd;
+    bool asSquareCopy = false; // the user chose a 64 x 64 copy of a picture of another size
     QString fiFolderPictureForPalette;
     QStringList removedByUser; // names Remove took out, listed after the audit's
 

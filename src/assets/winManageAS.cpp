@@ -1,5 +1,6 @@
 #include "assets/winManageAS.h"
 
+#include "actions/Launchers.h"
 #include "assets/AssetControls.h"
 #include "help/Help.h"
 #include "help/HelpButton.h"
@@ -161,8 +162,8 @@ void winManageAS::Event_Opening() {
     Guard::run(Guard::Where::windowEvent(kWindow, QStringLiteral("Opening")), [&] {
         ListboxRefresh();
         // A long path keeps its start and its end in view.
-        labAppleScript->setText(labAppleScript->fontMetrics().elidedText(AppGlobals::folderPathAS, Qt::ElideMiddle,
-                                                                         labAppleScript->width()));
+        labAppleScript->setText(labAppleScript->fontMetrics().elidedText(
+            AppGlobals::folderPathAS, Qt::ElideMiddle, labAppleScript->width()));
     });
 }
 
@@ -239,17 +240,21 @@ void winManageAS::LB_LinkedAppleScript() {
 
 void winManageAS::ColorDiscrepancies(int whichList) {
     Guard::run(method("ColorDiscrepancies"), [&] {
+        // Each link by the file name its button runs; names compare without regard to case, as
+        // the Mac's disks do ("mail" runs Mail.scpt).
         QStringList linked;
         for (const QString& name : asNameAS)
-            linked << name + ".scpt";
+            linked << ZOR::rsWithWithoutScpt(name, true);
         if (whichList == 1) {
             for (int row = 0; row < lbAppleScript->topLevelItemCount(); ++row) {
-                const bool orphan = row < asAS_Fol.size() && !linked.contains(asAS_Fol[row]);
+                const bool orphan =
+                    row < asAS_Fol.size() && !linked.contains(asAS_Fol[row], Qt::CaseInsensitive);
                 lbAppleScript->topLevelItem(row)->setData(0, Qt::UserRole, orphan ? kTangerine : QString());
             }
         } else if (whichList == 2) {
             for (int row = 0; row < lbActiveAppleScripts->topLevelItemCount(); ++row) {
-                const bool missing = row < linked.size() && !asAS_Fol.contains(linked[row]);
+                const bool missing =
+                    row < linked.size() && !asAS_Fol.contains(linked[row], Qt::CaseInsensitive);
                 lbActiveAppleScripts->topLevelItem(row)->setData(3, Qt::UserRole,
                                                                  missing ? kLavender : QString());
             }

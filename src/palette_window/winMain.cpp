@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QFontMetricsF>
 #include <QLabel>
@@ -186,19 +187,21 @@ void winMain::RedrawGrid() {
             paths << file.second;
         pictures.prefetch(paths);
         hasPicture.clear();
+        QStringList cannotShow;
         for (const auto& [n, path] : files) {
-            try {
-                cnButs[size_t(n)]->setBackdrop(pictures.load(path));
+            QString why;
+            const QPixmap picture = pictures.load(path, &why);
+            if (!picture.isNull()) {
+                cnButs[size_t(n)]->setBackdrop(picture);
                 hasPicture.append(n);
-            } catch (const IOException& error) {
-                // One bad file must not leave the window half drawn: told once per run, its
-                // button shows its number, and the redraw goes on.
-                if (!badPictures.contains(path)) {
-                    badPictures.insert(path);
-                    Guard::report(windowMethod("RedrawGrid"), error);
-                }
+            } else if (!badPictures.contains(path)) {
+                // One bad file must not leave the window half drawn: its button shows its number,
+                // and it is told once per run, with the others of this redraw in one message.
+                badPictures.insert(path);
+                cannotShow << QFileInfo(path).fileName() + ": " + why + '.';
             }
         }
+        if (!cannotShow.isEmpty()) reportPicturesNotShown(cannotShow);
         // A hand-edited file may hold any count; the window's size keeps to the grid's.
         const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
         const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
@@ -220,6 +223,21 @@ void winMain::RedrawGrid() {
         Event_MenuBarSelected();
         tiWarmAhead->start();
     });
+}
+
+void winMain::reportPicturesNotShown(const QStringList& lines) {
+    constexpr qsizetype kListed = 20;
+    QString text = lines.size() == 1
+                       ? "A picture of palette " + ZOR::paleName +
+                             " cannot be shown, so its button shows its number:\n\n"
+                       : QString::number(lines.size()) + " pictures of palette " + ZOR::paleName +
+                             " cannot be shown, so their buttons show their numbers:\n\n";
+    text += lines.mid(0, kListed).join('\n');
+    if (lines.size() > kListed) text += "\n… and " + QString::number(lines.size() - kListed) + " more.";
+    text += "\n\nButton Pictures, in the Configure menu, moves such files to " +
+            AppGlobals::kRemovedPicturesFolder + " on the Desktop.";
+    // Once the event loop runs: at a start the palette is on screen first, with those numbers.
+    QTimer::singleShot(0, this, [text] { Dialogs::message(text); });
 }
 
 QList<qint64> winMain::palettesToWarm() const {

@@ -95,12 +95,13 @@ private:
     void fillBar(const QColor& colour);
     void setTipFontSize(int points); // 0: the system's default size
     void showButtonInformation(int index);
+    void reportPicturesNotShown(const QStringList& lines); // one message, "name: why." a line
     int menuBarOffset() const;
     const QFont numberFont, letterFont;         // of the canvases' numbers and shortcut letters
     QRectF numberBox;                           // where a canvas's number stands, measured at the first paint
     std::unique_ptr<MainMenuBar> globalMenuBar; // the Mac's bar, which no window owns
     PictureCache pictures;
-    QSet<QString> badPictures; // files named like pictures that are none, reported once per run
+    QSet<QString> badPictures; // files named like pictures that cannot be shown, reported once per run
     QWidget* gridArea = nullptr;
     bool closing = false;
 };

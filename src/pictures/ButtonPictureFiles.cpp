@@ -3,7 +3,10 @@
 #include "util/AppGlobals.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace {
 bool isDigit(QChar c) {
@@ -27,11 +30,31 @@ int buttonOfPicture(QStringView fileName) {
 }
 
 bool isPaletteFolderName(QStringView name) {
-    return name.size() == 3 && name.startsWith(u'P') && startsWithTwoDigits(name.mid(1));
+    return name.size() == 3 && name.startsWith(u'P', Qt::CaseInsensitive) && startsWithTwoDigits(name.mid(1));
 }
 
 QString palettePictureFolder(const QString& paletteName) {
-    return paletteName.isEmpty() ? QString() : AppGlobals::folderPathButFolder + '/' + paletteName;
+    if (paletteName.isEmpty()) return {};
+    const QString exact = AppGlobals::folderPathButFolder + '/' + paletteName;
+    if (QFileInfo(exact).isDir()) return exact;
+    // The Mac's disks ignore case, so that "p02" there is the folder of P02; on a disk that tells
+    // case apart it is looked for among the folders by plain comparison (a name filter would build
+    // a pattern for each of the palettes the window warms ahead).
+    const QStringList folders = QDir(AppGlobals::folderPathButFolder)
+                                    .entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& folder : folders)
+        if (folder.compare(paletteName, Qt::CaseInsensitive) == 0)
+            return AppGlobals::folderPathButFolder + '/' + folder;
+    return exact;
+}
+
+bool nameTakenIn(const QString& folder, const QString& name) {
+    const QFileInfo exact(QDir(folder).filePath(name));
+    if (exact.exists() || exact.isSymLink()) return true;
+    const QStringList names =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    return std::any_of(names.begin(), names.end(),
+                       [&](const QString& other) { return other.compare(name, Qt::CaseInsensitive) == 0; });
 }
 
 QList<std::pair<int, QString>> buttonPictureFiles(const QString& folder, LeadingDigits reading) {

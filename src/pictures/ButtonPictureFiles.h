@@ -12,10 +12,15 @@
 
 // The button that a file of this name is the picture of, or -1.
 int buttonOfPicture(QStringView fileName);
-// "P" and two digits: the name of a palette's folder.
+// "P" and two digits, in either case: the name of a palette's folder.
 bool isPaletteFolderName(QStringView name);
-// The folder of the palette's pictures; empty for an empty name.
+// The folder of the palette's pictures, its name in either case ("p02" is P02's, as on the Mac's
+// disks); empty for an empty name.
 QString palettePictureFolder(const QString& paletteName);
+
+// Whether `folder` holds something named `name` in any case: on the Mac's disks "07 Cat.png" and
+// "07 cat.png" are one file.
+bool nameTakenIn(const QString& folder, const QString& name);
 
 // How the first two characters of a name are read. The design window's warning about pictures on
 // invisible buttons reads them as a number, so that " 5", "5 ", "+5" and a name of one digit count

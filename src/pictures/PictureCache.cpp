@@ -1,10 +1,10 @@
 #include "pictures/PictureCache.h"
 
 #include "pictures/ButtonPictureFiles.h"
-#include "util/ZorError.h"
+#include "pictures/PictureRead.h"
 
-#include <QFileInfo>
-#include <QImageReader>
+#include <QGuiApplication>
+#include <QSet>
 #include <QThread>
 #include <QTimer>
 
@@ -18,29 +18,27 @@
 #include <vector>
 
 namespace {
-PictureCache::Decoded decode(const QString& path) {
-    QImageReader reader(path);
-    QImage image = reader.read();
-    if (image.isNull()) return {{}, reader.errorString()};
-    // Converted here, off the GUI thread, to the format pixmaps are painted from.
-    image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-    return {std::move(image), {}};
+PictureCache::Decoded decode(const QString& path, int side, const std::atomic<bool>* stop = nullptr) {
+    QString why;
+    QImage image = PictureRead::forButton(path, side, &why, stop);
+    return {std::move(image), why};
 }
 
 // The decoded copy of an earlier run, or the file decoded now, which sets `decodedNow`.
 PictureCache::Decoded obtain(const QString& folder, const QString& path, const PictureCache::Stamp& stamp,
-                             bool& decodedNow) {
-    QImage kept = PictureDiskCache::read(folder, path, stamp);
+                             int side, bool& decodedNow, const std::atomic<bool>* stop = nullptr) {
+    QImage kept = PictureDiskCache::read(folder, path, stamp, side);
     decodedNow = kept.isNull();
-    return decodedNow ? decode(path) : PictureCache::Decoded{std::move(kept), {}};
+    return decodedNow ? decode(path, side, stop) : PictureCache::Decoded{std::move(kept), {}};
 }
 
 // The same, and a picture decoded now is kept for the next run.
-PictureCache::Decoded decodeKept(const QString& folder, const QString& path,
-                                 const PictureCache::Stamp& stamp) {
+PictureCache::Decoded decodeKept(const QString& folder, const QString& path, const PictureCache::Stamp& stamp,
+                                 int side) {
     bool decodedNow = false;
-    PictureCache::Decoded decoded = obtain(folder, path, stamp, decodedNow);
-    if (decodedNow && !decoded.image.isNull()) PictureDiskCache::write(folder, path, stamp, decoded.image);
+    PictureCache::Decoded decoded = obtain(folder, path, stamp, side, decodedNow);
+    if (decodedNow && !decoded.image.isNull())
+        PictureDiskCache::write(folder, path, stamp, side, decoded.image);
     return decoded;
 }
 } // namespace
@@ -49,7 +47,7 @@ PictureCache::Decoded decodeKept(const QString& folder, const QString& path,
 // there: the pixmaps, the cache and every widget stay on the GUI thread.
 class DecodeBatch {
 public:
-    explicit DecodeBatch(const QStringList& paths) : keptFolder(PictureDiskCache::folder()) {
+    DecodeBatch(const QStringList& paths, int side) : keptFolder(PictureDiskCache::folder()), side(side) {
         for (const QString& path : paths) {
             auto slot = std::make_unique<Slot>();
             slot->path = path;
@@ -64,7 +62,7 @@ public:
             workers.emplace_back([this] { work(); });
     }
     ~DecodeBatch() {
-        next = files.size(); // no new files; those begun are finished
+        next = files.size(); // no new files; those begun stop at their next read
         {
             const std::lock_guard lock(mutex);
             abandoned = true;
@@ -82,7 +80,14 @@ public:
         Slot& slot = *files[*found];
         index.erase(found);
         if (index.isEmpty()) QTimer::singleShot(kKeepDelayMs, &timers, [this] { settle(); });
-        if (!slot.claimed.exchange(true)) slot.done.set_value(decodeKept(keptFolder, slot.path, slot.stamp));
+        if (!slot.claimed.exchange(true)) {
+            // Decoded here, and kept later, as the workers keep theirs: no file is written while
+            // the window waits for its pictures.
+            bool decodedNow = false;
+            PictureCache::Decoded decoded = obtain(keptFolder, slot.path, slot.stamp, side, decodedNow);
+            if (decodedNow && !decoded.image.isNull()) keptByWindow.emplace_back(&slot, decoded.image);
+            slot.done.set_value(std::move(decoded));
+        }
         PictureCache::Decoded decoded = slot.result.get();
         if (slot.stamp != now) return std::nullopt;
         return decoded;
@@ -96,15 +101,17 @@ private:
         std::promise<PictureCache::Decoded> done;
         std::future<PictureCache::Decoded> result;
     };
+    using ToKeep = std::vector<std::pair<const Slot*, QImage>>;
     void work() {
         // The copies for the next run are written a moment after the window has taken every
         // picture: it must not share the cores with them while it draws.
-        std::vector<std::pair<const Slot*, QImage>> toKeep;
+        ToKeep toKeep;
         for (size_t i = next++; i < files.size(); i = next++) {
             Slot& slot = *files[i];
             if (slot.claimed.exchange(true)) continue;
             bool decodedNow = false;
-            PictureCache::Decoded decoded = obtain(keptFolder, slot.path, slot.stamp, decodedNow);
+            PictureCache::Decoded decoded =
+                obtain(keptFolder, slot.path, slot.stamp, side, decodedNow, &abandoned);
             if (decodedNow && !decoded.image.isNull()) toKeep.emplace_back(&slot, decoded.image);
             slot.done.set_value(std::move(decoded));
         }
@@ -113,9 +120,12 @@ private:
             std::unique_lock lock(mutex);
             shownOrGone.wait(lock, [this] { return shown || abandoned; });
         }
+        keep(toKeep);
+    }
+    void keep(const ToKeep& toKeep) {
         for (const auto& [slot, image] : toKeep) {
             if (abandoned) break; // the rest is written when next decoded
-            PictureDiskCache::write(keptFolder, slot->path, slot->stamp, image);
+            PictureDiskCache::write(keptFolder, slot->path, slot->stamp, side, image);
         }
     }
     static constexpr int kKeepDelayMs = 300;
@@ -125,10 +135,14 @@ private:
             shown = true;
         }
         shownOrGone.notify_all();
+        if (!keptByWindow.empty())
+            workers.emplace_back([this, toKeep = std::move(keptByWindow)] { keep(toKeep); });
     }
     const QString keptFolder;
+    const int side;
     std::vector<std::unique_ptr<Slot>> files; // fixed before the workers start
     QHash<QString, size_t> index;             // GUI thread only
+    ToKeep keptByWindow;                      // GUI thread only
     std::atomic<size_t> next{0};
     std::mutex mutex; // for the two flags below, and the workers' wait on them
     std::condition_variable shownOrGone;
@@ -149,19 +163,9 @@ std::unique_ptr<DecodeBatch>& startBatch() {
 // The folders are listed there too, as listing a hundred of them would hold up the window.
 class PictureCache::Warmer {
 public:
-    Warmer(const QString& keptFolder, const QStringList& folders) {
-        thread.reset(QThread::create([this, keptFolder, folders] {
-            for (const QString& folder : folders)
-                for (const auto& file : buttonPictureFiles(folder)) {
-                    if (stop) return;
-                    const QString& path = file.second;
-                    const Stamp stamp = PictureDiskCache::stampOf(path);
-                    if (PictureDiskCache::holds(keptFolder, path, stamp)) continue;
-                    const Decoded decoded = decode(path);
-                    if (!decoded.image.isNull())
-                        PictureDiskCache::write(keptFolder, path, stamp, decoded.image);
-                }
-        }));
+    Warmer(const QString& keptFolder, const QStringList& shown, const QStringList& folders, int side) {
+        thread.reset(QThread::create(
+            [this, keptFolder, shown, folders, side] { warm(keptFolder, shown, folders, side); }));
         thread->start(QThread::IdlePriority);
     }
     ~Warmer() {
@@ -170,21 +174,74 @@ public:
     }
 
 private:
+    void warm(const QString& into, const QStringList& shown, const QStringList& folders, int pixels) {
+        PictureDiskCache::Sweep kept(into, &stop);
+        // The copies wanted most come first and are renewed, so that none of them goes to make
+        // room: those of the pictures shown in this run, then of the folders in their order. Once
+        // the wanted fill the limit, the rest waits.
+        const qint64 limit = PictureDiskCache::limit();
+        qint64 wanted = 0;
+        QSet<QString> counted;
+        const auto want = [&](const QString& path, qint64 bytes) {
+            if (wanted + bytes > limit) return false;
+            counted.insert(path);
+            wanted += bytes;
+            return true;
+        };
+        for (const QString& path : shown) {
+            if (stop) return;
+            const qint64 bytes =
+                PictureDiskCache::keptBytes(into, path, PictureDiskCache::stampOf(path), pixels);
+            if (bytes == 0 || counted.contains(path)) continue;
+            if (!want(path, bytes)) break;
+            PictureDiskCache::renew(into, path);
+        }
+        for (const QString& folder : folders)
+            for (const auto& file : buttonPictureFiles(folder)) {
+                if (stop) return;
+                const QString& path = file.second;
+                if (counted.contains(path)) continue;
+                const Stamp stamp = PictureDiskCache::stampOf(path);
+                if (const qint64 bytes = PictureDiskCache::keptBytes(into, path, stamp, pixels); bytes > 0) {
+                    if (!want(path, bytes)) return finish(kept, limit);
+                    PictureDiskCache::renew(into, path);
+                    continue;
+                }
+                const Decoded decoded = decode(path, pixels, &stop);
+                if (decoded.image.isNull()) continue;
+                const qint64 bytes = PictureDiskCache::entryBytes(path, decoded.image);
+                if (wanted + bytes > limit || !kept.makeRoom(bytes, limit)) return finish(kept, limit);
+                want(path, kept.added(PictureDiskCache::write(into, path, stamp, pixels, decoded.image)));
+            }
+        finish(kept, limit);
+    }
+    // What is not wanted goes, least recently used first, until the folder is within its limit.
+    void finish(PictureDiskCache::Sweep& kept, qint64 limit) {
+        if (!stop) kept.makeRoom(0, limit);
+    }
     std::atomic<bool> stop{false};
     std::unique_ptr<QThread> thread;
 };
 
-PictureCache::PictureCache() : batch(std::move(startBatch())) {}
+int PictureCache::buttonSide() {
+    const qreal ratio = qGuiApp ? qGuiApp->devicePixelRatio() : 1.0;
+    return qRound(PictureRead::kButtonSide * ratio);
+}
+
+PictureCache::PictureCache() : batch(std::move(startBatch())) {
+    entries.setMaxCost(int(kMemoryLimit / 1024));
+}
 
 PictureCache::~PictureCache() = default;
 
 void PictureCache::warmAhead(const QStringList& folders) {
     warmer.reset();
-    if (!folders.isEmpty()) warmer = std::make_unique<Warmer>(keptFolder, folders);
+    // Also with no other palette: the sweep of the kept copies comes first.
+    warmer = std::make_unique<Warmer>(keptFolder, entries.keys(), folders, side);
 }
 
 void PictureCache::prefetchAtStart(const QStringList& paths) {
-    startBatch() = paths.isEmpty() ? nullptr : std::make_unique<DecodeBatch>(paths);
+    startBatch() = paths.isEmpty() ? nullptr : std::make_unique<DecodeBatch>(paths, buttonSide());
 }
 
 void PictureCache::prefetch(const QStringList& paths) {
@@ -195,19 +252,21 @@ void PictureCache::prefetch(const QStringList& paths) {
         if (!entries.contains(path) && !(batch && batch->holds(path))) wanted << path;
     if (wanted.isEmpty()) return;
     batch.reset(); // its workers are done or nearly so
-    batch = std::make_unique<DecodeBatch>(wanted);
+    batch = std::make_unique<DecodeBatch>(wanted, side);
 }
 
-QPixmap PictureCache::load(const QString& path) {
+QPixmap PictureCache::load(const QString& path, QString* why) {
     const Stamp now = PictureDiskCache::stampOf(path);
-    auto found = entries.constFind(path);
-    if (found != entries.constEnd() && found->stamp == now) return found->picture;
+    if (const Entry* found = entries.object(path); found && found->stamp == now) return found->picture;
     std::optional<Decoded> decoded = batch ? batch->take(path, now) : std::nullopt;
-    if (!decoded) decoded = decodeKept(keptFolder, path, now);
-    if (decoded->image.isNull())
-        throw IOException("The picture " + QFileInfo(path).fileName() +
-                          " could not be opened: " + decoded->error);
-    const QPixmap picture = QPixmap::fromImage(std::move(decoded->image));
-    entries.insert(path, {now, picture});
+    if (!decoded) decoded = decodeKept(keptFolder, path, now, side);
+    if (decoded->image.isNull()) {
+        *why = decoded->error;
+        return {};
+    }
+    const qint64 bytes = decoded->image.sizeInBytes();
+    auto* entry = new Entry{now, QPixmap::fromImage(std::move(decoded->image))};
+    const QPixmap picture = entry->picture;
+    entries.insert(path, entry, int(std::max<qint64>(1, bytes / 1024)));
     return picture;
 }

@@ -1,22 +1,30 @@
 #include "pictures/PictureDiskCache.h"
 
+#include "pictures/PictureRead.h"
 #include "util/AppGlobals.h"
 #include "util/StdFolders.h"
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace PictureDiskCache {
 
 namespace {
-constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '3', '\n'};
-constexpr qint32 kLargestSide = 4096;
+constexpr char kMagic[8] = {'Z', 'O', 'R', 'P', 'I', 'C', '4', '\n'};
+// Copies are of a button's size: a picture that fits as it stands, or a square of the button.
+constexpr qint32 kLargestSide = 1024;
+std::atomic<qint64> folderLimit{kDefaultLimit};
 
 // What an entry says about its picture, in the order written.
 struct Header {
@@ -29,9 +37,11 @@ struct Header {
     qint32 format;
     qint32 bytesPerLine;
     qint32 pathBytes;
+    qint32 side;       // the button, in device pixels, that the copy was made for
+    qint32 ratioMilli; // the copy's device pixel ratio, in thousandths
     qint32 reserved;
 };
-static_assert(sizeof(Header) == 56);
+static_assert(sizeof(Header) == 64);
 
 // A checksum of the whole entry, taken over its parts in turn, eight bytes at a time: a torn or
 // altered entry does not match.
@@ -62,16 +72,36 @@ bool formatAllowed(qint32 format) {
 }
 } // namespace
 
+namespace {
+qint64 ns(const timespec& t) {
+    return qint64(t.tv_sec) * 1'000'000'000 + t.tv_nsec;
+}
+qint64 modifiedNs(const struct stat& st) {
+#ifdef Q_OS_DARWIN
+    return ns(st.st_mtimespec);
+#else
+    return ns(st.st_mtim);
+#endif
+}
+} // namespace
+
 Stamp stampOf(const QString& path) {
     struct stat st {};
     if (::stat(QFile::encodeName(path).constData(), &st) != 0) return {};
 #ifdef Q_OS_DARWIN
-    const timespec modified = st.st_mtimespec, changed = st.st_ctimespec;
+    const timespec changed = st.st_ctimespec;
 #else
-    const timespec modified = st.st_mtim, changed = st.st_ctim;
+    const timespec changed = st.st_ctim;
 #endif
-    const auto ns = [](const timespec& t) { return qint64(t.tv_sec) * 1'000'000'000 + t.tv_nsec; };
-    return {ns(modified), ns(changed), qint64(st.st_size)};
+    return {modifiedNs(st), ns(changed), qint64(st.st_size)};
+}
+
+qint64 limit() {
+    return folderLimit;
+}
+
+void setLimit(qint64 bytes) {
+    folderLimit = bytes;
 }
 
 QString folder() {
@@ -80,37 +110,53 @@ QString folder() {
 }
 
 namespace {
-// The entry of `path` opened, its header read and found to describe the file as it is at `stamp`.
-bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& stamp, QFile& file,
-               Header& h) {
-    if (folder.isEmpty()) return false;
-    file.setFileName(entryPath(folder, pathUtf8));
+// The entry at `entry` opened and its header read, when it is an entry of this format at all.
+bool openHeader(const QString& entry, QFile& file, Header& h) {
+    QString why;
     // Unbuffered: the pixels go from the file straight into the picture.
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+    if (!PictureRead::openRegular(entry, file, &why, QIODevice::Unbuffered) ||
         file.read(reinterpret_cast<char*>(&h), sizeof h) != qint64(sizeof h))
         return false;
-    if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.size != stamp.size ||
-        h.modifiedNs != stamp.modified || h.changedNs != stamp.changed)
-        return false;
-    if (h.width <= 0 || h.height <= 0 || h.width > kLargestSide || h.height > kLargestSide ||
-        !formatAllowed(h.format) || h.bytesPerLine != h.width * 4 || h.pathBytes != pathUtf8.size())
+    if (std::memcmp(h.magic, kMagic, sizeof kMagic) != 0 || h.width <= 0 || h.height <= 0 ||
+        h.width > kLargestSide || h.height > kLargestSide || !formatAllowed(h.format) ||
+        h.bytesPerLine != h.width * 4 || h.pathBytes <= 0 || h.pathBytes > 65536 || h.ratioMilli <= 0)
         return false;
     const qsizetype body = qsizetype(sizeof h) + h.pathBytes + qsizetype(h.bytesPerLine) * h.height;
-    return file.size() == body + qsizetype(sizeof(quint64)) && file.read(h.pathBytes) == pathUtf8;
+    return file.size() == body + qsizetype(sizeof(quint64));
+}
+
+// The entry of `path` opened, its header read and found to describe the file as it is at `stamp`,
+// made for buttons of `side`.
+bool openEntry(const QString& folder, const QByteArray& pathUtf8, const Stamp& stamp, int side, QFile& file,
+               Header& h) {
+    if (folder.isEmpty() || !openHeader(entryPath(folder, pathUtf8), file, h)) return false;
+    if (h.size != stamp.size || h.modifiedNs != stamp.modified || h.changedNs != stamp.changed ||
+        h.side != side || h.pathBytes != pathUtf8.size())
+        return false;
+    return file.read(h.pathBytes) == pathUtf8;
+}
+
+// Marks the entry as used now, for the least recently used to go first.
+void renew(QFile& file) {
+    ::futimens(file.handle(), nullptr);
 }
 } // namespace
 
-bool holds(const QString& folder, const QString& path, const Stamp& stamp) {
+qint64 keptBytes(const QString& folder, const QString& path, const Stamp& stamp, int side) {
     QFile file;
     Header h;
-    return openEntry(folder, path.toUtf8(), stamp, file, h);
+    return openEntry(folder, path.toUtf8(), stamp, side, file, h) ? file.size() : 0;
 }
 
-QImage read(const QString& folder, const QString& path, const Stamp& stamp) {
+void renew(const QString& folder, const QString& path) {
+    ::utimensat(AT_FDCWD, QFile::encodeName(entryPath(folder, path.toUtf8())).constData(), nullptr, 0);
+}
+
+QImage read(const QString& folder, const QString& path, const Stamp& stamp, int side) {
     const QByteArray pathUtf8 = path.toUtf8();
     QFile file;
     Header h;
-    if (!openEntry(folder, pathUtf8, stamp, file, h)) return {};
+    if (!openEntry(folder, pathUtf8, stamp, side, file, h)) return {};
     // The pixels go straight into the picture; the checksum covers all that was read.
     QImage image(h.width, h.height, QImage::Format(h.format));
     if (image.isNull() || image.bytesPerLine() != h.bytesPerLine) return {};
@@ -122,13 +168,21 @@ QImage read(const QString& folder, const QString& path, const Stamp& stamp) {
     quint64 sum = checksum(reinterpret_cast<const char*>(&h), sizeof h, kSeed);
     sum = checksum(pathUtf8.constData(), pathUtf8.size(), sum);
     sum = checksum(reinterpret_cast<const char*>(image.constBits()), pixels, sum);
-    return stored == finish(sum, qsizetype(sizeof h) + pathUtf8.size() + pixels) ? image : QImage();
+    if (stored != finish(sum, qsizetype(sizeof h) + pathUtf8.size() + pixels)) return {};
+    renew(file);
+    image.setDevicePixelRatio(h.ratioMilli / 1000.0);
+    return image;
 }
 
-void write(const QString& folder, const QString& path, const Stamp& stamp, const QImage& image) {
+qint64 entryBytes(const QString& path, const QImage& image) {
+    return qint64(sizeof(Header)) + path.toUtf8().size() + qint64(image.width()) * 4 * image.height() +
+           qint64(sizeof(quint64));
+}
+
+qint64 write(const QString& folder, const QString& path, const Stamp& stamp, int side, const QImage& image) {
     if (folder.isEmpty() || image.isNull() || !formatAllowed(image.format()) ||
         image.width() > kLargestSide || image.height() > kLargestSide)
-        return;
+        return 0;
     const QByteArray pathUtf8 = path.toUtf8();
     Header h{};
     std::memcpy(h.magic, kMagic, sizeof kMagic);
@@ -140,6 +194,8 @@ void write(const QString& folder, const QString& path, const Stamp& stamp, const
     h.format = image.format();
     h.bytesPerLine = image.width() * 4;
     h.pathBytes = qint32(pathUtf8.size());
+    h.side = side;
+    h.ratioMilli = qRound(image.devicePixelRatio() * 1000);
     const qsizetype pixels = qsizetype(h.bytesPerLine) * h.height;
     QByteArray bytes;
     bytes.reserve(qsizetype(sizeof h) + pathUtf8.size() + pixels + 8);
@@ -161,8 +217,71 @@ void write(const QString& folder, const QString& path, const Stamp& stamp, const
     file.close();
     written = written && file.error() == QFileDevice::NoError;
     if (!written ||
-        std::rename(QFile::encodeName(aside).constData(), QFile::encodeName(entry).constData()) != 0)
+        std::rename(QFile::encodeName(aside).constData(), QFile::encodeName(entry).constData()) != 0) {
         QFile::remove(aside);
+        return 0;
+    }
+    return bytes.size();
+}
+
+Sweep::Sweep(const QString& folder, const std::atomic<bool>* stop) {
+    if (folder.isEmpty()) return;
+    // The time of the sweep's start as the file system gives it, so that it compares with the
+    // times of the copies renewed or written after it, whatever the file system's precision.
+    QDir().mkpath(folder);
+    const QByteArray marker = QFile::encodeName(folder + "/.sweep");
+    const int fd = ::open(marker.constData(), O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0600);
+    struct stat began {};
+    if (fd < 0 || ::futimens(fd, nullptr) != 0 || ::fstat(fd, &began) != 0) {
+        if (fd >= 0) ::close(fd);
+        return; // a folder that cannot be written is left as it is
+    }
+    ::close(fd);
+    startNs = modifiedNs(began);
+    constexpr qint64 kTornAfterNs = 600'000'000'000; // a write that long under way has failed
+    QDirIterator it(folder, QDir::Files | QDir::System);
+    while (it.hasNext() && !(stop && *stop)) {
+        const QString entry = it.next();
+        struct stat st {};
+        if (::lstat(QFile::encodeName(entry).constData(), &st) != 0) continue;
+        const qint64 used = modifiedNs(st);
+        QFile file;
+        Header h;
+        bool keep = entry.endsWith(".pic") && openHeader(entry, file, h);
+        if (keep) {
+            // Kept only while its picture is as it was when the copy was made.
+            const QString path = QString::fromUtf8(file.read(h.pathBytes));
+            const Stamp picture = stampOf(path);
+            keep =
+                h.size == picture.size && h.modifiedNs == picture.modified && h.changedNs == picture.changed;
+        } else if (entry.contains(".pic.part") && startNs - used < kTornAfterNs) {
+            continue; // a write under way
+        }
+        file.close();
+        if (!keep) {
+            QFile::remove(entry);
+            continue;
+        }
+        oldestFirst.append({used, qint64(st.st_size), entry});
+        bytes += st.st_size;
+    }
+    std::sort(oldestFirst.begin(), oldestFirst.end(),
+              [](const Entry& a, const Entry& b) { return a.usedNs < b.usedNs; });
+}
+
+bool Sweep::makeRoom(qint64 more, qint64 most) {
+    while (bytes + more > most) {
+        if (next >= oldestFirst.size()) return false;
+        const Entry& entry = oldestFirst[next++];
+        struct stat st {};
+        if (::lstat(QFile::encodeName(entry.path).constData(), &st) != 0) {
+            bytes -= entry.bytes; // gone already
+            continue;
+        }
+        if (modifiedNs(st) >= startNs) continue; // used or written since the sweep began
+        if (QFile::remove(entry.path)) bytes -= entry.bytes;
+    }
+    return true;
 }
 
 } // namespace PictureDiskCache

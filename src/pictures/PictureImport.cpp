@@ -1,6 +1,7 @@
 #include "pictures/PictureImport.h"
 
 #include "pictures/ButtonPictureFiles.h"
+#include "pictures/PictureRead.h"
 #include "util/AppGlobals.h"
 #include "util/FileTools.h"
 #include "util/StdFolders.h"
@@ -10,21 +11,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QPainter>
 #include <QSaveFile>
 #include <functional>
 
 namespace {
 const QString kNotAPicture = QStringLiteral("The chosen file is supposed to be a picture.");
-
-bool isSideOK(int side) {
-    return side > 50 && side < 70;
-}
-
-// Both readers of a file start here: a pipe or a device where a picture is expected would block.
-bool isRegularFile(const QString& path) {
-    return !path.isEmpty() && QFileInfo(path).isFile();
-}
 
 QByteArray pngOf(const QImage& picture) {
     QByteArray png;
@@ -42,17 +33,17 @@ struct Prepared {
 };
 
 Prepared prepare(const QString& source) {
-    if (!isRegularFile(source)) return {{}, {}, kNotAPicture};
-    QImageReader header(source);
+    QString why;
+    QFile in;
+    if (!PictureRead::openRegular(source, in, &why)) return {{}, {}, kNotAPicture};
+    QImageReader header(&in, PictureRead::kindOf(in));
     const QByteArray format = header.format().toLower();
     const bool asItStands = PictureImport::fitsAsItStands(header.size()) &&
                             (format == "png" || format == "jpeg" || format == "jpg");
-    QString why;
     const QImage picture = PictureImport::readForCopy(source, &why);
     if (picture.isNull()) return {{}, {}, why};
     if (asItStands) {
-        QFile in(source);
-        if (!in.open(QIODevice::ReadOnly)) return {{}, {}, kNotAPicture};
+        in.seek(0);
         return {in.readAll(), QFileInfo(source).suffix().toLower(), {}};
     }
     return {pngOf(PictureImport::squareCopy(picture)), QStringLiteral("png"), {}};
@@ -75,26 +66,23 @@ QString writeThen(const QString& target, const QByteArray& bytes, const std::fun
 } // namespace
 
 bool PictureImport::fitsAsItStands(QSize size) {
-    return size.isValid() && isSideOK(size.width()) && isSideOK(size.height());
+    return PictureRead::fitsAsItStands(size);
 }
 
 QImage PictureImport::squareCopy(const QImage& picture) {
-    QImage square(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
-    square.fill(Qt::transparent);
-    if (picture.isNull()) return square;
+    if (picture.isNull()) return PictureRead::centredOnSquare({}, kSide);
     const QSize fitted = picture.size().scaled(kSide, kSide, Qt::KeepAspectRatio).expandedTo({1, 1});
-    QPainter painter(&square);
-    painter.drawImage((kSide - fitted.width()) / 2, (kSide - fitted.height()) / 2,
-                      picture.scaled(fitted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    return square;
+    return PictureRead::centredOnSquare(
+        picture.scaled(fitted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), kSide);
 }
 
 QImage PictureImport::readForCopy(const QString& path, QString* why) {
-    if (!isRegularFile(path)) {
+    QFile file;
+    if (!PictureRead::openRegular(path, file, why)) {
         *why = kNotAPicture;
         return {};
     }
-    QImageReader reader(path);
+    QImageReader reader(&file, PictureRead::kindOf(file));
     reader.setAutoTransform(true);
     // Decoded at twice the square's side at most: smooth scaling from there loses nothing that
     // shows, and a large JPEG decodes many times faster.
@@ -125,7 +113,7 @@ PictureImport::Result PictureImport::writeSquareCopy(const QString& source, cons
     if (!QDir().mkpath(paletteFolder)) return {{}, "Could not make the folder " + paletteFolder + "."};
     const QString target =
         QDir(paletteFolder).filePath(copyName(QFileInfo(source).fileName(), button, "png"));
-    if (QFileInfo(target).exists() || QFileInfo(target).isSymLink())
+    if (nameTakenIn(paletteFolder, QFileInfo(target).fileName()))
         return {{}, QStringLiteral("A picture with this same name has already been assigned.")};
     if (const QString failed = writeThen(target, pngOf(squareCopy(picture)), [] { return QString(); });
         !failed.isEmpty())

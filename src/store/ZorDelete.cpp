@@ -42,9 +42,13 @@ QString ZOR::movePalettePicturesAside(const QString& paletteName) {
                 throw IOException("Could not remove the empty folder " + pictures.path() + '.');
             return {};
         }
-        const QString removedPath = FileTools::CreateFolderOnDesktop(AppGlobals::kRemovedPicturesFolder);
+        // One report, with the reason, when the Desktop folder cannot be had.
+        QString why;
+        const QString removedPath = FileTools::desktopFolderOrWhy(AppGlobals::kRemovedPicturesFolder, &why);
         if (removedPath.isEmpty())
-            throw IOException("Could not create the folder " + AppGlobals::kRemovedPicturesFolder + " on the Desktop.");
+            throw IOException("The pictures of " + paletteName + " could not be moved to " +
+                              AppGlobals::kRemovedPicturesFolder + " on the Desktop: " + why +
+                              ". The palette and its pictures stay as they were.");
         const QDir removed(removedPath);
         const QString into =
             exists(removed.filePath(paletteName)) ? stampedFolder(removed, paletteName) : removedPath;

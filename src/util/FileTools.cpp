@@ -369,33 +369,12 @@ QString FileTools::ChooseFileAndMoveToSuppliedDestination(const QString& destina
 
 QString FileTools::MoveRenameIfNecessary(const QString& filePath, const QString& destinationFolder) {
     return Guard::run(where("MoveRenameIfNecessary"), [&]() -> QString {
-        if (filePath.isEmpty() || !exists(filePath)) return {};
-        if (destinationFolder.isEmpty() || !QFileInfo(destinationFolder).isDir()) return {};
-        const QFileInfo source(filePath);
-        const QDir from = source.absoluteDir();
-        const QDir to(destinationFolder);
-        if (from.canonicalPath() == to.canonicalPath()) return filePath; // already there
-
-        const QString name = source.fileName();
-        QString target = name;
-        if (exists(to.filePath(name))) {
-            // The numbered name must be free where the file is as well, so the move never clobbers.
-            int n = 1;
-            auto numbered = [&] { return QString::number(n) + '_' + name; };
-            while (exists(to.filePath(numbered())) || exists(from.filePath(numbered())))
-                ++n;
-            target = numbered();
-        }
-        const QString newPath = to.filePath(target);
-        if (source.isDir() && !source.isSymLink()) {
-            if (!QDir().rename(filePath, newPath))
-                throw IOException("Could not move " + name + " to " + newPath + '.');
-        } else {
-            QFile file(filePath);
-            if (!file.rename(newPath))
-                throw IOException("Could not move " + name + " to " + newPath + ": " + file.errorString());
-        }
-        return newPath;
+        QString why;
+        const QString moved = moveRenaming(filePath, destinationFolder, &why);
+        if (moved.isEmpty() && !why.isEmpty())
+            throw IOException("Could not move " + QFileInfo(filePath).fileName() + " to " +
+                              destinationFolder + ": " + why + '.');
+        return moved;
     });
 }
 

@@ -47,10 +47,18 @@ QString ChooseFileAndMoveToSuppliedDestination(const QString& destination, const
 // "1_" + name, "2_" + name, ... free in both folders. Gives the new path, empty on failure.
 QString MoveRenameIfNecessary(const QString& filePath, const QString& destinationFolder);
 
+// MoveRenameIfNecessary's move itself, which reports nothing: the new path, or empty with `why`
+// (the system's words; empty too when there was no file to move, or no folder to move it to).
+QString moveRenaming(const QString& filePath, const QString& destinationFolder, QString* why);
 // MoveRenameIfNecessary for files the user placed: when a folder cannot be changed the move is
-// not tried, a plain message says so and the file stays where it was. Links move as links.
-// Gives the new path, empty when the file did not move.
+// not tried, and the file stays where it was. Links move as links. Gives the new path, empty when
+// the file did not move, with `why` in the program's words ("the folder P00 cannot be changed").
+QString moveRenameOrWhy(const QString& filePath, const QString& destinationFolder, QString* why);
+// The same, and a plain message tells why a file did not move.
 QString moveRenameOrSay(const QString& filePath, const QString& destinationFolder);
+// The folder `name` on the Desktop, made when missing; empty, with `why`, when it cannot be had.
+// It reports nothing itself.
+QString desktopFolderOrWhy(const QString& name, QString* why);
 
 // Whether an application with this bundle identifier is running.
 bool ApplicationIsRunning(const QString& bundleIdentifier);
