@@ -45,7 +45,9 @@ menu_item() { # the menu at `x` on the palette window's bar, then the item `down
   focus_window
   origin "$E2E_WIN"
   xdotool mousemove $((X + $1)) $((Y + 8)) click 1; sleep 0.5
-  xdotool key $(printf 'Down %.0s' $(seq "$2")) Return
+  local downs=()
+  for ((k = 0; k < $2; k++)); do downs+=(Down); done
+  xdotool key "${downs[@]}" Return
 }
 at() { # a click at x, y in the window in front
   origin "$(dialog)"
