@@ -1,7 +1,9 @@
 // The palette store: records, the data file, start-up and the saving quit.
-#include "json/JsonText.h"
+#include "assets/winButtonPics.h"
+#include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
+#include "json/JsonText.h"
 
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -245,6 +247,12 @@ private slots:
         QTest::newRow("numRows 11") << palette("numRows", 11) << 0;
         QTest::newRow("numColumns beyond any int") << palette("numColumns", 1e300) << 0;
         QTest::newRow("a tip of 10 MB") << button("Tip", std::string(10'000'000, 'w')) << 0;
+        // A palette's name is its pictures' folder: only its slot's own name is read.
+        QTest::newRow("paleName leads out") << palette("paleName", "../../../../victim") << -1;
+        QTest::newRow("paleName a path") << palette("paleName", "/../../tmp/x/ESCAPED") << -1;
+        QTest::newRow("paleName of another slot") << palette("paleName", "P01") << -1;
+        QTest::newRow("paleName in lower case") << palette("paleName", "p00") << -1;
+        QTest::newRow("paleName of the last palette") << edited(1 + 101 + 100, "paleName", "P1") << -1;
         QTest::newRow("an object for the array") << QByteArray::fromStdString(base[0].dump()) << -1;
         QTest::newRow("an object for a button") << edited(5, nullptr, ordered_json::array()) << -1;
         QTest::newRow("a number for a string") << button("Tip", 5) << -1;
@@ -286,6 +294,74 @@ private slots:
         } else
             QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(),
                      startsOn);
+    }
+
+    // Every path made from a store value stays in its folder, even for a palette name that got past
+    // the load (set here in memory): nothing of the user's is moved, shown or made elsewhere.
+    void storeValuesChooseNoPath_data() {
+        QTest::addColumn<QString>("site");
+        QTest::addColumn<QString>("name"); // "~" stands for the home folder
+        for (const char* site : {"palette window", "Button Pictures", "export", "delete", "picture import"})
+            for (const char* name : {"../../../../victim", "~/victim", ".."})
+                QTest::addRow("%s, %s", site, name) << QString(site) << QString(name);
+    }
+    void storeValuesChooseNoPath() {
+        QFETCH(QString, site);
+        QFETCH(QString, name);
+        const QString victim = home->write("victim/taxes2024.pdf", "mine").section('/', 0, -2);
+        home->write("victim/07 x.png", picture(64, 64));
+        winMain& w = startWith(2);
+        ZOR::ChangeToPalette(1);
+        ZOR::paleName = QString(name).replace("~", home->home());
+        if (site == "palette window") {
+            ZOR::viewFollows();
+            QCOMPARE(w.hasPicture, QList<int>());
+        } else if (site == "Button Pictures") {
+            opened<winButtonPics>();
+        } else if (site == "export") {
+            w.mainMenuBar->miPaletteData->trigger();
+        } else if (site == "delete") {
+            ZOR::deleteActivePalette();
+        } else {
+            QVERIFY(
+                !PictureImport::makeButtonPicture(victim + "/07 x.png", ZOR::paleName, 3).error.isEmpty());
+        }
+        told();
+        QCOMPARE(namesIn(victim), QStringList({"07 x.png", "taxes2024.pdf"}));
+        QVERIFY(namesIn(home->programFolder()).contains("PreserveState.txt"));
+        QStringList made; // anything else that names the victim, under home or beside it
+        QDirIterator it(home->home(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext())
+            if (const QString path = it.next(); path.contains("victim") && !path.startsWith(victim))
+                made << path;
+        made << QDir(home->home() + "/..")
+                    .entryList({"*victimData*"}, QDir::AllEntries | QDir::NoDotAndDotDot);
+        QCOMPARE(made, QStringList());
+    }
+
+    // A button's script runs only as a plain file of Apple_Scripts: a name that cleans down to
+    // nothing, or that names a path, is told and runs nothing.
+    void scriptNamesRunOnlyFilesOfAppleScripts() {
+        winMain& w = startWith(1);
+        const QStringList names = {" .scpt", "..", "x/../../../evil", "/Users/me/evil.scpt", "Mail"};
+        for (int i = 0; i < names.size(); ++i) {
+            button(i).ASfile = names[i];
+            QTest::mouseClick(w.cnButs[size_t(i)], Qt::LeftButton, {}, QPoint(10, 10));
+        }
+        const QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
+        QTRY_COMPARE(tools->log(),
+                     QStringList{"osascript\t" + resources + "/FireAppleScript.scpt\tMail.scpt"});
+        const QString none =
+            "This button names no AppleScript file, so nothing was run. To change this, edit it in "
+            "Grid Construct.";
+        const auto path = [](const char* name) {
+            return QString(
+                       "The AppleScript name %1 is not the name of a file in the folder Apple_Scripts, so "
+                       "nothing was run. To change this, edit the button in Grid Construct.")
+                .arg(name);
+        };
+        QCOMPARE(told(), QStringList({none, none, path("x/.scpt"), path("/Users/me/evil.scpt")}));
     }
 
     // Palettes not yet shown are read from the data file's text as it was at the start.

@@ -186,7 +186,7 @@ void winButtonPics::Event_Opening() {
         QDir().mkpath(QDir(butFolder).filePath(QStringLiteral("P00")));
         labCurrentName->setText(ZOR::paleName);
         labCurrentAlias->setText(ZOR::paleAlias);
-        fiFolderPictureForPalette = QDir(butFolder).filePath(ZOR::paleName);
+        fiFolderPictureForPalette = FileTools::childPath(butFolder, ZOR::paleName);
         QDir().mkpath(fiFolderPictureForPalette);
         audit = std::make_unique<ButtonPictureAudit>(butFolder, fiFolderPictureForPalette);
         labPicToAdd->clear();
@@ -263,8 +263,8 @@ void winButtonPics::pbToDesktop_Pressed() {
     Guard::run(pressed("pbToDesktop"), [&] {
         const QString id = labID->text();
         const QString path = audit->diFile.value(id);
-        const QString target =
-            QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder + '/' + ZOR::paleName);
+        const QString target = FileTools::childPath(
+            QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder), ZOR::paleName);
         if (!QFileInfo(target).isDir()) FileTools::CreateAllFoldersInPath(target);
         if (!QFileInfo(target).isDir())
             Dialogs::message("There is a bug in the Remove Picture button: the folder " + target +

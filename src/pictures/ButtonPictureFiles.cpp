@@ -1,6 +1,7 @@
 #include "pictures/ButtonPictureFiles.h"
 
 #include "util/AppGlobals.h"
+#include "util/FileTools.h"
 
 #include <QDir>
 #include <QStringList>
@@ -31,7 +32,7 @@ bool isPaletteFolderName(QStringView name) {
 }
 
 QString palettePictureFolder(const QString& paletteName) {
-    return paletteName.isEmpty() ? QString() : AppGlobals::folderPathButFolder + '/' + paletteName;
+    return FileTools::childPath(AppGlobals::folderPathButFolder, paletteName);
 }
 
 QList<std::pair<int, QString>> buttonPictureFiles(const QString& folder, LeadingDigits reading) {

@@ -14,7 +14,7 @@
 int buttonOfPicture(QStringView fileName);
 // "P" and two digits: the name of a palette's folder.
 bool isPaletteFolderName(QStringView name);
-// The folder of the palette's pictures; empty for an empty name.
+// The folder of the palette's pictures; empty for a name that is not one plain name.
 QString palettePictureFolder(const QString& paletteName);
 
 // How the first two characters of a name are read. The design window's warning about pictures on

@@ -6,7 +6,9 @@
 #include "util/FileTools.h"
 #include "util/Guard.h"
 #include "util/RtrnDateString.h"
+#include "util/StdFolders.h"
 #include "util/StringUtils.h"
+#include "util/ZorError.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -62,8 +64,10 @@ QString ZOR::PaletteInfoToString() {
 
 void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
     Guard::run(where("ButtonPicturesIntoFolder"), [&] {
-        const QDir source(AppGlobals::appSupportFolder + "/ButtonPictures/" + paleName);
-        if (paleName.isEmpty() || !source.exists()) return;
+        const QString folder =
+            FileTools::childPath(AppGlobals::appSupportFolder + "/ButtonPictures", paleName);
+        const QDir source(folder);
+        if (folder.isEmpty() || !source.exists()) return;
         const QStringList items = source.entryList(
             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         if (items.isEmpty()) return;
@@ -81,6 +85,9 @@ QString ZOR::paletteDataFolderName() {
 
 bool ZOR::paletteDataToDesktop() {
     const QString name = paletteDataFolderName();
+    if (FileTools::childPath(StdFolders::desktop(), name).isEmpty())
+        throw IOException("The folder name " + name +
+                          " is not one name on the Desktop, so nothing was exported.");
     const QString pictures = FileTools::CreateFolderKnownStart("Desktop", name + "/ButtonPictures");
     if (pictures.isEmpty()) return false;
     if (!FileTools::StringToFileItem(PaletteInfoToString(), "TextData", QFileInfo(pictures).path()))

@@ -34,9 +34,17 @@ template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_vi
     }
 }
 
-void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, bool tellAbsentKeys) {
+void readPalette(JsonText::Reader& r, PaletteDict& p, qint64 slot, std::string_view& key,
+                 bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber none;
     DataFileKeys::readObject<DataFileKeys::kPaletteKeys, true>(r, p, none, key, tellAbsentKeys);
+    // The name is the palette's folder in ButtonPictures: only the slot's own name may stand here.
+    const QString own = 'P' + ZOR::ButtonNumber(slot);
+    if (p.s_Name != own)
+        throw JSONException(
+            QStringLiteral("The palette in place %1 is named \"%2\"; its name can only be %3.")
+                .arg(slot)
+                .arg(p.s_Name.left(80), own));
 }
 
 void nextElementOrFail(JsonText::Reader& r) {
@@ -169,7 +177,7 @@ bool parseStore(const std::shared_ptr<StoreText>& source) {
             }
             DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
             nextElementOrFail(r);
-            readPalette(r, DP[size_t(p)], key, p == 0);
+            readPalette(r, DP[size_t(p)], p, key, p == 0);
         }
         // Elements beyond the last palette would be lost at the next save: such a file is not ours.
         if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");

@@ -180,10 +180,12 @@ QString FileTools::TextToFile(const QString& text, const QString& fileName, cons
 
         // Cleaned as if from the root before the test for home, so that ".." cannot climb out of it.
         folder = QDir::cleanPath(folder.startsWith('/') ? folder : '/' + folder);
-        while (folder == "/.." || folder.startsWith("/../")) folder = folder.mid(3); // no parent above the root
+        while (folder == "/.." || folder.startsWith("/../"))
+            folder = folder.mid(3); // no parent above the root
         if (folder.isEmpty()) folder = "/";
         folder = PathFolderEndSlash(underHome(folder));
-        const bool made = isUnder(QDir::cleanPath(folder), StdFolders::home()) && CreateAllFoldersInPath(folder);
+        const bool made =
+            isUnder(QDir::cleanPath(folder), StdFolders::home()) && CreateAllFoldersInPath(folder);
         folder = QDir::cleanPath(folder);
 
         QString name = prefix + baseName;
@@ -231,6 +233,11 @@ QString FileTools::rsViablePath(const QString& path) {
         if (!isUnder(out, home)) out.prepend(home == "/" ? QString() : home);
         return out;
     });
+}
+
+QString FileTools::childPath(const QString& folder, const QString& name) {
+    if (folder.isEmpty() || !isChildName(name)) return {};
+    return QDir(folder).filePath(name);
 }
 
 QString FileTools::CreateFolderInAppSupport(const QString& name) {

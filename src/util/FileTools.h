@@ -21,6 +21,10 @@ QString TextToFile(const QString& text, const QString& fileName, const QString& 
 bool rbHasExtension(const QString& name); // a dot and 2 to 4 further characters at the end
 QString PathFolderEndSlash(const QString& path);
 QString rsViablePath(const QString& path); // an absolute path below the home folder
+// `name` in `folder` when it is one plain name, which keeps the path inside the folder (not empty,
+// "." or "..", no "/" or NUL); empty otherwise. Every path made from a value of the data file goes
+// through here: a hand-edited or restored file must not choose where the program reads or writes.
+QString childPath(const QString& folder, const QString& name);
 
 // Folders. Each gives the folder's path, empty when it could not be had.
 QString CreateFolderInAppSupport(const QString& name);
