@@ -1,29 +1,7 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
 #include "backup/winManageBU.h"
+#include "common/LockedFolder.h"
 #include "tst_windows.h"
-
-#include <unistd.h>
-
-namespace {
-// A folder that refuses every change, to root as well; unlocked again when it goes.
-class LockedFolder {
-public:
-    explicit LockedFolder(QString folder) : path(std::move(folder)) { set(true); }
-    ~LockedFolder() { set(false); }
-    bool holds() const {
-        QFile probe(path + "/probe");
-        return !probe.open(QIODevice::WriteOnly) || !probe.remove();
-    }
-
-private:
-    void set(bool locked) {
-        QFile::setPermissions(path, locked ? QFile::ReadOwner | QFile::ExeOwner
-                                           : QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        if (geteuid() == 0) QProcess::execute("chattr", {locked ? "+i" : "-i", path});
-    }
-    QString path;
-};
-} // namespace
 
 class BackupTest : public WindowTest {
     Q_OBJECT

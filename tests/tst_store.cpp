@@ -1,5 +1,7 @@
 // The palette store: records, the data file, start-up and the saving quit.
 #include "assets/winButtonPics.h"
+#include "common/HangLimit.h"
+#include "common/LockedFolder.h"
 #include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
@@ -7,10 +9,50 @@
 
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <sys/stat.h>
 
 using ordered_json = nlohmann::ordered_json;
 
 namespace {
+// What stands at `path`, told without opening it: a link and where it leads, a FIFO, a folder with
+// its names, or a file with its content.
+QString standing(const QString& path) {
+    struct stat st {};
+    if (::lstat(QFile::encodeName(path).constData(), &st) != 0) return "nothing";
+    if (S_ISLNK(st.st_mode)) return "link to " + QFile::symLinkTarget(path);
+    if (S_ISFIFO(st.st_mode)) return "FIFO";
+    if (S_ISDIR(st.st_mode)) return "folder of " + namesIn(path).join(',');
+    return "file: " + readAll(path);
+}
+
+// A disk of 256 KB (a tmpfs) on a folder for the life of the object, where the system lets the
+// test mount one.
+class SmallDisk {
+public:
+    explicit SmallDisk(QString folder) : at(std::move(folder)) {
+        QDir().mkpath(at);
+        ok = QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0;
+    }
+    ~SmallDisk() {
+        if (ok) QProcess::execute("umount", {"-l", at});
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    bool mounted() const { return ok; }
+    void fill() const {
+        QFile filler(at + "/filler");
+        const QByteArray block(4096, 'f');
+        if (filler.open(QIODevice::WriteOnly))
+            while (filler.write(block) == block.size() && filler.flush()) {
+            }
+    }
+
+private:
+    QString at;
+    bool ok = false;
+};
+
 // An older file of two palettes: the buttons lack `absent` keys, the palettes maybe paleParticulars.
 QByteArray olderFile(const QStringList& absent, bool withParticulars) {
     ordered_json file = ordered_json::array();
@@ -165,43 +207,145 @@ private slots:
         for (const auto& [json, expected] : numbers) QCOMPARE(JsonText::Reader(json).readInteger(), expected);
     }
 
-    void fileThatCannotBeOpenedIsKept() {
-        home->writeInProgram("PreserveState.txt/inside", "mine"); // a folder where the file should be
+    // A data file that is no plain file, or a link that leads nowhere, is told and kept as it
+    // stands: nothing waits on it, and nothing is saved over it.
+    void dataFileThatCannotBeReadIsKept_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("why"); // %1: home
+        QTest::newRow("a folder") << "folder"
+                                  << "it is a folder, not a file";
+        QTest::newRow("a FIFO") << "fifo"
+                                << "it is a FIFO (a named pipe), not a file";
+        QTest::newRow("a link to a FIFO") << "link to fifo"
+                                          << "it is a FIFO (a named pipe), not a file";
+        QTest::newRow("a link to nothing") << "link to nothing"
+                                           << "it is a link to %1/unmounted/store.txt, which is not there";
+        QTest::newRow("a link to itself") << "loop"
+                                          << "it is a link that leads round in a circle";
+    }
+    void dataFileThatCannotBeReadIsKept() {
+        QFETCH(QString, kind);
+        QFETCH(QString, why);
+        const QString file = home->programFolder() + "/PreserveState.txt";
         home->writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
-        program->start();
+        const QString pipe = kind == "fifo" ? file : home->home() + "/pipe";
+        if (kind == "folder") home->writeInProgram("PreserveState.txt/inside", "mine");
+        if (kind.contains("fifo")) QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+        if (kind.startsWith("link "))
+            QVERIFY(QFile::link(kind == "link to fifo" ? pipe : home->home() + "/unmounted/store.txt", file));
+        if (kind == "loop") QVERIFY(QFile::link(file, file));
+        const QString before = standing(file);
+        {
+            const HangLimit limit(30, "A start and quit beside a data file that is no plain file");
+            program->start();
+            ZOR::paletteContentChange = true;
+            program->quit();
+        }
         const QStringList shown = told();
         QCOMPARE(shown.size(), 2);
         QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
+        QVERIFY2(shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.'),
+                 qPrintable(shown[0]));
         QVERIFY2(shown[1].contains("could not read its data file"), qPrintable(shown[1]));
-        program->quit();
-        QCOMPARE(readAll(home->programFolder() + "/PreserveState.txt/inside"), QByteArray("mine"));
+        QCOMPARE(standing(file), before);
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
         QCOMPARE(emergencyCopies(), QStringList{"230101_1200PreserveStateBU.txt"});
     }
 
-    // A quit that cannot save, or has no active palette to save, leaves the file as it was.
-    void quitLeavesTheFileAsItWas_data() {
-        QTest::addColumn<bool>("backupBlocked");
-        QTest::newRow("backup folder is a file") << true;
-        QTest::newRow("no active palette") << false;
+    // Saves write through a link: the link stays, and the file it leads to takes the new store
+    // whole, keeping its mode; the emergency copy is a plain copy of it.
+    void savesWriteThroughALink_data() {
+        QTest::addColumn<QString>("link");   // as it is written in the link; %1: home
+        QTest::addColumn<QString>("second"); // a link to the store that the first leads to, if any
+        QTest::newRow("a link") << "%1/Sync/store.txt"
+                                << "";
+        QTest::newRow("a relative link") << "../../../Sync/store.txt"
+                                         << "";
+        QTest::newRow("a link to a link") << "%1/Sync/link.txt"
+                                          << "real/store.txt";
     }
-    void quitLeavesTheFileAsItWas() {
-        QFETCH(bool, backupBlocked);
+    void savesWriteThroughALink() {
+        QFETCH(QString, link);
+        QFETCH(QString, second);
+        const QString file = writeStoreFile(3);
+        const QString store = home->home() + "/Sync/" + (second.isEmpty() ? "store.txt" : second);
+        QDir().mkpath(QFileInfo(store).path());
+        QVERIFY(QFile::rename(file, store));
+        QVERIFY(QFile::setPermissions(store, QFile::ReadOwner | QFile::WriteOwner));
+        if (!second.isEmpty()) QVERIFY(QFile::link(second, home->home() + "/Sync/link.txt"));
+        QVERIFY(QFile::link(link.arg(home->home()), file));
+        program->start();
+        ZOR::ChangeToPalette(1);
+        program->quit();
+        QCOMPARE(QFile::symLinkTarget(file), QFileInfo(link.arg(home->home())).isAbsolute()
+                                                 ? link.arg(home->home())
+                                                 : QDir::cleanPath(home->programFolder() + '/' + link));
+        QCOMPARE(ordered_json::parse(readAll(store).toStdString())[0]["CurrentPalette"].get<int>(), 1);
+        struct stat st {};
+        QCOMPARE(::stat(QFile::encodeName(store).constData(), &st), 0);
+        QCOMPARE(st.st_mode & 0777, mode_t(0600));
+        QCOMPARE(namesIn(QFileInfo(store).path()), QStringList{QFileInfo(store).fileName()});
+        const QString copy =
+            home->programFolder() + "/EmergencyPreserveStateBU/260508_2314PreserveStateBU.txt";
+        QVERIFY(!QFileInfo(copy).isSymLink());
+        QCOMPARE(readAll(copy), readAll(store));
+    }
+
+    // A save that fails says why, in words, and leaves the file as it was. The scratch copy of a save
+    // is written beside the file it replaces: the emergency folder's state does not matter.
+    void saveFailuresSayWhatHappened_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<QString>("told"); // %1: the program's folder; empty: saved
+        QTest::newRow("emergency folder is a file") << "emergency file"
+                                                    << "";
+        QTest::newRow("emergency folder locked") << "locked emergency"
+                                                 << "";
+        QTest::newRow("data folder locked")
+            << "locked data"
+            << "Could not save PreserveState.txt: ZOR_Palette may not write in the "
+               "folder %1. The file that was there before is unchanged.";
+        QTest::newRow("full disk") << "full disk"
+                                   << "Could not save PreserveState.txt: the disk is full. The file that was "
+                                      "there before is unchanged.";
+    }
+    void saveFailuresSayWhatHappened() {
+        QFETCH(QString, setting);
+        QFETCH(QString, told);
+        std::optional<SmallDisk> disk;
+        if (setting == "full disk" && !disk.emplace(home->programFolder()).mounted())
+            QSKIP("this system refuses to mount a small tmpfs");
         const QString file = writeStoreFile(2);
         const QByteArray before = readAll(file);
-        if (backupBlocked) home->writeInProgram("EmergencyPreserveStateBU", "a file where the folder should be");
+        if (setting == "emergency file")
+            home->writeInProgram("EmergencyPreserveStateBU", "a file, not a folder");
         program->start();
-        if (!backupBlocked) ZOR::DP.clear(), ZOR::idxCP = -1;
+        std::optional<LockedFolder> lock;
+        if (setting.startsWith("locked") &&
+            !lock.emplace(setting.endsWith("data") ? home->programFolder()
+                                                   : home->programFolder() + "/EmergencyPreserveStateBU")
+                 .holds())
+            QSKIP("this system lets every change through a locked folder");
+        this->told(); // the start may tell that it could not make the emergency folder; the save is looked at
+        if (disk) disk->fill();
+        ZOR::paletteContentChange = true;
+        program->quit();
+        if (told.contains("%1")) told = told.arg(home->programFolder());
+        QCOMPARE(this->told(), told.isEmpty() ? QStringList() : QStringList{told});
+        QCOMPARE(readAll(file) == before, !told.isEmpty());
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(emergencyCopies(), QStringList());
+    }
+
+    // Whatever the flags say, a store without an active palette is never written over the file.
+    void quitWithoutAnActivePaletteLeavesTheFile() {
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        program->start();
+        ZOR::DP.clear(), ZOR::idxCP = -1;
         ZOR::paletteContentChange = true;
         program->quit();
         QCOMPARE(readAll(file), before);
         QCOMPARE(emergencyCopies(), QStringList());
-        if (!backupBlocked) return;
-        QCOMPARE(QDir(home->programFolder()).entryList(QDir::Files | QDir::Hidden),
-                 QStringList({"EmergencyPreserveStateBU", "PreserveState.txt"}));
-        const QStringList shown = told();
-        QVERIFY2(shown.last().startsWith("Could not save PreserveState.txt: "), qPrintable(shown.last()));
-        QVERIFY2(shown.last().endsWith(". The file that was there before is unchanged."),
-                 qPrintable(shown.last()));
     }
 
     // A hostile file loads with a clear meaning (the palette it starts on) or is told once and kept.

@@ -117,7 +117,12 @@ QString dataFilePath();
 // The active palette's index from the head of the data file, read before the file itself; -1
 // when the head cannot be told. It only lets the start begin on that palette's pictures early.
 qint64 peekCurrentPalette();
-bool writeDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
+// Where the data file's text really is: PreserveState.txt, or the file at the end of its links (a
+// store kept in a synced folder); empty for a link that leads nowhere.
+QString dataFileTarget();
+// Replaces the data file's text whole, or leaves it as it was and tells why. A link stays a link:
+// the file it leads to is what is replaced.
+bool writeDataFile(const QString& text);
 
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);

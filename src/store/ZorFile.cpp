@@ -6,6 +6,7 @@
 #include "store/PaletteButtons.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
+#include "util/FileTools.h"
 #include "util/Guard.h"
 #include "util/StdFolders.h"
 #include "util/ZorError.h"
@@ -13,11 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <unistd.h>
 
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
@@ -53,9 +49,9 @@ void nextElementOrFail(JsonText::Reader& r) {
 } // namespace
 
 qint64 ZOR::peekCurrentPalette() {
-    QFile in(dataFilePath());
-    if (!in.open(QIODevice::ReadOnly)) return -1;
-    const QByteArray start = in.read(4096);
+    const std::unique_ptr<QFile> in = FileTools::openRegularFile(dataFilePath(), nullptr);
+    if (!in) return -1;
+    const QByteArray start = in->read(4096);
     const qsizetype headEnd = start.indexOf('}');
     if (headEnd < 0) return -1;
     try {
@@ -74,27 +70,6 @@ qint64 ZOR::peekCurrentPalette() {
 }
 
 QString ZOR::dataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
-
-bool ZOR::writeDataFile(const QString& text) {
-    return Guard::run(where("writeDataFile"), [&] {
-        // Written whole beside the backups, then renamed over the file in one step: a crash or a
-        // kill at any instant leaves the old file or the new one, and nothing new beside them.
-        const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
-        const QString scratch = emergency + "/.PreserveState.saving";
-        const QByteArray bytes = text.toUtf8();
-        QFile out(scratch);
-        bool ok = QDir().mkpath(emergency) && out.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        ok = ok && out.write(bytes) == bytes.size() && out.flush() && ::fsync(out.handle()) == 0;
-        const QString why = ok ? QString() : out.errorString();
-        out.close();
-        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(dataFilePath()).constData()) == 0)
-            return true;
-        QFile::remove(scratch);
-        Dialogs::message("Could not save PreserveState.txt: " + (why.isEmpty() ? QString::fromLocal8Bit(strerror(errno)) : why) +
-                         ". The file that was there before is unchanged.");
-        return false;
-    });
-}
 
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
@@ -225,7 +200,8 @@ void ZOR::GetZOR_DataFromDisk() {
         AppGlobals::appSupportFolder = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
         QDir().mkpath(AppGlobals::appSupportFolder);
         const QFileInfo file(dataFilePath());
-        if (!file.exists()) {
+        // A link whose file is not there (an unmounted volume) is a data file that cannot be read.
+        if (!file.exists() && !file.isSymLink()) {
             CreateFirstPalette();
             return;
         }
@@ -233,7 +209,8 @@ void ZOR::GetZOR_DataFromDisk() {
             if (!readDataFile(file)) startBesideUnreadableFile();
             return;
         }
-        if (QFile::remove(file.filePath())) {
+        // An empty file at the end of a link stays, for the saves to write through the link.
+        if (file.isSymLink() || QFile::remove(file.filePath())) {
             GeneralMethods::ShowText(
                 QStringLiteral("Starting over. The PreserveState.txt does not have any data in it, so I am restarting "
                                "from scratch. ") +

@@ -1,6 +1,9 @@
 #pragma once
 #include <QString>
 #include <QStringList>
+#include <memory>
+
+class QFile;
 
 // Routines over files and folders. A file-system item is an absolute path; an empty string
 // stands for none. Failures show a plain message or are reported by the usual rule, and the
@@ -8,6 +11,10 @@
 namespace FileTools {
 
 // Reading and writing text (UTF-8).
+// Opens `path` for reading when it is a regular file (a link is followed), never waiting on it: a
+// FIFO, a device or a folder where a file is expected is refused, not opened. Gives the open file,
+// or none with `why` in the program's words ("it is a FIFO").
+std::unique_ptr<QFile> openRegularFile(const QString& path, QString* why);
 QString rsStringFile(const QString& path); // whole content; empty for a missing file
 // Replaces folderPath/fileName (".txt" added when the name has no extension) atomically: on any
 // failure the file that was there stays whole. True when written.
