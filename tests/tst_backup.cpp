@@ -35,9 +35,11 @@ private slots:
 
     void makeBackupCopiesTheFileOnDiskAndQuitsSaving() {
         winMain& window = startWith(3);
+        ZOR::ChangeToPalette(1); // saved at once
         const QByteArray onDisk = readAll(dataFile());
+        QVERIFY(onDisk.contains("\"CurrentPalette\":1"));
         writeFile(home->desktop() + "/PreserveState.txt", "left over");
-        ZOR::ChangeToPalette(1); // a change of this run, saved only by the quit
+        ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true; // saved by the quit
         pressOnOpening(&winManageBU::pbMakeBU);
         window.mainMenuBar->miPreserveStateBU->trigger();
 
@@ -49,7 +51,7 @@ private slots:
             "PreserveState.txt file has been created on the desktop.";
         QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText), QStringList({text, text}));
         QVERIFY(!window.isVisible());
-        QVERIFY2(readAll(dataFile()).contains("\"CurrentPalette\":1"), readAll(dataFile()).left(200));
+        QVERIFY(readAll(dataFile()).contains("\"Typed, not yet saved\""));
         // The backup's copy and the quit's copy share the minute: the second one stays plain.
         QCOMPARE(namesIn(emergency()), QStringList({made, "PreserveState.txt"}));
         QCOMPARE(readAll(emergency() + '/' + made), onDisk);
@@ -100,8 +102,10 @@ private slots:
         dialogs->queueFile(chosen);
         pressOnOpening(&winManageBU::pbRestoreBU);
         winMain& window = program->start();
-        if (!offered) // a change of this run, never saved, then the menu
-            ZOR::ChangeToPalette(2), window.mainMenuBar->miPreserveStateBU->trigger();
+        if (!offered) { // a change in progress, never saved, then the menu
+            ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true;
+            window.mainMenuBar->miPreserveStateBU->trigger();
+        }
 
         QTRY_VERIFY(dialogs->titles().contains("Choose Restoring File"));
         QCOMPARE(dialogs->requests[dialogs->titles().indexOf("Choose Restoring File")].detail,

@@ -2,6 +2,11 @@
 #include "assets/winButtonPics.h"
 #include "common/HangLimit.h"
 #include "common/LockedFolder.h"
+#include "design/ccGC.h"
+#include "design/winConstruct.h"
+#include "manage/winChangeAlias.h"
+#include "manage/winDeletePalette.h"
+#include "manage/winNewPalette.h"
 #include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
@@ -334,6 +339,106 @@ private slots:
         QCOMPARE(readAll(file) == before, !told.isEmpty());
         QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
         QCOMPARE(emergencyCopies(), QStringList());
+    }
+
+    // Every completed change is on the disk at once, with no quit: a kill after it loses nothing.
+    // What the file holds is read back from the disk after each.
+    void completedChangesAreSavedAtOnce_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("saved"); // in the data file's text right after it
+        QTest::newRow("a palette switch") << "switch"
+                                          << R"("CurrentPalette":2)";
+        QTest::newRow("New Palette") << "new"
+                                     << R"("paleName":"P03","paleAlias":"Fresh")";
+        QTest::newRow("Rename Palette") << "rename"
+                                        << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
+        QTest::newRow("Delete Palette") << "delete"
+                                        << R"("CurrentPalette":0)";
+        QTest::newRow("OK in Grid Construct") << "design ok"
+                                              << R"("Tip":"Saved by OK")";
+        QTest::newRow("Grid Construct's close box") << "design close"
+                                                    << R"("paleWinTitle":"Designed")";
+    }
+    void completedChangesAreSavedAtOnce() {
+        QFETCH(QString, change);
+        QFETCH(QString, saved);
+        winMain& window = startWith(3);
+        if (change == "delete") ZOR::ChangeToPalette(2);
+        const QString file = home->programFolder() + "/PreserveState.txt";
+        const QByteArray before = readAll(file);
+        QVERIFY(!before.contains(saved.toUtf8()));
+        QByteArray afterOK; // for Grid Construct: the file between OK and the close box
+        if (change == "switch") ZOR::ChangeToPalette(2);
+        if (change == "new") {
+            winNewPalette w;
+            w.tfAlias->setText("Fresh");
+            w.pbOK->click();
+        }
+        if (change == "rename") {
+            winChangeAlias w;
+            w.tfAlias->setText("Renamed");
+            w.tfWinTitle->setText("Retitled");
+            w.pbMakeChange->click();
+        }
+        if (change == "delete") {
+            dialogs->queueOK(true);
+            winDeletePalette w;
+            w.pbDelete->click();
+        }
+        if (change.startsWith("design")) {
+            dialogs->onWindow = [&](QDialog& d) {
+                auto& w = dynamic_cast<winConstruct&>(d);
+                w.show();
+                if (change == "design ok") {
+                    QTest::mouseClick(w.accGC[5], Qt::LeftButton);
+                    w.tfTip->setText("Saved by OK");
+                    w.pbOK->click();
+                    afterOK = readAll(file);
+                }
+                w.tfWinTitle->setText("Designed");
+                w.tfWinTitle_FocusLost();
+                w.close();
+            };
+            window.mainMenuBar->miConstruct->trigger();
+            dialogs->onWindow = nullptr;
+        }
+        const QByteArray after = change == "design ok" ? afterOK : readAll(file);
+        QVERIFY2(after.contains(saved.toUtf8()), after.left(300));
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(emergencyCopies(), QStringList()); // the quit keeps its copy; a change makes none
+        told();
+    }
+
+    // A save cut short by a kill leaves its scratch copy beside the data file; the next start clears it.
+    void unfinishedSaveIsClearedAtStart() {
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        home->writeInProgram(".PreserveState.txt.saving", "[{\"LastPaletteIndex\":1,");
+        program->start();
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(readAll(file), before);
+    }
+
+    // Never over a data file that could not be read, nor over a restored one before the next start.
+    void completedChangesKeepTheGuards_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::newRow("after a restore") << "restored";
+        QTest::newRow("beside an unreadable data file") << "unreadable";
+    }
+    void completedChangesKeepTheGuards() {
+        QFETCH(QString, setting);
+        const QString file = writeStoreFile(3);
+        if (setting == "unreadable") home->writeInProgram("PreserveState.txt", "not a palette store");
+        const QByteArray before = readAll(file);
+        program->start();
+        if (setting == "restored") ZOR::QuitSavePaletteChanges = false;
+        if (setting == "unreadable")
+            ZOR::CreateNewPalette("Fresh");
+        else
+            ZOR::ChangeToPalette(2);
+        QCOMPARE(ZOR::saveStore(), false);
+        QCOMPARE(readAll(file), before);
+        told();
     }
 
     // Whatever the flags say, a store without an active palette is never written over the file.

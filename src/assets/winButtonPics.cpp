@@ -281,6 +281,7 @@ void winButtonPics::pbToDesktop_Pressed() {
             showRemovedRows();
         }
         FillButtonGraphicListbox();
+        ZOR::saveStore();
     });
 }
 
@@ -355,6 +356,7 @@ void winButtonPics::pbAdd_Pressed() {
         PrepareWindow();
         CleanUpAddingPicture();
         FillButtonGraphicListbox();
+        ZOR::saveStore();
     });
 }
 

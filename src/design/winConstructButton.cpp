@@ -431,6 +431,7 @@ void winConstruct::pbOK_Pressed() {
         b.ShortcutShow = cbVisOnBtn->isChecked();
         endEdit();
         ZOR::paletteContentChange = true;
+        ZOR::saveStore();
     });
 }
 

@@ -118,7 +118,7 @@ void winChangeAlias::pbMakeChange_Pressed() {
             if (title.compare(ZOR::paleWinTitle, Qt::CaseInsensitive) != 0) {
                 ZOR::paleWinTitle = title;
                 ZOR::paletteContentChange = true;
-                ZOR::SavePaletteToDP();
+                ZOR::saveStore();
                 if (view) view->setPaletteTitle(title);
             }
             accept();
@@ -133,7 +133,7 @@ void winChangeAlias::pbMakeChange_Pressed() {
             view->setPaletteTitle(title);
         }
         ZOR::paletteContentChange = true;
-        ZOR::SavePaletteToDP();
+        ZOR::saveStore();
         accept();
     });
 }

@@ -473,12 +473,7 @@ bool winMain::Event_Closing() {
         const bool geometryChanged = now.top() != ZOR::initialWinTop || now.left() != ZOR::initialWinLeft ||
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
-        if (!changed || !ZOR::QuitSavePaletteChanges || ZOR::dataFileUnreadable) return false;
-        // Whatever the flags say, a store without an active palette is never written over the file.
-        if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
-        ZOR::SavePaletteToDP();
-        const QString text = ZOR::JSON_CreateData();
-        if (!ZOR::writeDataFile(text)) return false;
+        if (!changed || !ZOR::saveStore()) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

@@ -123,6 +123,12 @@ QString dataFileTarget();
 // Replaces the data file's text whole, or leaves it as it was and tells why. A link stays a link:
 // the file it leads to is what is replaced.
 bool writeDataFile(const QString& text);
+// Writes the whole store to the data file at once, as the quit does, after every completed change:
+// a crash or a kill then loses at most the change in progress. Never over a data file that could
+// not be read, nor over a restored one before the program has started again, nor a store without
+// an active palette. True when written.
+bool saveStore();
+void clearUnfinishedSave(); // the scratch copy of a save cut short by a crash or a kill goes
 
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);

@@ -64,8 +64,9 @@ bool ZOR::deleteActivePalette() {
         DefaultValuesPalette(idxCP);
         DP[size_t(idxCP)].s_Alias = kNoShortcut;
         ActivatePalette(0);
-        viewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
+        saveStore();
+        viewFollows(PaletteView::Upto::RestingTexts);
         return true;
     });
 }

@@ -199,6 +199,7 @@ void ZOR::GetZOR_DataFromDisk() {
     Guard::run(where("GetZOR_DataFromDisk"), [] {
         AppGlobals::appSupportFolder = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
         QDir().mkpath(AppGlobals::appSupportFolder);
+        clearUnfinishedSave();
         const QFileInfo file(dataFilePath());
         // A link whose file is not there (an unmounted volume) is a data file that cannot be read.
         if (!file.exists() && !file.isSymLink()) {

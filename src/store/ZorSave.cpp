@@ -57,10 +57,31 @@ int writeAndSync(const QString& path, const QByteArray& bytes, mode_t mode) {
 }
 } // namespace
 
+namespace {
+// The scratch copy of a save, beside the file it is to replace.
+QString scratchFor(const QString& target) {
+    const QFileInfo file(target);
+    return QDir(file.absolutePath()).filePath('.' + file.fileName() + ".saving");
+}
+} // namespace
+
+void ZOR::clearUnfinishedSave() {
+    if (const QString target = dataFileTarget(); !target.isEmpty()) QFile::remove(scratchFor(target));
+}
+
 QString ZOR::dataFileTarget() {
     const QFileInfo file(dataFilePath());
     if (!file.isSymLink()) return file.filePath();
     return file.canonicalFilePath(); // the end of the chain of links; empty when it leads nowhere
+}
+
+bool ZOR::saveStore() {
+    return Guard::run(where("saveStore"), [] {
+        if (!QuitSavePaletteChanges || dataFileUnreadable) return false;
+        if (DP.empty() || idxCP < 0 || idxCP >= qint64(DP.size())) return false;
+        SavePaletteToDP();
+        return writeDataFile(JSON_CreateData());
+    });
 }
 
 bool ZOR::writeDataFile(const QString& text) {
@@ -77,7 +98,7 @@ bool ZOR::writeDataFile(const QString& text) {
         // what is replaced.
         const QFileInfo was(target);
         const QString folder = was.absolutePath();
-        const QString scratch = QDir(folder).filePath('.' + was.fileName() + ".saving");
+        const QString scratch = scratchFor(target);
         struct stat st {};
         const bool existed = ::stat(QFile::encodeName(target).constData(), &st) == 0;
         const mode_t mode = existed ? (st.st_mode & 07777) : 0644;
