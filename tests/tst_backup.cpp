@@ -1,7 +1,10 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
 #include "backup/winManageBU.h"
+#include "common/HangLimit.h"
 #include "common/LockedFolder.h"
 #include "tst_windows.h"
+
+#include <sys/stat.h>
 
 class BackupTest : public WindowTest {
     Q_OBJECT
@@ -73,6 +76,8 @@ private slots:
         QTest::newRow("cancelled") << "" << "" << QStringList() << "";
         QTest::newRow("the backup cannot be moved") << good << "locked backups" << QStringList() << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not restored. The PreserveState.txt in use before is still in its place, unchanged.";
         QTest::newRow("the data file cannot be kept") << good << "locked emergency" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
+        QTest::newRow("not a store") << good << "damaged" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. Invalid JSON at character 23: unexpected end of the text. Nothing was moved.";
+        QTest::newRow("a FIFO") << good << "fifo" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. 230101_0900PreserveStateBU.txt could not be opened: it is a FIFO (a named pipe), not a file. Nothing was moved.";
         QTest::newRow("restored") << good << "" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("offered at the start") << good << "unreadable" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2316PreserveStateBU.txt";
@@ -86,7 +91,13 @@ private slots:
         // A folder of that name on the Desktop is a copy, never the program's own.
         const QString backups = home->desktop() + "/EmergencyPreserveStateBU";
         const QString chosen = name.isEmpty() ? QString() : backups + '/' + name;
-        const QByteArray backup = chosen.isEmpty() ? QByteArray() : writeBackup(chosen);
+        QByteArray backup = chosen.isEmpty() ? QByteArray() : writeBackup(chosen);
+        if (setting == "damaged") writeFile(chosen, backup = R"([{"LastPaletteIndex":0,)");
+        if (setting == "fifo") {
+            QFile::remove(chosen);
+            QCOMPARE(::mkfifo(QFile::encodeName(chosen).constData(), 0644), 0);
+            backup.clear();
+        }
         writeFile(backups + "/PreserveState.txt", "a leftover beside the backup");
         QDir().mkpath(emergency());
         for (const QString& file : earlier)
@@ -101,6 +112,7 @@ private slots:
         if (offered) dialogs->queueOK(true);
         dialogs->queueFile(chosen);
         pressOnOpening(&winManageBU::pbRestoreBU);
+        const HangLimit limit(30, "A restore of the chosen file");
         winMain& window = program->start();
         if (!offered) { // a change in progress, never saved, then the menu
             ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true;
@@ -116,7 +128,11 @@ private slots:
             QVERIFY(window.isVisible());
             QVERIFY(ZOR::QuitSavePaletteChanges);
             QCOMPARE(readAll(dataFile()), former);
-            if (!chosen.isEmpty()) QCOMPARE(readAll(chosen), backup);
+            struct stat st {};
+            if (setting == "fifo")
+                QVERIFY(::stat(QFile::encodeName(chosen).constData(), &st) == 0 && S_ISFIFO(st.st_mode));
+            else if (!chosen.isEmpty())
+                QCOMPARE(readAll(chosen), backup);
             QCOMPARE(namesIn(emergency()), earlier);
             return;
         }

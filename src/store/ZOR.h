@@ -135,6 +135,9 @@ bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
 QString backupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
 bool PreserveStateRestore(); // true when a chosen backup took the data file's place
+// Why the file at `path` cannot be read as a palette store; empty when it loads whole. The store in
+// use is left as it is.
+QString whyNotAStore(const QString& path);
 
 // export of the active palette
 QString LineTabFieldName();

@@ -116,56 +116,80 @@ void PaletteButtons::read() const {
 
 namespace {
 // Reads the head and every palette object, and checks every button; the buttons themselves stay
-// text in `source` until they are first asked for.
+// text in `source` until they are first asked for. Throws what it cannot read.
+bool parseStoreOrThrow(const std::shared_ptr<StoreText>& source) {
+    using namespace ZOR;
+    JsonText::Reader r(source->view());
+    std::string_view key;
+    qint64 lastPaletteIndex = -1;
+    qint64 currentPalette = 0;
+    bool haveLast = false, haveCurrent = false;
+    r.beginArray();
+    if (!r.nextElement()) throw JSONException("The data holds no head object.");
+    r.beginObject();
+    while (r.nextKey(key)) {
+        if (key == "LastPaletteIndex")
+            lastPaletteIndex = r.readInteger(), haveLast = true;
+        else if (key == "CurrentPalette")
+            currentPalette = r.readInteger(), haveCurrent = true;
+        else if (key == "WinTop")
+            initialWinTop = r.readInteger();
+        else if (key == "WinLeft")
+            initialWinLeft = r.readInteger();
+        else if (key == "WinHeight")
+            initialWinHeight = r.readInteger();
+        else if (key == "WinWidth")
+            initialWinWidth = r.readInteger();
+        else
+            r.skipValue();
+    }
+    if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
+    if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
+    if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
+        throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
+    while (qint64(DP.size()) <= lastPaletteIndex)
+        DP.emplace_back();
+    Btn unused;
+    for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
+        nextElementOrFail(r);
+        const size_t begin = r.position();
+        for (int i = 0; i < kButtonsPerPalette; ++i) {
+            if (i > 0) nextElementOrFail(r);
+            readButton<false>(r, unused, key, p == 0 && i == 0);
+        }
+        DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
+        nextElementOrFail(r);
+        readPalette(r, DP[size_t(p)], p, key, p == 0);
+    }
+    // Elements beyond the last palette would be lost at the next save: such a file is not ours.
+    if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
+    r.expectEnd();
+    // A current palette outside the store or on a free slot is no reason to lose the
+    // palettes: start on P00, the palette the program always falls back to.
+    const bool usable = currentPalette >= 0 && currentPalette <= lastPaletteIndex &&
+                        DP[size_t(currentPalette)].s_Alias != kNoShortcut;
+    idxCP = usable ? currentPalette : 0;
+    return true;
+}
+
 bool parseStore(const std::shared_ptr<StoreText>& source) {
-    return Guard::run(where("JSON_ParseData"), [&source] {
-        using namespace ZOR;
-        JsonText::Reader r(source->view());
-        std::string_view key;
-        qint64 lastPaletteIndex = -1;
-        qint64 currentPalette = 0;
-        bool haveLast = false, haveCurrent = false;
-        r.beginArray();
-        if (!r.nextElement()) throw JSONException("The data holds no head object.");
-        r.beginObject();
-        while (r.nextKey(key)) {
-            if (key == "LastPaletteIndex") lastPaletteIndex = r.readInteger(), haveLast = true;
-            else if (key == "CurrentPalette") currentPalette = r.readInteger(), haveCurrent = true;
-            else if (key == "WinTop") initialWinTop = r.readInteger();
-            else if (key == "WinLeft") initialWinLeft = r.readInteger();
-            else if (key == "WinHeight") initialWinHeight = r.readInteger();
-            else if (key == "WinWidth") initialWinWidth = r.readInteger();
-            else r.skipValue();
-        }
-        if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
-        if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
-        if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
-            throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
-        while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
-        Btn unused;
-        for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
-            nextElementOrFail(r);
-            const size_t begin = r.position();
-            for (int i = 0; i < kButtonsPerPalette; ++i) {
-                if (i > 0) nextElementOrFail(r);
-                readButton<false>(r, unused, key, p == 0 && i == 0);
-            }
-            DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
-            nextElementOrFail(r);
-            readPalette(r, DP[size_t(p)], p, key, p == 0);
-        }
-        // Elements beyond the last palette would be lost at the next save: such a file is not ours.
-        if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
-        r.expectEnd();
-        // A current palette outside the store or on a free slot is no reason to lose the
-        // palettes: start on P00, the palette the program always falls back to.
-        const bool usable = currentPalette >= 0 && currentPalette <= lastPaletteIndex &&
-                            DP[size_t(currentPalette)].s_Alias != kNoShortcut;
-        idxCP = usable ? currentPalette : 0;
-        return true;
-    });
+    return Guard::run(where("JSON_ParseData"), [&source] { return parseStoreOrThrow(source); });
 }
 } // namespace
+
+QString ZOR::whyNotAStore(const QString& path) {
+    // Read into a store of its own: the one in use stays as it is, whatever the file holds.
+    Properties inUse = std::move(properties);
+    properties = Properties();
+    QString why;
+    try {
+        parseStoreOrThrow(StoreText::fromFile(path));
+    } catch (const std::exception& error) {
+        why = QString::fromStdString(error.what());
+    }
+    properties = std::move(inUse);
+    return why;
+}
 
 bool ZOR::JSON_ParseData(const QString& text) { return parseStore(std::make_shared<StoreText>(text.toUtf8())); }
 

@@ -90,6 +90,14 @@ bool ZOR::PreserveStateRestore() {
             Dialogs::message(why);
             return false;
         }
+        // Read whole before it takes the data file's place: a file that does not load moves nothing.
+        if (QString why = whyNotAStore(path); !why.isEmpty()) {
+            if (!why.endsWith('.')) why += '.';
+            Dialogs::message("The backup " + name +
+                             " was not restored: it cannot be read as a store of palettes. " + why +
+                             " Nothing was moved.");
+            return false;
+        }
         QString keptAt;
         if (QFileInfo::exists(dataFilePath())) {
             keptAt = setAsideDataFile();
