@@ -128,27 +128,19 @@ bool parseStoreOrThrow(const std::shared_ptr<StoreText>& source) {
     if (!r.nextElement()) throw JSONException("The data holds no head object.");
     r.beginObject();
     while (r.nextKey(key)) {
-        if (key == "LastPaletteIndex")
-            lastPaletteIndex = r.readInteger(), haveLast = true;
-        else if (key == "CurrentPalette")
-            currentPalette = r.readInteger(), haveCurrent = true;
-        else if (key == "WinTop")
-            initialWinTop = r.readInteger();
-        else if (key == "WinLeft")
-            initialWinLeft = r.readInteger();
-        else if (key == "WinHeight")
-            initialWinHeight = r.readInteger();
-        else if (key == "WinWidth")
-            initialWinWidth = r.readInteger();
-        else
-            r.skipValue();
+        if (key == "LastPaletteIndex") lastPaletteIndex = r.readInteger(), haveLast = true;
+        else if (key == "CurrentPalette") currentPalette = r.readInteger(), haveCurrent = true;
+        else if (key == "WinTop") initialWinTop = r.readInteger();
+        else if (key == "WinLeft") initialWinLeft = r.readInteger();
+        else if (key == "WinHeight") initialWinHeight = r.readInteger();
+        else if (key == "WinWidth") initialWinWidth = r.readInteger();
+        else r.skipValue();
     }
     if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
     if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
     if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
         throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
-    while (qint64(DP.size()) <= lastPaletteIndex)
-        DP.emplace_back();
+    while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
     Btn unused;
     for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
         nextElementOrFail(r);
