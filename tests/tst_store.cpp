@@ -453,6 +453,42 @@ private slots:
         QCOMPARE(emergencyCopies(), QStringList());
     }
 
+    // Values no window could have made are held to what the windows offer when they are read.
+    void valuesOutOfRangeAreHeld_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<qint64>("held");
+        QTest::newRow("numRows 0") << "numRows" << 0.0 << qint64(1);
+        QTest::newRow("numRows -5") << "numRows" << -5.0 << qint64(1);
+        QTest::newRow("numRows 99999") << "numRows" << 99999.0 << qint64(10);
+        QTest::newRow("numColumns 0") << "numColumns" << 0.0 << qint64(1);
+        QTest::newRow("numColumns 99999") << "numColumns" << 99999.0 << qint64(10);
+        QTest::newRow("AutoMin -1") << "AutoMin" << -1.0 << qint64(0);
+        QTest::newRow("AutoMin 2147484") << "AutoMin" << 2147484.0 << qint64(86400);
+        QTest::newRow("AutoMin 50") << "AutoMin" << 50.0 << qint64(50);
+    }
+    void valuesOutOfRangeAreHeld() {
+        QFETCH(QString, key);
+        QFETCH(double, value);
+        QFETCH(qint64, held);
+        ordered_json store = ordered_json::parse(readAll(writeStoreFile(2)).toStdString());
+        store[key == "AutoMin" ? 1 + 7 : 101][key.toStdString()] = qint64(value);
+        home->writeInProgram("PreserveState.txt", QByteArray::fromStdString(store.dump()));
+        program->start();
+        const qint64 read = key == "numRows"      ? ZOR::numRows
+                            : key == "numColumns" ? ZOR::numColumns
+                                                  : button(7).AutoMin;
+        QCOMPARE(read, held);
+    }
+
+    // A NUL would end the window's title there: it shows as the program shows it elsewhere.
+    void nulInTheTitleIsShown() {
+        ordered_json store = ordered_json::parse(readAll(writeStoreFile(1)).toStdString());
+        store[101]["paleWinTitle"] = std::string("Before\0After", 12);
+        home->writeInProgram("PreserveState.txt", QByteArray::fromStdString(store.dump()));
+        QCOMPARE(program->start().windowTitle(), "Before\u2400After");
+    }
+
     // A hostile file loads with a clear meaning (the palette it starts on) or is told once and kept.
     void hostileDataFiles_data() {
         QTest::addColumn<QByteArray>("content");

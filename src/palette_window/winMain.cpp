@@ -229,7 +229,9 @@ void winMain::EraseAllPictures() {
     });
 }
 
-void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
+void winMain::setPaletteTitle(const QString& title) {
+    setWindowTitle(QString(title).replace(QChar(0), kNoShortcut)); // a NUL would end the title: shown as ␀
+}
 
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labTip->setText(alias);

@@ -15,8 +15,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+
+constexpr qint64 kLongestAutoMin = 24 * 60 * 60; // seconds
 
 template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber v;
@@ -27,6 +31,8 @@ template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_vi
         b.Row = v.id / 10;
         b.Col = v.id % 10;
         b.sID = ZOR::ButtonNumber(v.id);
+        // A delay the minimizing timer cannot hold (or a negative one) is held to a day at most.
+        b.AutoMin = std::clamp<qint64>(b.AutoMin, 0, kLongestAutoMin);
     }
 }
 
@@ -34,6 +40,9 @@ void readPalette(JsonText::Reader& r, PaletteDict& p, qint64 slot, std::string_v
                  bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber none;
     DataFileKeys::readObject<DataFileKeys::kPaletteKeys, true>(r, p, none, key, tellAbsentKeys);
+    // Grid Construct offers 1 to 10 rows and columns; a hand-edited file is held to the same.
+    p.i_NumRows = std::clamp<qint64>(p.i_NumRows, 1, 10);
+    p.i_NumColumns = std::clamp<qint64>(p.i_NumColumns, 1, 10);
     // The name is the palette's folder in ButtonPictures: only the slot's own name may stand here.
     const QString own = 'P' + ZOR::ButtonNumber(slot);
     if (p.s_Name != own)
