@@ -44,13 +44,14 @@ QString setAsideDataFile() {
         if (!wasTaken && QFileInfo::exists(before)) return before;
         return emergencyPath(ZOR::backupFileName());
     }
-    // A quit a moment ago took the stamp of this minute. The next free minute keeps the data file
-    // apart from that copy, under a name that can be restored and that sorts after it.
+    // A quit or a backup a moment ago took the stamp of this minute. The latest free minute before
+    // it keeps the data file apart from that copy, under a name that can be restored, that never
+    // tells a time to come, and that no later quit can take.
     if (!wasTaken || !QFileInfo::exists(ZOR::dataFilePath())) return {};
     const QDateTime now = Clock::now();
     for (int minutes = 1; minutes <= 60; ++minutes) {
         const QString name =
-            emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
+            emergencyPath(now.addSecs(-60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
         if (!QFileInfo::exists(name)) return QFile::rename(ZOR::dataFilePath(), name) ? name : QString();
     }
     return {};
