@@ -215,6 +215,31 @@ private slots:
         QVERIFY2(text.contains("\tagain\t"), text);
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
     }
+
+    // The folder's name fits the file system's 255 bytes: a long alias gives up whole characters.
+    void exportWithALongAlias_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<QString>("kept");            // of the alias, in the folder's name
+        const QString flag = QString::fromUtf8("🇫🇷"); // 8 bytes, one character
+        QTest::newRow("250 letters") << QString(250, 'a') << QString(234, 'a');
+        QTest::newRow("emoji") << QString::fromUtf8("😀").repeated(70) << QString::fromUtf8("😀").repeated(58);
+        QTest::newRow("flags") << flag.repeated(40) << flag.repeated(29);
+        QTest::newRow("letters, then a flag at the cut")
+            << QString(230, 'b') + flag.repeated(3) << QString(230, 'b');
+    }
+    void exportWithALongAlias() {
+        QFETCH(QString, alias);
+        QFETCH(QString, kept);
+        winMain& window = startWith(1);
+        ZOR::paleAlias = alias;
+        Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7)));
+        window.mainMenuBar->miPaletteData->trigger();
+        const QString name = "230523_195507" + kept + "_P00Data";
+        QVERIFY(name.toUtf8().size() <= 255);
+        QCOMPARE(namesIn(home->desktop()), QStringList{name});
+        QVERIFY(QFileInfo(home->desktop() + '/' + name + "/TextData.txt").isFile());
+        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
+    }
 };
 
 QTEST_MAIN(BackupTest)

@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTextBoundaryFinder>
 
 namespace {
 Guard::Where where(const char* method) {
@@ -77,10 +78,29 @@ void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
     });
 }
 
+namespace {
+// The longest start of `text` whose UTF-8 takes at most `bytes`, cut between characters as the user
+// sees them (an accent stays on its letter, a flag stays whole).
+QString cutToBytes(const QString& text, qsizetype bytes) {
+    if (text.toUtf8().size() <= bytes) return text;
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    qsizetype kept = 0;
+    for (qsizetype end = characters.toNextBoundary(); end > 0; end = characters.toNextBoundary()) {
+        if (QStringView(text).left(end).toUtf8().size() > bytes) break;
+        kept = end;
+    }
+    return text.left(kept);
+}
+} // namespace
+
 QString ZOR::paletteDataFolderName() {
     // An alias is one name on the Desktop, even a hand-edited one with a slash.
     const QString alias = StringUtils::Remove(paleAlias, " ").replace('/', '_');
-    return RtrnDateString::rsAlphaDateTime(4) + alias + "_" + paleName + "Data";
+    const QString start = RtrnDateString::rsAlphaDateTime(4);
+    const QString end = "_" + paleName + "Data";
+    // A file system takes names of 255 bytes at most: a long alias gives up its end.
+    constexpr qsizetype kLongestName = 255;
+    return start + cutToBytes(alias, kLongestName - start.toUtf8().size() - end.toUtf8().size()) + end;
 }
 
 bool ZOR::paletteDataToDesktop() {
