@@ -358,6 +358,11 @@ private slots:
                                               << R"("Tip":"Saved by OK")";
         QTest::newRow("Grid Construct's close box") << "design close"
                                                     << R"("paleWinTitle":"Designed")";
+        // Pictures are files of their own: what these save is the store as it stands.
+        QTest::newRow("Add in Button Pictures") << "add picture"
+                                                << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Remove in Button Pictures") << "remove picture"
+                                                   << R"("paleWinTitle":"Typed before")";
     }
     void completedChangesAreSavedAtOnce() {
         QFETCH(QString, change);
@@ -369,6 +374,20 @@ private slots:
         QVERIFY(!before.contains(saved.toUtf8()));
         QByteArray afterOK; // for Grid Construct: the file between OK and the close box
         if (change == "switch") ZOR::ChangeToPalette(2);
+        if (change.endsWith("picture")) {
+            home->writeInProgram("ButtonPictures/P00/01 one.png", picture(64, 64));
+            const QString chosen = home->write("Desktop/05 five.png", picture(64, 64));
+            auto w = opened<winButtonPics>();
+            ZOR::paleWinTitle = "Typed before", ZOR::paletteContentChange = true;
+            if (change == "add picture") {
+                dialogs->queueFile(chosen);
+                w->pbSelectPicToAdd_Pressed();
+                w->pbAdd_Pressed();
+            } else {
+                pressRow(w->lbButPic, 0);
+                w->pbToDesktop_Pressed();
+            }
+        }
         if (change == "new") {
             winNewPalette w;
             w.tfAlias->setText("Fresh");
