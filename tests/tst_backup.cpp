@@ -1,29 +1,10 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
 #include "backup/winManageBU.h"
+#include "common/HangLimit.h"
+#include "common/LockedFolder.h"
 #include "tst_windows.h"
 
-#include <unistd.h>
-
-namespace {
-// A folder that refuses every change, to root as well; unlocked again when it goes.
-class LockedFolder {
-public:
-    explicit LockedFolder(QString folder) : path(std::move(folder)) { set(true); }
-    ~LockedFolder() { set(false); }
-    bool holds() const {
-        QFile probe(path + "/probe");
-        return !probe.open(QIODevice::WriteOnly) || !probe.remove();
-    }
-
-private:
-    void set(bool locked) {
-        QFile::setPermissions(path, locked ? QFile::ReadOwner | QFile::ExeOwner
-                                           : QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        if (geteuid() == 0) QProcess::execute("chattr", {locked ? "+i" : "-i", path});
-    }
-    QString path;
-};
-} // namespace
+#include <sys/stat.h>
 
 class BackupTest : public WindowTest {
     Q_OBJECT
@@ -57,9 +38,11 @@ private slots:
 
     void makeBackupCopiesTheFileOnDiskAndQuitsSaving() {
         winMain& window = startWith(3);
+        ZOR::ChangeToPalette(1); // saved at once
         const QByteArray onDisk = readAll(dataFile());
+        QVERIFY(onDisk.contains("\"CurrentPalette\":1"));
         writeFile(home->desktop() + "/PreserveState.txt", "left over");
-        ZOR::ChangeToPalette(1); // a change of this run, saved only by the quit
+        ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true; // saved by the quit
         pressOnOpening(&winManageBU::pbMakeBU);
         window.mainMenuBar->miPreserveStateBU->trigger();
 
@@ -71,14 +54,14 @@ private slots:
             "PreserveState.txt file has been created on the desktop.";
         QCOMPARE(dialogs->texts(Dialogs::Kind::ShowText), QStringList({text, text}));
         QVERIFY(!window.isVisible());
-        QVERIFY2(readAll(dataFile()).contains("\"CurrentPalette\":1"), readAll(dataFile()).left(200));
+        QVERIFY(readAll(dataFile()).contains("\"Typed, not yet saved\""));
         // The backup's copy and the quit's copy share the minute: the second one stays plain.
         QCOMPARE(namesIn(emergency()), QStringList({made, "PreserveState.txt"}));
         QCOMPARE(readAll(emergency() + '/' + made), onDisk);
     }
 
     // A refused or failed restore leaves all as it was; a done one keeps the data file in the
-    // emergency folder, under the next free minute, and quits without writing.
+    // emergency folder, under the latest free minute up to now, and quits without writing.
     void restoreThroughTheMenu_data() {
         QTest::addColumn<QString>("name");        // chosen on the Desktop; empty: cancelled
         QTest::addColumn<QString>("setting");     // a folder that refuses every change, or "unreadable"
@@ -93,9 +76,12 @@ private slots:
         QTest::newRow("cancelled") << "" << "" << QStringList() << "";
         QTest::newRow("the backup cannot be moved") << good << "locked backups" << QStringList() << "The backup 230101_0900PreserveStateBU.txt could not be moved into place, so it was not restored. The PreserveState.txt in use before is still in its place, unchanged.";
         QTest::newRow("the data file cannot be kept") << good << "locked emergency" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: the PreserveState.txt in use could not be kept in the folder EmergencyPreserveStateBU first, so it stays in its place, unchanged.";
+        QTest::newRow("not a store") << good << "damaged" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. Invalid JSON at character 23: unexpected end of the text. Nothing was moved.";
+        QTest::newRow("a FIFO") << good << "fifo" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. 230101_0900PreserveStateBU.txt could not be opened: it is a FIFO (a named pipe), not a file. Nothing was moved.";
         QTest::newRow("restored") << good << "" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("offered at the start") << good << "unreadable" << QStringList() << "230508_2314PreserveStateBU.txt";
-        QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2316PreserveStateBU.txt";
+        QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2313PreserveStateBU.txt";
+        QTest::newRow("restored, this minute and the one before taken") << good << "" << QStringList{"230508_2313PreserveStateBU.txt", "230508_2314PreserveStateBU.txt"} << "230508_2312PreserveStateBU.txt";
         // clang-format on
     }
     void restoreThroughTheMenu() {
@@ -106,7 +92,13 @@ private slots:
         // A folder of that name on the Desktop is a copy, never the program's own.
         const QString backups = home->desktop() + "/EmergencyPreserveStateBU";
         const QString chosen = name.isEmpty() ? QString() : backups + '/' + name;
-        const QByteArray backup = chosen.isEmpty() ? QByteArray() : writeBackup(chosen);
+        QByteArray backup = chosen.isEmpty() ? QByteArray() : writeBackup(chosen);
+        if (setting == "damaged") writeFile(chosen, backup = R"([{"LastPaletteIndex":0,)");
+        if (setting == "fifo") {
+            QFile::remove(chosen);
+            QCOMPARE(::mkfifo(QFile::encodeName(chosen).constData(), 0644), 0);
+            backup.clear();
+        }
         writeFile(backups + "/PreserveState.txt", "a leftover beside the backup");
         QDir().mkpath(emergency());
         for (const QString& file : earlier)
@@ -121,9 +113,12 @@ private slots:
         if (offered) dialogs->queueOK(true);
         dialogs->queueFile(chosen);
         pressOnOpening(&winManageBU::pbRestoreBU);
+        const HangLimit limit(30, "A restore of the chosen file");
         winMain& window = program->start();
-        if (!offered) // a change of this run, never saved, then the menu
-            ZOR::ChangeToPalette(2), window.mainMenuBar->miPreserveStateBU->trigger();
+        if (!offered) { // a change in progress, never saved, then the menu
+            ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true;
+            window.mainMenuBar->miPreserveStateBU->trigger();
+        }
 
         QTRY_VERIFY(dialogs->titles().contains("Choose Restoring File"));
         QCOMPARE(dialogs->requests[dialogs->titles().indexOf("Choose Restoring File")].detail,
@@ -134,14 +129,20 @@ private slots:
             QVERIFY(window.isVisible());
             QVERIFY(ZOR::QuitSavePaletteChanges);
             QCOMPARE(readAll(dataFile()), former);
-            if (!chosen.isEmpty()) QCOMPARE(readAll(chosen), backup);
+            struct stat st {};
+            if (setting == "fifo")
+                QVERIFY(::stat(QFile::encodeName(chosen).constData(), &st) == 0 && S_ISFIFO(st.st_mode));
+            else if (!chosen.isEmpty())
+                QCOMPARE(readAll(chosen), backup);
             QCOMPARE(namesIn(emergency()), earlier);
             return;
         }
         QTRY_VERIFY(!window.isVisible());
         QCOMPARE(readAll(dataFile()), backup);
         QCOMPARE(namesIn(backups), QStringList{"PreserveState230508_231407.txt"});
-        QCOMPARE(namesIn(emergency()), earlier << told);
+        earlier << told;
+        earlier.sort();
+        QCOMPARE(namesIn(emergency()), earlier); // never under a stamp still to come
         QCOMPARE(readAll(emergency() + '/' + told), former);
         QCOMPARE(dialogs->requests.last().title + ": " + dialogs->texts(Dialogs::Kind::ShowText).join('|'),
                  "Backup Data Restored: A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
@@ -212,6 +213,31 @@ private slots:
         QCOMPARE(namesIn(home->desktop()), QStringList{"230523_195507MyTools_P00Data"});
         const QByteArray text = readAll(folder + "/TextData.txt");
         QVERIFY2(text.contains("\tagain\t"), text);
+        QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
+    }
+
+    // The folder's name fits the file system's 255 bytes: a long alias gives up whole characters.
+    void exportWithALongAlias_data() {
+        QTest::addColumn<QString>("alias");
+        QTest::addColumn<QString>("kept");            // of the alias, in the folder's name
+        const QString flag = QString::fromUtf8("🇫🇷"); // 8 bytes, one character
+        QTest::newRow("250 letters") << QString(250, 'a') << QString(234, 'a');
+        QTest::newRow("emoji") << QString::fromUtf8("😀").repeated(70) << QString::fromUtf8("😀").repeated(58);
+        QTest::newRow("flags") << flag.repeated(40) << flag.repeated(29);
+        QTest::newRow("letters, then a flag at the cut")
+            << QString(230, 'b') + flag.repeated(3) << QString(230, 'b');
+    }
+    void exportWithALongAlias() {
+        QFETCH(QString, alias);
+        QFETCH(QString, kept);
+        winMain& window = startWith(1);
+        ZOR::paleAlias = alias;
+        Clock::set(QDateTime(QDate(2023, 5, 23), QTime(19, 55, 7)));
+        window.mainMenuBar->miPaletteData->trigger();
+        const QString name = "230523_195507" + kept + "_P00Data";
+        QVERIFY(name.toUtf8().size() <= 255);
+        QCOMPARE(namesIn(home->desktop()), QStringList{name});
+        QVERIFY(QFileInfo(home->desktop() + '/' + name + "/TextData.txt").isFile());
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
     }
 };

@@ -1,14 +1,63 @@
 // The palette store: records, the data file, start-up and the saving quit.
-#include "json/JsonText.h"
+#include "assets/winButtonPics.h"
+#include "common/HangLimit.h"
+#include "common/LockedFolder.h"
+#include "design/ccGC.h"
+#include "design/winConstruct.h"
+#include "manage/winChangeAlias.h"
+#include "manage/winDeletePalette.h"
+#include "manage/winNewPalette.h"
+#include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
+#include "json/JsonText.h"
 
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <sys/stat.h>
 
 using ordered_json = nlohmann::ordered_json;
 
 namespace {
+// What stands at `path`, told without opening it: a link and where it leads, a FIFO, a folder with
+// its names, or a file with its content.
+QString standing(const QString& path) {
+    struct stat st {};
+    if (::lstat(QFile::encodeName(path).constData(), &st) != 0) return "nothing";
+    if (S_ISLNK(st.st_mode)) return "link to " + QFile::symLinkTarget(path);
+    if (S_ISFIFO(st.st_mode)) return "FIFO";
+    if (S_ISDIR(st.st_mode)) return "folder of " + namesIn(path).join(',');
+    return "file: " + readAll(path);
+}
+
+// A disk of 256 KB (a tmpfs) on a folder for the life of the object, where the system lets the
+// test mount one.
+class SmallDisk {
+public:
+    explicit SmallDisk(QString folder) : at(std::move(folder)) {
+        QDir().mkpath(at);
+        ok = QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0;
+    }
+    ~SmallDisk() {
+        if (ok) QProcess::execute("umount", {"-l", at});
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    bool mounted() const { return ok; }
+    void fill() const {
+        QFile filler(at + "/filler");
+        const QByteArray block(4096, 'f');
+        if (filler.open(QIODevice::WriteOnly))
+            while (filler.write(block) == block.size() && filler.flush()) {
+            }
+    }
+
+private:
+    QString at;
+    bool ok = false;
+};
+
 // An older file of two palettes: the buttons lack `absent` keys, the palettes maybe paleParticulars.
 QByteArray olderFile(const QStringList& absent, bool withParticulars) {
     ordered_json file = ordered_json::array();
@@ -163,43 +212,300 @@ private slots:
         for (const auto& [json, expected] : numbers) QCOMPARE(JsonText::Reader(json).readInteger(), expected);
     }
 
-    void fileThatCannotBeOpenedIsKept() {
-        home->writeInProgram("PreserveState.txt/inside", "mine"); // a folder where the file should be
+    // A data file that is no plain file, or a link that leads nowhere, is told and kept as it
+    // stands: nothing waits on it, and nothing is saved over it.
+    void dataFileThatCannotBeReadIsKept_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("why"); // %1: home
+        QTest::newRow("a folder") << "folder"
+                                  << "it is a folder, not a file";
+        QTest::newRow("a FIFO") << "fifo"
+                                << "it is a FIFO (a named pipe), not a file";
+        QTest::newRow("a link to a FIFO") << "link to fifo"
+                                          << "it is a FIFO (a named pipe), not a file";
+        QTest::newRow("a link to nothing") << "link to nothing"
+                                           << "it is a link to %1/unmounted/store.txt, which is not there";
+        QTest::newRow("a link to itself") << "loop"
+                                          << "it is a link that leads round in a circle";
+    }
+    void dataFileThatCannotBeReadIsKept() {
+        QFETCH(QString, kind);
+        QFETCH(QString, why);
+        const QString file = home->programFolder() + "/PreserveState.txt";
         home->writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
-        program->start();
+        const QString pipe = kind == "fifo" ? file : home->home() + "/pipe";
+        if (kind == "folder") home->writeInProgram("PreserveState.txt/inside", "mine");
+        if (kind.contains("fifo")) QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+        if (kind.startsWith("link "))
+            QVERIFY(QFile::link(kind == "link to fifo" ? pipe : home->home() + "/unmounted/store.txt", file));
+        if (kind == "loop") QVERIFY(QFile::link(file, file));
+        const QString before = standing(file);
+        {
+            const HangLimit limit(30, "A start and quit beside a data file that is no plain file");
+            program->start();
+            ZOR::paletteContentChange = true;
+            program->quit();
+        }
         const QStringList shown = told();
         QCOMPARE(shown.size(), 2);
         QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
+        QVERIFY2(shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.'),
+                 qPrintable(shown[0]));
         QVERIFY2(shown[1].contains("could not read its data file"), qPrintable(shown[1]));
-        program->quit();
-        QCOMPARE(readAll(home->programFolder() + "/PreserveState.txt/inside"), QByteArray("mine"));
+        QCOMPARE(standing(file), before);
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
         QCOMPARE(emergencyCopies(), QStringList{"230101_1200PreserveStateBU.txt"});
     }
 
-    // A quit that cannot save, or has no active palette to save, leaves the file as it was.
-    void quitLeavesTheFileAsItWas_data() {
-        QTest::addColumn<bool>("backupBlocked");
-        QTest::newRow("backup folder is a file") << true;
-        QTest::newRow("no active palette") << false;
+    // Saves write through a link: the link stays, and the file it leads to takes the new store
+    // whole, keeping its mode; the emergency copy is a plain copy of it.
+    void savesWriteThroughALink_data() {
+        QTest::addColumn<QString>("link");   // as it is written in the link; %1: home
+        QTest::addColumn<QString>("second"); // a link to the store that the first leads to, if any
+        QTest::newRow("a link") << "%1/Sync/store.txt"
+                                << "";
+        QTest::newRow("a relative link") << "../../../Sync/store.txt"
+                                         << "";
+        QTest::newRow("a link to a link") << "%1/Sync/link.txt"
+                                          << "real/store.txt";
     }
-    void quitLeavesTheFileAsItWas() {
-        QFETCH(bool, backupBlocked);
+    void savesWriteThroughALink() {
+        QFETCH(QString, link);
+        QFETCH(QString, second);
+        const QString file = writeStoreFile(3);
+        const QString store = home->home() + "/Sync/" + (second.isEmpty() ? "store.txt" : second);
+        QDir().mkpath(QFileInfo(store).path());
+        QVERIFY(QFile::rename(file, store));
+        QVERIFY(QFile::setPermissions(store, QFile::ReadOwner | QFile::WriteOwner));
+        if (!second.isEmpty()) QVERIFY(QFile::link(second, home->home() + "/Sync/link.txt"));
+        QVERIFY(QFile::link(link.arg(home->home()), file));
+        program->start();
+        ZOR::ChangeToPalette(1);
+        program->quit();
+        QCOMPARE(QFile::symLinkTarget(file), QFileInfo(link.arg(home->home())).isAbsolute()
+                                                 ? link.arg(home->home())
+                                                 : QDir::cleanPath(home->programFolder() + '/' + link));
+        QCOMPARE(ordered_json::parse(readAll(store).toStdString())[0]["CurrentPalette"].get<int>(), 1);
+        struct stat st {};
+        QCOMPARE(::stat(QFile::encodeName(store).constData(), &st), 0);
+        QCOMPARE(st.st_mode & 0777, mode_t(0600));
+        QCOMPARE(namesIn(QFileInfo(store).path()), QStringList{QFileInfo(store).fileName()});
+        const QString copy =
+            home->programFolder() + "/EmergencyPreserveStateBU/260508_2314PreserveStateBU.txt";
+        QVERIFY(!QFileInfo(copy).isSymLink());
+        QCOMPARE(readAll(copy), readAll(store));
+    }
+
+    // A save that fails says why, in words, and leaves the file as it was. The scratch copy of a save
+    // is written beside the file it replaces: the emergency folder's state does not matter.
+    void saveFailuresSayWhatHappened_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<QString>("told"); // %1: the program's folder; empty: saved
+        QTest::newRow("emergency folder is a file") << "emergency file"
+                                                    << "";
+        QTest::newRow("emergency folder locked") << "locked emergency"
+                                                 << "";
+        QTest::newRow("data folder locked")
+            << "locked data"
+            << "Could not save PreserveState.txt: ZOR_Palette may not write in the "
+               "folder %1. The file that was there before is unchanged.";
+        QTest::newRow("full disk") << "full disk"
+                                   << "Could not save PreserveState.txt: the disk is full. The file that was "
+                                      "there before is unchanged.";
+    }
+    void saveFailuresSayWhatHappened() {
+        QFETCH(QString, setting);
+        QFETCH(QString, told);
+        std::optional<SmallDisk> disk;
+        if (setting == "full disk" && !disk.emplace(home->programFolder()).mounted())
+            QSKIP("this system refuses to mount a small tmpfs");
         const QString file = writeStoreFile(2);
         const QByteArray before = readAll(file);
-        if (backupBlocked) home->writeInProgram("EmergencyPreserveStateBU", "a file where the folder should be");
+        if (setting == "emergency file")
+            home->writeInProgram("EmergencyPreserveStateBU", "a file, not a folder");
         program->start();
-        if (!backupBlocked) ZOR::DP.clear(), ZOR::idxCP = -1;
+        std::optional<LockedFolder> lock;
+        if (setting.startsWith("locked") &&
+            !lock.emplace(setting.endsWith("data") ? home->programFolder()
+                                                   : home->programFolder() + "/EmergencyPreserveStateBU")
+                 .holds())
+            QSKIP("this system lets every change through a locked folder");
+        this->told(); // the start may tell that it could not make the emergency folder; the save is looked at
+        if (disk) disk->fill();
+        ZOR::paletteContentChange = true;
+        program->quit();
+        if (told.contains("%1")) told = told.arg(home->programFolder());
+        QCOMPARE(this->told(), told.isEmpty() ? QStringList() : QStringList{told});
+        QCOMPARE(readAll(file) == before, !told.isEmpty());
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(emergencyCopies(), QStringList());
+    }
+
+    // Every completed change is on the disk at once, with no quit: a kill after it loses nothing.
+    // What the file holds is read back from the disk after each.
+    void completedChangesAreSavedAtOnce_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("saved"); // in the data file's text right after it
+        QTest::newRow("a palette switch") << "switch"
+                                          << R"("CurrentPalette":2)";
+        QTest::newRow("New Palette") << "new"
+                                     << R"("paleName":"P03","paleAlias":"Fresh")";
+        QTest::newRow("Rename Palette") << "rename"
+                                        << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
+        QTest::newRow("Delete Palette") << "delete"
+                                        << R"("CurrentPalette":0)";
+        QTest::newRow("OK in Grid Construct") << "design ok"
+                                              << R"("Tip":"Saved by OK")";
+        QTest::newRow("Grid Construct's close box") << "design close"
+                                                    << R"("paleWinTitle":"Designed")";
+        // Pictures are files of their own: what these save is the store as it stands.
+        QTest::newRow("Add in Button Pictures") << "add picture"
+                                                << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Remove in Button Pictures") << "remove picture"
+                                                   << R"("paleWinTitle":"Typed before")";
+    }
+    void completedChangesAreSavedAtOnce() {
+        QFETCH(QString, change);
+        QFETCH(QString, saved);
+        winMain& window = startWith(3);
+        if (change == "delete") ZOR::ChangeToPalette(2);
+        const QString file = home->programFolder() + "/PreserveState.txt";
+        const QByteArray before = readAll(file);
+        QVERIFY(!before.contains(saved.toUtf8()));
+        QByteArray afterOK; // for Grid Construct: the file between OK and the close box
+        if (change == "switch") ZOR::ChangeToPalette(2);
+        if (change.endsWith("picture")) {
+            home->writeInProgram("ButtonPictures/P00/01 one.png", picture(64, 64));
+            const QString chosen = home->write("Desktop/05 five.png", picture(64, 64));
+            auto w = opened<winButtonPics>();
+            ZOR::paleWinTitle = "Typed before", ZOR::paletteContentChange = true;
+            if (change == "add picture") {
+                dialogs->queueFile(chosen);
+                w->pbSelectPicToAdd_Pressed();
+                w->pbAdd_Pressed();
+            } else {
+                pressRow(w->lbButPic, 0);
+                w->pbToDesktop_Pressed();
+            }
+        }
+        if (change == "new") {
+            winNewPalette w;
+            w.tfAlias->setText("Fresh");
+            w.pbOK->click();
+        }
+        if (change == "rename") {
+            winChangeAlias w;
+            w.tfAlias->setText("Renamed");
+            w.tfWinTitle->setText("Retitled");
+            w.pbMakeChange->click();
+        }
+        if (change == "delete") {
+            dialogs->queueOK(true);
+            winDeletePalette w;
+            w.pbDelete->click();
+        }
+        if (change.startsWith("design")) {
+            dialogs->onWindow = [&](QDialog& d) {
+                auto& w = dynamic_cast<winConstruct&>(d);
+                w.show();
+                if (change == "design ok") {
+                    QTest::mouseClick(w.accGC[5], Qt::LeftButton);
+                    w.tfTip->setText("Saved by OK");
+                    w.pbOK->click();
+                    afterOK = readAll(file);
+                }
+                w.tfWinTitle->setText("Designed");
+                w.tfWinTitle_FocusLost();
+                w.close();
+            };
+            window.mainMenuBar->miConstruct->trigger();
+            dialogs->onWindow = nullptr;
+        }
+        const QByteArray after = change == "design ok" ? afterOK : readAll(file);
+        QVERIFY2(after.contains(saved.toUtf8()), after.left(300));
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(emergencyCopies(), QStringList()); // the quit keeps its copy; a change makes none
+        told();
+    }
+
+    // A save cut short by a kill leaves its scratch copy beside the data file; the next start clears it.
+    void unfinishedSaveIsClearedAtStart() {
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        home->writeInProgram(".PreserveState.txt.saving", "[{\"LastPaletteIndex\":1,");
+        program->start();
+        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
+        QCOMPARE(readAll(file), before);
+    }
+
+    // Never over a data file that could not be read, nor over a restored one before the next start.
+    void completedChangesKeepTheGuards_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::newRow("after a restore") << "restored";
+        QTest::newRow("beside an unreadable data file") << "unreadable";
+    }
+    void completedChangesKeepTheGuards() {
+        QFETCH(QString, setting);
+        const QString file = writeStoreFile(3);
+        if (setting == "unreadable") home->writeInProgram("PreserveState.txt", "not a palette store");
+        const QByteArray before = readAll(file);
+        program->start();
+        if (setting == "restored") ZOR::QuitSavePaletteChanges = false;
+        if (setting == "unreadable")
+            ZOR::CreateNewPalette("Fresh");
+        else
+            ZOR::ChangeToPalette(2);
+        QCOMPARE(ZOR::saveStore(), false);
+        QCOMPARE(readAll(file), before);
+        told();
+    }
+
+    // Whatever the flags say, a store without an active palette is never written over the file.
+    void quitWithoutAnActivePaletteLeavesTheFile() {
+        const QString file = writeStoreFile(2);
+        const QByteArray before = readAll(file);
+        program->start();
+        ZOR::DP.clear(), ZOR::idxCP = -1;
         ZOR::paletteContentChange = true;
         program->quit();
         QCOMPARE(readAll(file), before);
         QCOMPARE(emergencyCopies(), QStringList());
-        if (!backupBlocked) return;
-        QCOMPARE(QDir(home->programFolder()).entryList(QDir::Files | QDir::Hidden),
-                 QStringList({"EmergencyPreserveStateBU", "PreserveState.txt"}));
-        const QStringList shown = told();
-        QVERIFY2(shown.last().startsWith("Could not save PreserveState.txt: "), qPrintable(shown.last()));
-        QVERIFY2(shown.last().endsWith(". The file that was there before is unchanged."),
-                 qPrintable(shown.last()));
+    }
+
+    // Values no window could have made are held to what the windows offer when they are read.
+    void valuesOutOfRangeAreHeld_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<qint64>("held");
+        QTest::newRow("numRows 0") << "numRows" << 0.0 << qint64(1);
+        QTest::newRow("numRows -5") << "numRows" << -5.0 << qint64(1);
+        QTest::newRow("numRows 99999") << "numRows" << 99999.0 << qint64(10);
+        QTest::newRow("numColumns 0") << "numColumns" << 0.0 << qint64(1);
+        QTest::newRow("numColumns 99999") << "numColumns" << 99999.0 << qint64(10);
+        QTest::newRow("AutoMin -1") << "AutoMin" << -1.0 << qint64(0);
+        QTest::newRow("AutoMin 2147484") << "AutoMin" << 2147484.0 << qint64(86400);
+        QTest::newRow("AutoMin 50") << "AutoMin" << 50.0 << qint64(50);
+    }
+    void valuesOutOfRangeAreHeld() {
+        QFETCH(QString, key);
+        QFETCH(double, value);
+        QFETCH(qint64, held);
+        ordered_json store = ordered_json::parse(readAll(writeStoreFile(2)).toStdString());
+        store[key == "AutoMin" ? 1 + 7 : 101][key.toStdString()] = qint64(value);
+        home->writeInProgram("PreserveState.txt", QByteArray::fromStdString(store.dump()));
+        program->start();
+        const qint64 read = key == "numRows"      ? ZOR::numRows
+                            : key == "numColumns" ? ZOR::numColumns
+                                                  : button(7).AutoMin;
+        QCOMPARE(read, held);
+    }
+
+    // A NUL would end the window's title there: it shows as the program shows it elsewhere.
+    void nulInTheTitleIsShown() {
+        ordered_json store = ordered_json::parse(readAll(writeStoreFile(1)).toStdString());
+        store[101]["paleWinTitle"] = std::string("Before\0After", 12);
+        home->writeInProgram("PreserveState.txt", QByteArray::fromStdString(store.dump()));
+        QCOMPARE(program->start().windowTitle(), "Before\u2400After");
     }
 
     // A hostile file loads with a clear meaning (the palette it starts on) or is told once and kept.
@@ -245,6 +551,12 @@ private slots:
         QTest::newRow("numRows 11") << palette("numRows", 11) << 0;
         QTest::newRow("numColumns beyond any int") << palette("numColumns", 1e300) << 0;
         QTest::newRow("a tip of 10 MB") << button("Tip", std::string(10'000'000, 'w')) << 0;
+        // A palette's name is its pictures' folder: only its slot's own name is read.
+        QTest::newRow("paleName leads out") << palette("paleName", "../../../../victim") << -1;
+        QTest::newRow("paleName a path") << palette("paleName", "/../../tmp/x/ESCAPED") << -1;
+        QTest::newRow("paleName of another slot") << palette("paleName", "P01") << -1;
+        QTest::newRow("paleName in lower case") << palette("paleName", "p00") << -1;
+        QTest::newRow("paleName of the last palette") << edited(1 + 101 + 100, "paleName", "P1") << -1;
         QTest::newRow("an object for the array") << QByteArray::fromStdString(base[0].dump()) << -1;
         QTest::newRow("an object for a button") << edited(5, nullptr, ordered_json::array()) << -1;
         QTest::newRow("a number for a string") << button("Tip", 5) << -1;
@@ -286,6 +598,74 @@ private slots:
         } else
             QCOMPARE(ordered_json::parse(readAll(file).toStdString())[0]["CurrentPalette"].get<int>(),
                      startsOn);
+    }
+
+    // Every path made from a store value stays in its folder, even for a palette name that got past
+    // the load (set here in memory): nothing of the user's is moved, shown or made elsewhere.
+    void storeValuesChooseNoPath_data() {
+        QTest::addColumn<QString>("site");
+        QTest::addColumn<QString>("name"); // "~" stands for the home folder
+        for (const char* site : {"palette window", "Button Pictures", "export", "delete", "picture import"})
+            for (const char* name : {"../../../../victim", "~/victim", ".."})
+                QTest::addRow("%s, %s", site, name) << QString(site) << QString(name);
+    }
+    void storeValuesChooseNoPath() {
+        QFETCH(QString, site);
+        QFETCH(QString, name);
+        const QString victim = home->write("victim/taxes2024.pdf", "mine").section('/', 0, -2);
+        home->write("victim/07 x.png", picture(64, 64));
+        winMain& w = startWith(2);
+        ZOR::ChangeToPalette(1);
+        ZOR::paleName = QString(name).replace("~", home->home());
+        if (site == "palette window") {
+            ZOR::viewFollows();
+            QCOMPARE(w.hasPicture, QList<int>());
+        } else if (site == "Button Pictures") {
+            opened<winButtonPics>();
+        } else if (site == "export") {
+            w.mainMenuBar->miPaletteData->trigger();
+        } else if (site == "delete") {
+            ZOR::deleteActivePalette();
+        } else {
+            QVERIFY(
+                !PictureImport::makeButtonPicture(victim + "/07 x.png", ZOR::paleName, 3).error.isEmpty());
+        }
+        told();
+        QCOMPARE(namesIn(victim), QStringList({"07 x.png", "taxes2024.pdf"}));
+        QVERIFY(namesIn(home->programFolder()).contains("PreserveState.txt"));
+        QStringList made; // anything else that names the victim, under home or beside it
+        QDirIterator it(home->home(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext())
+            if (const QString path = it.next(); path.contains("victim") && !path.startsWith(victim))
+                made << path;
+        made << QDir(home->home() + "/..")
+                    .entryList({"*victimData*"}, QDir::AllEntries | QDir::NoDotAndDotDot);
+        QCOMPARE(made, QStringList());
+    }
+
+    // A button's script runs only as a plain file of Apple_Scripts: a name that cleans down to
+    // nothing, or that names a path, is told and runs nothing.
+    void scriptNamesRunOnlyFilesOfAppleScripts() {
+        winMain& w = startWith(1);
+        const QStringList names = {" .scpt", "..", "x/../../../evil", "/Users/me/evil.scpt", "Mail"};
+        for (int i = 0; i < names.size(); ++i) {
+            button(i).ASfile = names[i];
+            QTest::mouseClick(w.cnButs[size_t(i)], Qt::LeftButton, {}, QPoint(10, 10));
+        }
+        const QString resources = QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../Resources");
+        QTRY_COMPARE(tools->log(),
+                     QStringList{"osascript\t" + resources + "/FireAppleScript.scpt\tMail.scpt"});
+        const QString none =
+            "This button names no AppleScript file, so nothing was run. To change this, edit it in "
+            "Grid Construct.";
+        const auto path = [](const char* name) {
+            return QString(
+                       "The AppleScript name %1 is not the name of a file in the folder Apple_Scripts, so "
+                       "nothing was run. To change this, edit the button in Grid Construct.")
+                .arg(name);
+        };
+        QCOMPARE(told(), QStringList({none, none, path("x/.scpt"), path("/Users/me/evil.scpt")}));
     }
 
     // Palettes not yet shown are read from the data file's text as it was at the start.

@@ -55,7 +55,23 @@ void ZOR::FireKM(const QString& paletteName, const QString& buttonID) {
 }
 
 void ZOR::FireAS(const QString& scriptFileName) {
-    Guard::run(zor("FireAS"), [&] { FireAppleScript({scriptFileName}); });
+    Guard::run(zor("FireAS"), [&] {
+        // A name that cleans down to nothing, or names anything but a file of Apple_Scripts, runs nothing.
+        if (scriptFileName.isEmpty()) {
+            Dialogs::message(
+                "This button names no AppleScript file, so nothing was run. To change this, edit it in "
+                "Grid Construct.");
+            return;
+        }
+        if (FileTools::childPath(programFolder() + "/Apple_Scripts", scriptFileName).isEmpty()) {
+            Dialogs::message(
+                "The AppleScript name " + scriptFileName +
+                " is not the name of a file in the folder Apple_Scripts, so nothing was run. To change "
+                "this, edit the button in Grid Construct.");
+            return;
+        }
+        FireAppleScript({scriptFileName});
+    });
 }
 
 void ZOR::FireSC(const QString& shortcutName) {

@@ -9,7 +9,8 @@ namespace ZOR {
 
 // Hands palette name and two-digit button number to FirePalette.scpt.
 void FireKM(const QString& paletteName, const QString& buttonID);
-// Hands a script's file name (with ".scpt", no folder) to FireAppleScript.scpt.
+// Hands a script's file name (with ".scpt", no folder) to FireAppleScript.scpt; an empty name, or
+// one that is not a plain file name of Apple_Scripts, is told to the user and runs nothing.
 void FireAS(const QString& scriptFileName);
 // Runs the Shortcut of that name when `shortcuts list` knows it.
 void FireSC(const QString& shortcutName);

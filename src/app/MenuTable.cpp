@@ -33,6 +33,7 @@ void MenuTable::install(winMain& window) {
          [&window] {
              winConstruct design(&window); // built anew at each opening
              Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
+             ZOR::saveStore(); // Done or the close box ends the design of the palette's half
          }},
         {bar.miButPic, [] { showButtonPictures(); }},
         {bar.miManageAS, [] { showManageAS(); }},

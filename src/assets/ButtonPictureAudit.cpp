@@ -32,6 +32,7 @@ struct Child {
 // the same one on every file system.
 std::vector<Child> children(const QString& folder) {
     std::vector<Child> found;
+    if (folder.isEmpty()) return found; // no folder, never the working one
     QDirIterator it(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     while (it.hasNext()) {
         it.next();

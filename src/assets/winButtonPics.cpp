@@ -265,7 +265,7 @@ void winButtonPics::pbToDesktop_Pressed() {
             // Said once, and only what happened: the picture stays when it cannot go.
             QString why;
             const QString target =
-                FileTools::desktopFolderOrWhy(AppGlobals::kRemovedPicturesFolder + '/' + ZOR::paleName, &why);
+                FileTools::desktopFolderOrWhy(FileTools::childPath(AppGlobals::kRemovedPicturesFolder, ZOR::paleName), &why);
             if (target.isEmpty() || FileTools::moveRenameOrWhy(path, target, &why).isEmpty()) {
                 if (!why.isEmpty())
                     Dialogs::message("Could not move " + name + " to " + AppGlobals::kRemovedPicturesFolder +
@@ -283,6 +283,7 @@ void winButtonPics::pbToDesktop_Pressed() {
             showRemovedRows();
         }
         FillButtonGraphicListbox();
+        ZOR::saveStore();
     });
 }
 
@@ -375,6 +376,7 @@ void winButtonPics::pbAdd_Pressed() {
         PrepareWindow();
         CleanUpAddingPicture();
         FillButtonGraphicListbox();
+        ZOR::saveStore();
     });
 }
 

@@ -470,6 +470,7 @@ void winConstruct::pbOK_Pressed() {
         b.ShortcutShow = cbVisOnBtn->isChecked();
         endEdit();
         ZOR::paletteContentChange = true;
+        ZOR::saveStore();
         ZOR::viewFollows(); // the palette shows the button as designed
     });
 }

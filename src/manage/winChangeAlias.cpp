@@ -123,7 +123,7 @@ void winChangeAlias::pbMakeChange_Pressed() {
             if (title.compare(ZOR::paleWinTitle, Qt::CaseInsensitive) != 0) {
                 ZOR::paleWinTitle = title;
                 ZOR::paletteContentChange = true;
-                ZOR::SavePaletteToDP();
+                ZOR::saveStore();
                 if (view) view->setPaletteTitle(title);
             }
             accept();
@@ -138,7 +138,7 @@ void winChangeAlias::pbMakeChange_Pressed() {
             view->setPaletteTitle(title);
         }
         ZOR::paletteContentChange = true;
-        ZOR::SavePaletteToDP();
+        ZOR::saveStore();
         accept();
     });
 }

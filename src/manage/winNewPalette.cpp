@@ -90,6 +90,7 @@ void winNewPalette::pbOK_Pressed() {
         ZOR::CreateNewPalette(alias);
         ZOR::aBtn = ZOR::DP[size_t(ZOR::idxCP)].a_Btn;
         ZOR::viewFollows(PaletteView::Upto::RestingTexts);
+        ZOR::saveStore();
         accept();
     });
 }

@@ -272,7 +272,9 @@ void winMain::EraseAllPictures() {
     });
 }
 
-void winMain::setPaletteTitle(const QString& title) { setWindowTitle(title); }
+void winMain::setPaletteTitle(const QString& title) {
+    setWindowTitle(QString(title).replace(QChar(0), kNoShortcut)); // a NUL would end the title: shown as ␀
+}
 
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labTip->setText(restingTip(alias));
@@ -521,12 +523,7 @@ bool winMain::Event_Closing() {
         const bool geometryChanged = now.top() != ZOR::initialWinTop || now.left() != ZOR::initialWinLeft ||
                                      now.height() != ZOR::initialWinHeight || now.width() != ZOR::initialWinWidth;
         const bool changed = ZOR::paletteContentChange || ZOR::paletteActiveChange || geometryChanged;
-        if (!changed || !ZOR::QuitSavePaletteChanges || ZOR::dataFileUnreadable) return false;
-        // Whatever the flags say, a store without an active palette is never written over the file.
-        if (ZOR::DP.empty() || ZOR::idxCP < 0 || ZOR::idxCP >= qint64(ZOR::DP.size())) return false;
-        ZOR::SavePaletteToDP();
-        const QString text = ZOR::JSON_CreateData();
-        if (!ZOR::writeDataFile(text)) return false;
+        if (!changed || !ZOR::saveStore()) return false;
         ZOR::PreserveStateBackUp(true, false);
         ZOR::RemoveFilesFromEmergencyBackup(2, 10);
         return true;

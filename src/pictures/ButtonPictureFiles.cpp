@@ -1,6 +1,7 @@
 #include "pictures/ButtonPictureFiles.h"
 
 #include "util/AppGlobals.h"
+#include "util/FileTools.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,9 +35,8 @@ bool isPaletteFolderName(QStringView name) {
 }
 
 QString palettePictureFolder(const QString& paletteName) {
-    if (paletteName.isEmpty()) return {};
-    const QString exact = AppGlobals::folderPathButFolder + '/' + paletteName;
-    if (QFileInfo(exact).isDir()) return exact;
+    const QString exact = FileTools::childPath(AppGlobals::folderPathButFolder, paletteName);
+    if (exact.isEmpty() || QFileInfo(exact).isDir()) return exact;
     // The Mac's disks ignore case, so that "p02" there is the folder of P02; on a disk that tells
     // case apart it is looked for among the folders by plain comparison (a name filter would build
     // a pattern for each of the palettes the window warms ahead).

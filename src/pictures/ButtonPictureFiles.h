@@ -15,7 +15,7 @@ int buttonOfPicture(QStringView fileName);
 // "P" and two digits, in either case: the name of a palette's folder.
 bool isPaletteFolderName(QStringView name);
 // The folder of the palette's pictures, its name in either case ("p02" is P02's, as on the Mac's
-// disks); empty for an empty name.
+// disks); empty for a name that is not one plain name.
 QString palettePictureFolder(const QString& paletteName);
 
 // Whether `folder` holds something named `name` in any case: on the Mac's disks "07 Cat.png" and

@@ -138,8 +138,8 @@ PictureImport::Result PictureImport::makeButtonPicture(const QString& source, co
         QDir(folder).filePath(copyName(QFileInfo(source).fileName(), button, prepared.suffix));
     // The earlier pictures go aside only once the new one is written whole, just before it takes
     // their place; if one cannot go, the button keeps what it had.
-    const QString aside =
-        QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder + '/' + paletteName);
+    const QString aside = FileTools::childPath(
+        QDir(StdFolders::desktop()).filePath(AppGlobals::kRemovedPicturesFolder), paletteName);
     const QString failed = writeThen(target, prepared.bytes, [&]() -> QString {
         if (present.isEmpty()) return {};
         if (!QFileInfo(aside).isDir()) FileTools::CreateAllFoldersInPath(aside);

@@ -1,5 +1,6 @@
 #include "store/PaletteButtons.h"
 
+#include "util/FileTools.h"
 #include "util/ZorError.h"
 
 #include <QFile>
@@ -12,9 +13,9 @@ StoreText::~StoreText() = default;
 std::shared_ptr<StoreText> StoreText::fromFile(const QString& path) {
     // Mapped rather than read: the start touches only the pages it reads, and makes no copy.
     std::shared_ptr<StoreText> result(new StoreText);
-    auto file = std::make_unique<QFile>(path);
-    if (!QFileInfo(path).isFile() || !file->open(QIODevice::ReadOnly))
-        throw IOException("PreserveState.txt could not be opened: " + file->errorString());
+    QString why;
+    std::unique_ptr<QFile> file = FileTools::openRegularFile(path, &why);
+    if (!file) throw IOException(QFileInfo(path).fileName() + " could not be opened: " + why + '.');
     const qint64 size = file->size();
     if (uchar* bytes = size > 0 ? file->map(0, size) : nullptr) {
         result->text = std::string_view(reinterpret_cast<const char*>(bytes), size_t(size));
@@ -23,7 +24,7 @@ std::shared_ptr<StoreText> StoreText::fromFile(const QString& path) {
     }
     result->owned = file->readAll();
     if (file->error() != QFileDevice::NoError || result->owned.size() != size)
-        throw IOException("PreserveState.txt could not be read whole: " + file->errorString());
+        throw IOException(QFileInfo(path).fileName() + " could not be read whole: " + file->errorString());
     result->text = std::string_view(result->owned.constData(), size_t(result->owned.size()));
     return result;
 }

@@ -117,13 +117,27 @@ QString dataFilePath();
 // The active palette's index from the head of the data file, read before the file itself; -1
 // when the head cannot be told. It only lets the start begin on that palette's pictures early.
 qint64 peekCurrentPalette();
-bool writeDataFile(const QString& text); // replaces PreserveState.txt whole, or leaves it as it was
+// Where the data file's text really is: PreserveState.txt, or the file at the end of its links (a
+// store kept in a synced folder); empty for a link that leads nowhere.
+QString dataFileTarget();
+// Replaces the data file's text whole, or leaves it as it was and tells why. A link stays a link:
+// the file it leads to is what is replaced.
+bool writeDataFile(const QString& text);
+// Writes the whole store to the data file at once, as the quit does, after every completed change:
+// a crash or a kill then loses at most the change in progress. Never over a data file that could
+// not be read, nor over a restored one before the program has started again, nor a store without
+// an active palette. True when written.
+bool saveStore();
+void clearUnfinishedSave(); // the scratch copy of a save cut short by a crash or a kill goes
 
 // backups
 bool PreserveStateBackUp(bool keepActive, bool toDesktop);
 void RemoveFilesFromEmergencyBackup(qint64 removeCount, qint64 threshold);
 QString backupFileName();    // YYMMDD_HHMMPreserveStateBU.txt for now
 bool PreserveStateRestore(); // true when a chosen backup took the data file's place
+// Why the file at `path` cannot be read as a palette store; empty when it loads whole. The store in
+// use is left as it is.
+QString whyNotAStore(const QString& path);
 
 // export of the active palette
 QString LineTabFieldName();

@@ -31,11 +31,9 @@ QString stampedFolder(const QDir& removed, const QString& name) {
 QString ZOR::movePalettePicturesAside(const QString& paletteName) {
     return Guard::run(where("movePalettePicturesAside"), [&]() -> QString {
         // A name from a hand-edited file must not lead out of the pictures folder.
-        const bool plainName = !paletteName.isEmpty() && !paletteName.contains('/') &&
-                               !paletteName.contains('\\') && paletteName != "." && paletteName != "..";
-        if (!plainName) return {};
-        QDir pictures(AppGlobals::folderPathButFolder + '/' + paletteName);
-        if (!pictures.exists()) return {};
+        const QString folder = FileTools::childPath(AppGlobals::folderPathButFolder, paletteName);
+        QDir pictures(folder);
+        if (folder.isEmpty() || !pictures.exists()) return {};
         // Hidden files count: anything the user or Finder left there is kept.
         if (pictures.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
             if (!QDir().rmdir(pictures.path()))
@@ -63,15 +61,16 @@ bool ZOR::deleteActivePalette() {
     return Guard::run(where("deleteActivePalette"), [] {
         if (idxCP <= 0 || idxCP >= qint64(DP.size())) return false;
         // The pictures go first: should they stay where they are, the palette stays as well.
-        const QString pictures = AppGlobals::folderPathButFolder + '/' + paleName;
+        const QString pictures = FileTools::childPath(AppGlobals::folderPathButFolder, paleName);
         movePalettePicturesAside(paleName);
         if (QFileInfo(pictures).isDir()) return false;
         BreakBtnLinkToDP();
         DefaultValuesPalette(idxCP);
         DP[size_t(idxCP)].s_Alias = kNoShortcut;
         ActivatePalette(0);
-        viewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
+        saveStore();
+        viewFollows(PaletteView::Upto::RestingTexts);
         return true;
     });
 }

@@ -6,10 +6,13 @@
 #include "util/FileTools.h"
 #include "util/Guard.h"
 #include "util/RtrnDateString.h"
+#include "util/StdFolders.h"
 #include "util/StringUtils.h"
+#include "util/ZorError.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTextBoundaryFinder>
 
 namespace {
 Guard::Where where(const char* method) {
@@ -62,8 +65,10 @@ QString ZOR::PaletteInfoToString() {
 
 void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
     Guard::run(where("ButtonPicturesIntoFolder"), [&] {
-        const QDir source(AppGlobals::appSupportFolder + "/ButtonPictures/" + paleName);
-        if (paleName.isEmpty() || !source.exists()) return;
+        const QString folder =
+            FileTools::childPath(AppGlobals::appSupportFolder + "/ButtonPictures", paleName);
+        const QDir source(folder);
+        if (folder.isEmpty() || !source.exists()) return;
         const QStringList items = source.entryList(
             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         if (items.isEmpty()) return;
@@ -73,14 +78,36 @@ void ZOR::ButtonPicturesIntoFolder(const QString& destination) {
     });
 }
 
+namespace {
+// The longest start of `text` whose UTF-8 takes at most `bytes`, cut between characters as the user
+// sees them (an accent stays on its letter, a flag stays whole).
+QString cutToBytes(const QString& text, qsizetype bytes) {
+    if (text.toUtf8().size() <= bytes) return text;
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    qsizetype kept = 0;
+    for (qsizetype end = characters.toNextBoundary(); end > 0; end = characters.toNextBoundary()) {
+        if (QStringView(text).left(end).toUtf8().size() > bytes) break;
+        kept = end;
+    }
+    return text.left(kept);
+}
+} // namespace
+
 QString ZOR::paletteDataFolderName() {
     // An alias is one name on the Desktop, even a hand-edited one with a slash.
     const QString alias = StringUtils::Remove(paleAlias, " ").replace('/', '_');
-    return RtrnDateString::rsAlphaDateTime(4) + alias + "_" + paleName + "Data";
+    const QString start = RtrnDateString::rsAlphaDateTime(4);
+    const QString end = "_" + paleName + "Data";
+    // A file system takes names of 255 bytes at most: a long alias gives up its end.
+    constexpr qsizetype kLongestName = 255;
+    return start + cutToBytes(alias, kLongestName - start.toUtf8().size() - end.toUtf8().size()) + end;
 }
 
 bool ZOR::paletteDataToDesktop() {
     const QString name = paletteDataFolderName();
+    if (FileTools::childPath(StdFolders::desktop(), name).isEmpty())
+        throw IOException("The folder name " + name +
+                          " is not one name on the Desktop, so nothing was exported.");
     const QString pictures = FileTools::CreateFolderKnownStart("Desktop", name + "/ButtonPictures");
     if (pictures.isEmpty()) return false;
     if (!FileTools::StringToFileItem(PaletteInfoToString(), "TextData", QFileInfo(pictures).path()))

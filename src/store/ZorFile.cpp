@@ -6,6 +6,7 @@
 #include "store/PaletteButtons.h"
 #include "util/AppGlobals.h"
 #include "util/Dialogs.h"
+#include "util/FileTools.h"
 #include "util/Guard.h"
 #include "util/StdFolders.h"
 #include "util/ZorError.h"
@@ -14,13 +15,12 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <unistd.h>
+#include <algorithm>
 
 namespace {
 Guard::Where where(const char* method) { return Guard::Where::module("ZOR", method); }
+
+constexpr qint64 kLongestAutoMin = 24 * 60 * 60; // seconds
 
 template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_view& key, bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber v;
@@ -31,12 +31,25 @@ template <bool keep> void readButton(JsonText::Reader& r, Btn& b, std::string_vi
         b.Row = v.id / 10;
         b.Col = v.id % 10;
         b.sID = ZOR::ButtonNumber(v.id);
+        // A delay the minimizing timer cannot hold (or a negative one) is held to a day at most.
+        b.AutoMin = std::clamp<qint64>(b.AutoMin, 0, kLongestAutoMin);
     }
 }
 
-void readPalette(JsonText::Reader& r, PaletteDict& p, std::string_view& key, bool tellAbsentKeys) {
+void readPalette(JsonText::Reader& r, PaletteDict& p, qint64 slot, std::string_view& key,
+                 bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber none;
     DataFileKeys::readObject<DataFileKeys::kPaletteKeys, true>(r, p, none, key, tellAbsentKeys);
+    // Grid Construct offers 1 to 10 rows and columns; a hand-edited file is held to the same.
+    p.i_NumRows = std::clamp<qint64>(p.i_NumRows, 1, 10);
+    p.i_NumColumns = std::clamp<qint64>(p.i_NumColumns, 1, 10);
+    // The name is the palette's folder in ButtonPictures: only the slot's own name may stand here.
+    const QString own = 'P' + ZOR::ButtonNumber(slot);
+    if (p.s_Name != own)
+        throw JSONException(
+            QStringLiteral("The palette in place %1 is named \"%2\"; its name can only be %3.")
+                .arg(slot)
+                .arg(p.s_Name.left(80), own));
 }
 
 void nextElementOrFail(JsonText::Reader& r) {
@@ -45,9 +58,9 @@ void nextElementOrFail(JsonText::Reader& r) {
 } // namespace
 
 qint64 ZOR::peekCurrentPalette() {
-    QFile in(dataFilePath());
-    if (!in.open(QIODevice::ReadOnly)) return -1;
-    const QByteArray start = in.read(4096);
+    const std::unique_ptr<QFile> in = FileTools::openRegularFile(dataFilePath(), nullptr);
+    if (!in) return -1;
+    const QByteArray start = in->read(4096);
     const qsizetype headEnd = start.indexOf('}');
     if (headEnd < 0) return -1;
     try {
@@ -66,27 +79,6 @@ qint64 ZOR::peekCurrentPalette() {
 }
 
 QString ZOR::dataFilePath() { return AppGlobals::appSupportFolder + '/' + kDataFileName + ".txt"; }
-
-bool ZOR::writeDataFile(const QString& text) {
-    return Guard::run(where("writeDataFile"), [&] {
-        // Written whole beside the backups, then renamed over the file in one step: a crash or a
-        // kill at any instant leaves the old file or the new one, and nothing new beside them.
-        const QString emergency = AppGlobals::appSupportFolder + '/' + kEmergencyFolder;
-        const QString scratch = emergency + "/.PreserveState.saving";
-        const QByteArray bytes = text.toUtf8();
-        QFile out(scratch);
-        bool ok = QDir().mkpath(emergency) && out.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        ok = ok && out.write(bytes) == bytes.size() && out.flush() && ::fsync(out.handle()) == 0;
-        const QString why = ok ? QString() : out.errorString();
-        out.close();
-        if (ok && ::rename(QFile::encodeName(scratch).constData(), QFile::encodeName(dataFilePath()).constData()) == 0)
-            return true;
-        QFile::remove(scratch);
-        Dialogs::message("Could not save PreserveState.txt: " + (why.isEmpty() ? QString::fromLocal8Bit(strerror(errno)) : why) +
-                         ". The file that was there before is unchanged.");
-        return false;
-    });
-}
 
 QString ZOR::JSON_CreateData() {
     return Guard::run(where("JSON_CreateData"), [] {
@@ -133,56 +125,72 @@ void PaletteButtons::read() const {
 
 namespace {
 // Reads the head and every palette object, and checks every button; the buttons themselves stay
-// text in `source` until they are first asked for.
+// text in `source` until they are first asked for. Throws what it cannot read.
+bool parseStoreOrThrow(const std::shared_ptr<StoreText>& source) {
+    using namespace ZOR;
+    JsonText::Reader r(source->view());
+    std::string_view key;
+    qint64 lastPaletteIndex = -1;
+    qint64 currentPalette = 0;
+    bool haveLast = false, haveCurrent = false;
+    r.beginArray();
+    if (!r.nextElement()) throw JSONException("The data holds no head object.");
+    r.beginObject();
+    while (r.nextKey(key)) {
+        if (key == "LastPaletteIndex") lastPaletteIndex = r.readInteger(), haveLast = true;
+        else if (key == "CurrentPalette") currentPalette = r.readInteger(), haveCurrent = true;
+        else if (key == "WinTop") initialWinTop = r.readInteger();
+        else if (key == "WinLeft") initialWinLeft = r.readInteger();
+        else if (key == "WinHeight") initialWinHeight = r.readInteger();
+        else if (key == "WinWidth") initialWinWidth = r.readInteger();
+        else r.skipValue();
+    }
+    if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
+    if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
+    if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
+        throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
+    while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
+    Btn unused;
+    for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
+        nextElementOrFail(r);
+        const size_t begin = r.position();
+        for (int i = 0; i < kButtonsPerPalette; ++i) {
+            if (i > 0) nextElementOrFail(r);
+            readButton<false>(r, unused, key, p == 0 && i == 0);
+        }
+        DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
+        nextElementOrFail(r);
+        readPalette(r, DP[size_t(p)], p, key, p == 0);
+    }
+    // Elements beyond the last palette would be lost at the next save: such a file is not ours.
+    if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
+    r.expectEnd();
+    // A current palette outside the store or on a free slot is no reason to lose the
+    // palettes: start on P00, the palette the program always falls back to.
+    const bool usable = currentPalette >= 0 && currentPalette <= lastPaletteIndex &&
+                        DP[size_t(currentPalette)].s_Alias != kNoShortcut;
+    idxCP = usable ? currentPalette : 0;
+    return true;
+}
+
 bool parseStore(const std::shared_ptr<StoreText>& source) {
-    return Guard::run(where("JSON_ParseData"), [&source] {
-        using namespace ZOR;
-        JsonText::Reader r(source->view());
-        std::string_view key;
-        qint64 lastPaletteIndex = -1;
-        qint64 currentPalette = 0;
-        bool haveLast = false, haveCurrent = false;
-        r.beginArray();
-        if (!r.nextElement()) throw JSONException("The data holds no head object.");
-        r.beginObject();
-        while (r.nextKey(key)) {
-            if (key == "LastPaletteIndex") lastPaletteIndex = r.readInteger(), haveLast = true;
-            else if (key == "CurrentPalette") currentPalette = r.readInteger(), haveCurrent = true;
-            else if (key == "WinTop") initialWinTop = r.readInteger();
-            else if (key == "WinLeft") initialWinLeft = r.readInteger();
-            else if (key == "WinHeight") initialWinHeight = r.readInteger();
-            else if (key == "WinWidth") initialWinWidth = r.readInteger();
-            else r.skipValue();
-        }
-        if (!haveLast) DataFileKeys::missingKey("LastPaletteIndex");
-        if (!haveCurrent) DataFileKeys::missingKey("CurrentPalette");
-        if (lastPaletteIndex < 0 || lastPaletteIndex > 99)
-            throw JSONException(QStringLiteral("LastPaletteIndex %1 is out of range.").arg(lastPaletteIndex));
-        while (qint64(DP.size()) <= lastPaletteIndex) DP.emplace_back();
-        Btn unused;
-        for (qint64 p = 0; p <= lastPaletteIndex; ++p) {
-            nextElementOrFail(r);
-            const size_t begin = r.position();
-            for (int i = 0; i < kButtonsPerPalette; ++i) {
-                if (i > 0) nextElementOrFail(r);
-                readButton<false>(r, unused, key, p == 0 && i == 0);
-            }
-            DP[size_t(p)].a_Btn = PaletteButtons(source, begin, r.position());
-            nextElementOrFail(r);
-            readPalette(r, DP[size_t(p)], key, p == 0);
-        }
-        // Elements beyond the last palette would be lost at the next save: such a file is not ours.
-        if (r.nextElement()) throw JSONException("The data holds more than LastPaletteIndex tells.");
-        r.expectEnd();
-        // A current palette outside the store or on a free slot is no reason to lose the
-        // palettes: start on P00, the palette the program always falls back to.
-        const bool usable = currentPalette >= 0 && currentPalette <= lastPaletteIndex &&
-                            DP[size_t(currentPalette)].s_Alias != kNoShortcut;
-        idxCP = usable ? currentPalette : 0;
-        return true;
-    });
+    return Guard::run(where("JSON_ParseData"), [&source] { return parseStoreOrThrow(source); });
 }
 } // namespace
+
+QString ZOR::whyNotAStore(const QString& path) {
+    // Read into a store of its own: the one in use stays as it is, whatever the file holds.
+    Properties inUse = std::move(properties);
+    properties = Properties();
+    QString why;
+    try {
+        parseStoreOrThrow(StoreText::fromFile(path));
+    } catch (const std::exception& error) {
+        why = QString::fromStdString(error.what());
+    }
+    properties = std::move(inUse);
+    return why;
+}
 
 bool ZOR::JSON_ParseData(const QString& text) { return parseStore(std::make_shared<StoreText>(text.toUtf8())); }
 
@@ -216,8 +224,10 @@ void ZOR::GetZOR_DataFromDisk() {
     Guard::run(where("GetZOR_DataFromDisk"), [] {
         AppGlobals::appSupportFolder = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName;
         QDir().mkpath(AppGlobals::appSupportFolder);
+        clearUnfinishedSave();
         const QFileInfo file(dataFilePath());
-        if (!file.exists()) {
+        // A link whose file is not there (an unmounted volume) is a data file that cannot be read.
+        if (!file.exists() && !file.isSymLink()) {
             CreateFirstPalette();
             return;
         }
@@ -225,7 +235,8 @@ void ZOR::GetZOR_DataFromDisk() {
             if (!readDataFile(file)) startBesideUnreadableFile();
             return;
         }
-        if (QFile::remove(file.filePath())) {
+        // An empty file at the end of a link stays, for the saves to write through the link.
+        if (file.isSymLink() || QFile::remove(file.filePath())) {
             GeneralMethods::ShowText(
                 QStringLiteral("Starting over. The PreserveState.txt does not have any data in it, so I am restarting "
                                "from scratch. ") +

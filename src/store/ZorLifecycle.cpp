@@ -47,8 +47,9 @@ void ZOR::ChangeToPalette(qint64 index) {
         }
         SavePaletteToDP();
         ActivatePalette(index);
-        viewFollows(PaletteView::Upto::RestingTexts);
         paletteActiveChange = true;
+        saveStore(); // before the window follows: a switch the user sees is on the disk
+        viewFollows(PaletteView::Upto::RestingTexts);
     });
 }
 

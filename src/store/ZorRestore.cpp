@@ -44,13 +44,14 @@ QString setAsideDataFile() {
         if (!wasTaken && QFileInfo::exists(before)) return before;
         return emergencyPath(ZOR::backupFileName());
     }
-    // A quit a moment ago took the stamp of this minute. The next free minute keeps the data file
-    // apart from that copy, under a name that can be restored and that sorts after it.
+    // A quit or a backup a moment ago took the stamp of this minute. The latest free minute before
+    // it keeps the data file apart from that copy, under a name that can be restored, that never
+    // tells a time to come, and that no later quit can take.
     if (!wasTaken || !QFileInfo::exists(ZOR::dataFilePath())) return {};
     const QDateTime now = Clock::now();
     for (int minutes = 1; minutes <= 60; ++minutes) {
         const QString name =
-            emergencyPath(now.addSecs(60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
+            emergencyPath(now.addSecs(-60 * minutes).toString("yyMMdd_HHmm") + "PreserveStateBU.txt");
         if (!QFileInfo::exists(name)) return QFile::rename(ZOR::dataFilePath(), name) ? name : QString();
     }
     return {};
@@ -88,6 +89,14 @@ bool ZOR::PreserveStateRestore() {
         const QString name = chosen.fileName();
         if (const QString why = refusal(name); !why.isEmpty()) {
             Dialogs::message(why);
+            return false;
+        }
+        // Read whole before it takes the data file's place: a file that does not load moves nothing.
+        if (QString why = whyNotAStore(path); !why.isEmpty()) {
+            if (!why.endsWith('.')) why += '.';
+            Dialogs::message("The backup " + name +
+                             " was not restored: it cannot be read as a store of palettes. " + why +
+                             " Nothing was moved.");
             return false;
         }
         QString keptAt;

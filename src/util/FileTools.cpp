@@ -18,6 +18,12 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 using Guard::Where;
 
@@ -42,6 +48,23 @@ QString underHome(const QString& path) {
     if (isUnder(path, home)) return path;
     const QString base = home == "/" ? QString() : home;
     return path.startsWith('/') ? base + path : base + '/' + path;
+}
+
+// Why `path` cannot be read as a file, in the user's words.
+QString notARegularFile(const QString& path) {
+    struct stat st {};
+    const bool there = ::stat(QFile::encodeName(path).constData(), &st) == 0;
+    const int error = errno;
+    const QFileInfo info(path);
+    if (!there && error == ELOOP) return QStringLiteral("it is a link that leads round in a circle");
+    if (!there && info.isSymLink()) return "it is a link to " + info.symLinkTarget() + ", which is not there";
+    if (!there && error == ENOENT) return QStringLiteral("it is not there");
+    if (!there) return QString::fromLocal8Bit(std::strerror(error));
+    if (S_ISDIR(st.st_mode)) return QStringLiteral("it is a folder, not a file");
+    if (S_ISFIFO(st.st_mode)) return QStringLiteral("it is a FIFO (a named pipe), not a file");
+    if (S_ISSOCK(st.st_mode)) return QStringLiteral("it is a socket, not a file");
+    if (S_ISCHR(st.st_mode) || S_ISBLK(st.st_mode)) return QStringLiteral("it is a device, not a file");
+    return QStringLiteral("it could not be opened");
 }
 
 bool exists(const QString& path) {
@@ -125,13 +148,38 @@ bool isSpecialFolderName(const QString& name) {
 }
 } // namespace
 
+std::unique_ptr<QFile> FileTools::openRegularFile(const QString& path, QString* why) {
+    const QByteArray native = QFile::encodeName(path);
+    struct stat st {};
+    // Looked at before it is opened, and opened without blocking all the same: what stands there
+    // may change between the two.
+    int fd = ::stat(native.constData(), &st) == 0 && S_ISREG(st.st_mode)
+                 ? ::open(native.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)
+                 : -1;
+    if (fd >= 0 && (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode))) {
+        ::close(fd);
+        fd = -1;
+    }
+    if (fd < 0) {
+        if (why) *why = notARegularFile(path);
+        return nullptr;
+    }
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        if (why) *why = file->errorString();
+        return nullptr;
+    }
+    return file;
+}
+
 QString FileTools::rsStringFile(const QString& path) {
     return Guard::run(where("rsStringFile"), [&]() -> QString {
         if (path.isEmpty() || !QFileInfo(path).isFile()) return {};
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            throw IOException("Could not read " + path + ": " + file.errorString());
-        QString text = QString::fromUtf8(file.readAll());
+        QString why;
+        const std::unique_ptr<QFile> file = openRegularFile(path, &why);
+        if (!file) throw IOException("Could not read " + path + ": " + why);
+        QString text = QString::fromUtf8(file->readAll());
         if (text.startsWith(QChar(0xFEFF))) text.remove(0, 1); // a byte-order mark is no content
         return text;
     });
@@ -180,10 +228,12 @@ QString FileTools::TextToFile(const QString& text, const QString& fileName, cons
 
         // Cleaned as if from the root before the test for home, so that ".." cannot climb out of it.
         folder = QDir::cleanPath(folder.startsWith('/') ? folder : '/' + folder);
-        while (folder == "/.." || folder.startsWith("/../")) folder = folder.mid(3); // no parent above the root
+        while (folder == "/.." || folder.startsWith("/../"))
+            folder = folder.mid(3); // no parent above the root
         if (folder.isEmpty()) folder = "/";
         folder = PathFolderEndSlash(underHome(folder));
-        const bool made = isUnder(QDir::cleanPath(folder), StdFolders::home()) && CreateAllFoldersInPath(folder);
+        const bool made =
+            isUnder(QDir::cleanPath(folder), StdFolders::home()) && CreateAllFoldersInPath(folder);
         folder = QDir::cleanPath(folder);
 
         QString name = prefix + baseName;
@@ -231,6 +281,11 @@ QString FileTools::rsViablePath(const QString& path) {
         if (!isUnder(out, home)) out.prepend(home == "/" ? QString() : home);
         return out;
     });
+}
+
+QString FileTools::childPath(const QString& folder, const QString& name) {
+    if (folder.isEmpty() || !isChildName(name)) return {};
+    return QDir(folder).filePath(name);
 }
 
 QString FileTools::CreateFolderInAppSupport(const QString& name) {

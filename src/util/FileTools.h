@@ -1,6 +1,9 @@
 #pragma once
 #include <QString>
 #include <QStringList>
+#include <memory>
+
+class QFile;
 
 // Routines over files and folders. A file-system item is an absolute path; an empty string
 // stands for none. Failures show a plain message or are reported by the usual rule, and the
@@ -8,6 +11,10 @@
 namespace FileTools {
 
 // Reading and writing text (UTF-8).
+// Opens `path` for reading when it is a regular file (a link is followed), never waiting on it: a
+// FIFO, a device or a folder where a file is expected is refused, not opened. Gives the open file,
+// or none with `why` in the program's words ("it is a FIFO").
+std::unique_ptr<QFile> openRegularFile(const QString& path, QString* why);
 QString rsStringFile(const QString& path); // whole content; empty for a missing file
 // Replaces folderPath/fileName (".txt" added when the name has no extension) atomically: on any
 // failure the file that was there stays whole. True when written.
@@ -21,6 +28,10 @@ QString TextToFile(const QString& text, const QString& fileName, const QString& 
 bool rbHasExtension(const QString& name); // a dot and 2 to 4 further characters at the end
 QString PathFolderEndSlash(const QString& path);
 QString rsViablePath(const QString& path); // an absolute path below the home folder
+// `name` in `folder` when it is one plain name, which keeps the path inside the folder (not empty,
+// "." or "..", no "/" or NUL); empty otherwise. Every path made from a value of the data file goes
+// through here: a hand-edited or restored file must not choose where the program reads or writes.
+QString childPath(const QString& folder, const QString& name);
 
 // Folders. Each gives the folder's path, empty when it could not be had.
 QString CreateFolderInAppSupport(const QString& name);

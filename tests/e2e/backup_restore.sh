@@ -19,7 +19,7 @@ open_backup_window() {
   wait_until 30 found "Manage PreserveState Backup" || fail "the backup window did not open"
 }
 
-# Run 1: switch palettes (a change of this run), then Make Backup; the quit saves the change.
+# Run 1: switch palettes (saved at once), then Make Backup, which copies the file as it stands.
 start_program
 send_keys ctrl+1
 wait_until 30 title_is "ZOR P01" || fail "Ctrl+1 did not switch to P01"
@@ -35,15 +35,22 @@ backup=$(ls "$E2E_HOME/Desktop" | grep -E '^[0-9]{6}_[0-9]{4}PreserveStateBU\.tx
 [ -n "$backup" ] || fail "no backup on the Desktop: $(ls -a "$E2E_HOME/Desktop")"
 python3 - "$E2E_HOME/Desktop/$backup" "$E2E_DATA/PreserveState.txt" <<'PY' || fail "the backup or the saved file is not as expected"
 import json, sys
-assert json.load(open(sys.argv[1]))[0]['CurrentPalette'] == 0
+assert json.load(open(sys.argv[1]))[0]['CurrentPalette'] == 1
 assert json.load(open(sys.argv[2]))[0]['CurrentPalette'] == 1
 PY
 cp "$E2E_HOME/Desktop/$backup" "$E2E_HOME/backup.copy"
-cp "$E2E_DATA/PreserveState.txt" "$E2E_HOME/saved.copy"
 
-# Run 2: it starts on P01; Restore Backup with the backup typed into the dialog.
+# Run 2: it starts on P01 and switches to P02 (saved at once); Restore Backup with the backup typed
+# into the dialog puts the P01 store back, and keeps the P02 one.
 start_program
 wait_until 30 title_is "ZOR P01" || fail "the second run did not start on P01"
+send_keys ctrl+2
+wait_until 30 title_is "ZOR P02" || fail "Ctrl+2 did not switch to P02"
+python3 - "$E2E_DATA/PreserveState.txt" <<'PY' || fail "the switch to P02 was not saved at once"
+import json, sys
+assert json.load(open(sys.argv[1]))[0]['CurrentPalette'] == 2
+PY
+cp "$E2E_DATA/PreserveState.txt" "$E2E_HOME/saved.copy"
 open_backup_window
 keys_to "Manage PreserveState Backup" Tab space # from Cancel to Restore Backup
 wait_until 30 found "Choose Restoring File" || fail "the open-file dialog did not appear"

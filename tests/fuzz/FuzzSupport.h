@@ -1,13 +1,14 @@
 #pragma once
 #include "util/Dialogs.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTemporaryDir>
 #include <QtGlobal>
 #include <cstdlib>
 
 // What every harness needs once: a quiet program in a home of its own, so that the files the
-// code under test writes (the help table's Desktop copies) go nowhere that matters.
+// code under test writes (the help table's Desktop copies, the data file) go nowhere that matters.
+// Its windows are built offscreen: a message the start shows is a window, answered by the script.
 namespace FuzzSupport {
 
 struct Silent : Dialogs::Script {
@@ -23,7 +24,8 @@ inline void setUp() {
     static int argc = 1;
     static char name[] = "zor_fuzz";
     static char* argv[] = {name, nullptr};
-    static QCoreApplication app(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication app(argc, argv);
     static Silent silent;
     Dialogs::installScript(&silent);
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
