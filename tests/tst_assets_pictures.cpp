@@ -175,6 +175,7 @@ private slots:
         }
         std::unique_ptr<winButtonPics> w;
         if (mover == Mover::Remove) w = opened<winButtonPics>();
+        if (mover == Mover::DeletePalette) ZOR::ChangeToPalette(1); // a switch saves the data file
         QDir(home->desktop()).rmdir(kRemoved); // made empty by the audit
         home->write("Desktop/" + kRemoved, "the user's own file");
         // The kept copies of the pictures in the cache folder aside, every file stays as it was.
@@ -189,7 +190,6 @@ private slots:
             QCOMPARE(rows(w->lbButPic), QStringList{"01 one.png"});
         }
         if (mover == Mover::DeletePalette) {
-            ZOR::ChangeToPalette(1);
             QVERIFY(!ZOR::deleteActivePalette());
             QCOMPARE(ZOR::paleName, QString("P01"));
         }

@@ -55,7 +55,7 @@ step_done() {
 BEFORE="$(snapshot)"
 # The run uninterrupted, three times: how long each step takes from its key to its end, and the
 # store after each.
-declare -a took1 took2 took3 took4
+took=() # run r's time of step k at took[k * 10 + r]
 for run in 1 2 3; do
   restore_home
   start_program
@@ -63,10 +63,10 @@ for run in 1 2 3; do
     sent=$(now)
     step_sent "$k"
     step_done "$k"
-    eval "took$k+=(\"$(awk -v a="$sent" -v b="$(now)" 'BEGIN { printf "%.4f", b - a }')\")"
+    took[k * 10 + run]=$(awk -v a="$sent" -v b="$(now)" 'BEGIN { printf "%.4f", b - a }')
     cp "$E2E_DATA/PreserveState.txt" "$PRISTINE/state$k.txt"
     cmp -s "$PRISTINE/state$k.txt" "$PRISTINE/state$((k - 1)).txt" && [ "$k" -lt ${#STEPS[@]} ] &&
-      fail "step $k (${STEPS[$(($k - 1))]}) saved nothing at once"
+      fail "step $k (${STEPS[k - 1]}) saved nothing at once"
   done
   [ "$(snapshot)" = "$BEFORE" ] || fail "an uninterrupted run changed more than the store: $(diff <(echo "$BEFORE") <(snapshot))"
 done
@@ -78,8 +78,8 @@ PY
 median() { printf '%s\n' "$@" | sort -n | sed -n 2p; }
 declare -a limit
 for ((k = 1; k <= ${#STEPS[@]}; k++)); do
-  eval "limit[$k]=\$(median \"\${took$k[@]}\")"
-  echo "step $k (${STEPS[$(($k - 1))]}) ends ${limit[$k]}s after its key (median of three)"
+  limit[k]=$(median "${took[k * 10 + 1]}" "${took[k * 10 + 2]}" "${took[k * 10 + 3]}")
+  echo "step $k (${STEPS[k - 1]}) ends ${limit[$k]}s after its key (median of three)"
 done
 
 lost=0 inprogress=0 gone=0
