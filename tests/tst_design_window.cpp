@@ -323,7 +323,7 @@ private slots:
         for (const char* name : {"05 five.png", "12 twelve.png", "40 forty.png"})
             home->writeInProgram(QString("ButtonPictures/P00/") + name, picture(64, 64));
         winMain& palette = startWith(1, 0, 10);
-        ZOR::numRows = 0; // the load holds it to 1; the window mends a broken count all the same
+        ZOR::numRows = 0; // past the load, which mends it too: the window opens a broken count whole
         for (int i : {40, 46}) {
             Btn& b = button(i);
             b.Tip = "tip", b.Info = "info", b.ASfile = "Mail", b.SCname = "Day", b.PaletteGo = "02";

@@ -477,10 +477,10 @@ private slots:
         QTest::addColumn<QString>("key");
         QTest::addColumn<double>("value");
         QTest::addColumn<qint64>("held");
-        QTest::newRow("numRows 0") << "numRows" << 0.0 << qint64(1);
-        QTest::newRow("numRows -5") << "numRows" << -5.0 << qint64(1);
+        QTest::newRow("numRows 0") << "numRows" << 0.0 << qint64(10);
+        QTest::newRow("numRows -5") << "numRows" << -5.0 << qint64(10);
         QTest::newRow("numRows 99999") << "numRows" << 99999.0 << qint64(10);
-        QTest::newRow("numColumns 0") << "numColumns" << 0.0 << qint64(1);
+        QTest::newRow("numColumns 0") << "numColumns" << 0.0 << qint64(10);
         QTest::newRow("numColumns 99999") << "numColumns" << 99999.0 << qint64(10);
         QTest::newRow("AutoMin -1") << "AutoMin" << -1.0 << qint64(0);
         QTest::newRow("AutoMin 2147484") << "AutoMin" << 2147484.0 << qint64(86400);

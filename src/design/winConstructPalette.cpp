@@ -26,7 +26,7 @@ QString withoutTitleMarks(QString text) {
 }
 
 void openCount(ccDataIntUpDown* control, qint64& count, const QString& title) {
-    if (count < 1 || count > 10) count = 10; // not the nearest limit: a broken count opens whole
+    count = usableGridCount(count);
     control->jump = 1;
     control->jumpShift = 2;
     control->minValue = 1;

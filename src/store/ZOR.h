@@ -19,6 +19,12 @@ struct PaletteDict {
     QString s_Particulars;
 };
 
+// Rows or columns of a palette: 1 to 10. A count outside (a hand-edited file) opens the whole grid,
+// so that no button is hidden by it.
+constexpr qint64 usableGridCount(qint64 count) {
+    return count < 1 || count > 10 ? 10 : count;
+}
+
 // The palette store and the working set of the active palette.
 namespace ZOR {
 

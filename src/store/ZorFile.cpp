@@ -40,9 +40,8 @@ void readPalette(JsonText::Reader& r, PaletteDict& p, qint64 slot, std::string_v
                  bool tellAbsentKeys) {
     DataFileKeys::ButtonNumber none;
     DataFileKeys::readObject<DataFileKeys::kPaletteKeys, true>(r, p, none, key, tellAbsentKeys);
-    // Grid Construct offers 1 to 10 rows and columns; a hand-edited file is held to the same.
-    p.i_NumRows = std::clamp<qint64>(p.i_NumRows, 1, 10);
-    p.i_NumColumns = std::clamp<qint64>(p.i_NumColumns, 1, 10);
+    p.i_NumRows = usableGridCount(p.i_NumRows);
+    p.i_NumColumns = usableGridCount(p.i_NumColumns);
     // The name is the palette's folder in ButtonPictures: only the slot's own name may stand here.
     const QString own = 'P' + ZOR::ButtonNumber(slot);
     if (p.s_Name != own)
