@@ -20,11 +20,12 @@ cp -a "$E2E_HOME/.local" "$PRISTINE/"
 cp "$E2E_DATA/PreserveState.txt" "$PRISTINE/state0.txt"
 
 # Every file and folder under home with its checksum, but the emergency folder, the data file, the
-# save's scratch copy beside it, and this test's own files (the log, the tools, the display's pipe
-# and answer, the window's id).
+# save's scratch copy beside it, the cache of decoded pictures (made again from the pictures
+# whenever missing), and this test's own files (the log, the tools, the display's pipe and answer,
+# the window's id).
 snapshot() {
   (cd "$E2E_HOME" && find . \( -path ./.local/share/net.lunvale.ZOR-Palette/EmergencyPreserveStateBU \
-      -o -path ./tools -o -name program.log -o -name display -o -name xdpyinfo -o -name window \
+      -o -path ./.cache -o -path ./tools -o -name program.log -o -name display -o -name xdpyinfo -o -name window \
       -o -name .PreserveState.txt.saving \) -prune -o -print | sort |
     while read -r item; do
       if [ -f "$item" ] && [ "$item" != ./.local/share/net.lunvale.ZOR-Palette/PreserveState.txt ]; then
