@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Screenshots of the design and management windows as a user meets them, with long texts and
 # emoji, under Xvfb and openbox, into docs/screenshots/: Grid Construct with a kind begun and with
-# a button's picture, the export's explanation, and the New, Rename and Delete windows. Needs a
+# a button's picture, the export's explanation, and the New, Rename, Delete and Switch windows. Needs a
 # build; colour emoji need a font that has them (Debian: fonts-noto-color-emoji).
 set -euo pipefail
 source "$(dirname "$0")/screenshot-common.bash" "${1:-}"
@@ -72,18 +72,22 @@ shoot export-explanation
 xdotool key Return
 gone
 
-menu_item 125 4 # New Palette…
+menu_item 125 5 # New Palette…
 wait_until 30 dialog >/dev/null; sleep 0.5
 xdotool type --delay 40 "Mail and Calendar for the whole team "
 shoot windows-new
 at 340 364
 gone
-menu_item 125 5 # Rename Palette Alias…
+menu_item 125 6 # Rename Palette Alias…
 shoot windows-rename
 at 305 364
 gone
-menu_item 125 6 # Delete Palette…
+menu_item 125 7 # Delete Palette…
 shoot windows-delete
 at 340 364
 gone
-echo "Screenshots: $OUT/{construct-kind-begun,construct-picture,export-explanation,windows-new,windows-rename,windows-delete}.png"
+send_keys ctrl+p # the Switch window, over the palette of the long alias
+shoot windows-switch
+xdotool key Escape
+gone
+echo "Screenshots: $OUT/{construct-kind-begun,construct-picture,export-explanation,windows-new,windows-rename,windows-delete,windows-switch}.png"
