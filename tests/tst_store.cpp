@@ -373,7 +373,10 @@ private slots:
         const QByteArray before = readAll(file);
         QVERIFY(!before.contains(saved.toUtf8()));
         QByteArray afterOK; // for Grid Construct: the file between OK and the close box
-        if (change == "switch") ZOR::ChangeToPalette(2);
+        if (change == "switch") {
+            ZOR::DP[2].i_NumRows = 2, ZOR::DP[2].i_NumColumns = 3; // smaller than the palette it leaves
+            ZOR::ChangeToPalette(2);
+        }
         if (change.endsWith("picture")) {
             home->writeInProgram("ButtonPictures/P00/01 one.png", picture(64, 64));
             const QString chosen = home->write("Desktop/05 five.png", picture(64, 64));
@@ -423,6 +426,12 @@ private slots:
         }
         const QByteArray after = change == "design ok" ? afterOK : readAll(file);
         QVERIFY2(after.contains(saved.toUtf8()), after.left(300));
+        if (change == "switch") { // the next start opens at the size of the palette switched to
+            const QString size = QString(R"("WinHeight":%1,"WinWidth":%2)")
+                                     .arg(window.minimumHeight())
+                                     .arg(window.minimumWidth());
+            QVERIFY2(after.contains(size.toUtf8()), after.left(300));
+        }
         QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
         QCOMPARE(emergencyCopies(), QStringList()); // the quit keeps its copy; a change makes none
         told();

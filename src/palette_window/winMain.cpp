@@ -179,6 +179,14 @@ void winMain::sizeToGrid(int width, int height) {
     setFixedSize(width, height + menuBarOffset());
 }
 
+QSize winMain::gridAreaSize() const {
+    // A hand-edited file may hold any count; the window's size keeps to the grid's.
+    const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
+    const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
+    return {std::clamp(columns * kCell, kMinWidth, kMaxWidth),
+            std::clamp(rows * kCell + kBarHeight, kMinHeight, kMaxHeight)};
+}
+
 void winMain::RedrawGrid() {
     Guard::run(windowMethod("RedrawGrid"), [this] {
         const auto files = buttonPictureFiles(palettePictureFolder(ZOR::paleName));
@@ -202,10 +210,9 @@ void winMain::RedrawGrid() {
             }
         }
         if (!cannotShow.isEmpty()) reportPicturesNotShown(cannotShow);
-        // A hand-edited file may hold any count; the window's size keeps to the grid's.
         const int rows = int(std::clamp<qint64>(ZOR::numRows, 0, 10));
-        const int columns = int(std::clamp<qint64>(ZOR::numColumns, 0, 10));
-        sizeToGrid(columns * kCell, rows * kCell + kBarHeight);
+        shownArea = gridAreaSize();
+        sizeToGrid(shownArea.width(), shownArea.height());
         const int barTop = std::clamp(rows * kCell, 0, gridArea->height() - kBarHeight);
         for (QWidget* w : {static_cast<QWidget*>(labSeeNum), static_cast<QWidget*>(labSeeSC),
                            static_cast<QWidget*>(labTip), rectBackgroundTip})
@@ -281,7 +288,13 @@ void winMain::setRestingTexts(const QString& alias, const QString& name) {
     labSeeNum->setText(name);
 }
 
-QRect winMain::windowRect() const { return geometry(); }
+// A switch or a new grid is saved before the window follows it: the size saved is then the one the
+// window is about to take, so that the next start opens at it.
+QRect winMain::windowRect() const {
+    const QSize area = gridAreaSize();
+    if (area == shownArea) return geometry();
+    return {geometry().topLeft(), QSize(area.width(), area.height() + menuBarOffset())};
+}
 
 void winMain::cnBut_Paint(cnBut& canvas, QPainter& g) {
     Guard::run(canvasEvent("Paint"), [&] {

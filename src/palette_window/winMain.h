@@ -91,6 +91,8 @@ protected:
 
 private:
     void sizeToGrid(int width, int height);
+    QSize gridAreaSize() const; // the grid and its bar for the active palette
+    QSize shownArea;            // gridAreaSize() when the grid was last drawn
     void fireChain(int index);
     void fillBar(const QColor& colour);
     void setTipFontSize(int points); // 0: the system's default size
