@@ -1,5 +1,7 @@
 // The palette window at work: painting, clicks, keys, menus, switching, the bar, the launchers.
 #include "actions/Launchers.h"
+#include "design/ccGC.h"
+#include "design/winConstruct.h"
 #include "manage/winSwitchPalette.h"
 #include "tst_windows.h"
 #include "util/MenuBars.h"
@@ -464,6 +466,8 @@ private slots:
                                << "Original";
         QTest::newRow("a second palette") << "palette"
                                           << "Original";
+        QTest::newRow("a tip given in Grid Construct, seen at once") << "designed"
+                                                                     << "Original";
     }
     void firstStartTellsWhereToBegin() {
         QFETCH(QString, change);
@@ -473,8 +477,21 @@ private slots:
         if (change == "macro") button(5).KM_Active = true;
         if (change == "tip") button(5).Tip = "Mail";
         if (change == "palette") ZOR::CreateNewPalette("Second"), ZOR::ChangeToPalette(0);
-        w.cnBut_MouseEnter(5);
-        w.cnBut_MouseExit(5);
+        if (change == "designed") { // OK and Done, and no pointer over a button afterwards
+            dialogs->onWindow = [](QDialog& d) {
+                auto& design = dynamic_cast<winConstruct&>(d);
+                design.show();
+                QTest::mouseClick(design.accGC[5], Qt::LeftButton);
+                design.tfTip->setText("Mail");
+                design.pbOK->click();
+                design.pbDone->click();
+            };
+            w.mainMenuBar->miConstruct->trigger();
+            dialogs->onWindow = nullptr;
+        } else {
+            w.cnBut_MouseEnter(5);
+            w.cnBut_MouseExit(5);
+        }
         QTEST(w.labTip->text(), "resting");
     }
 

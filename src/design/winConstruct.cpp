@@ -158,7 +158,7 @@ void winConstruct::fieldLeft(QObject* field) {
 
 void winConstruct::closeEvent(QCloseEvent* event) {
     // The close box keeps what was confirmed and shows it on the palette, as Done does.
-    if (opened) Guard::run(Guard::Where::windowEvent("winConstruct", "Closing"), [] { ZOR::viewFollows(); });
+    if (opened) Guard::run(Guard::Where::windowEvent("winConstruct", "Closing"), [] { ZOR::viewFollows(PaletteView::Upto::RestingTexts); });
     opened = false;
     QDialog::closeEvent(event);
 }
@@ -177,7 +177,7 @@ void winConstruct::pbDone_Pressed() {
     Guard::run(controlEvent("pbDone", "Pressed"), [this] {
         fieldLeft(focusWidget());
         if (ZOR::numRows < 10) SetEntireRowVisibilty(int(ZOR::numRows), false);
-        ZOR::viewFollows();
+        ZOR::viewFollows(PaletteView::Upto::RestingTexts); // the bar too: a first start's hint goes
         opened = false;
         accept();
     });

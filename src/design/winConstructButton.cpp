@@ -471,7 +471,7 @@ void winConstruct::pbOK_Pressed() {
         endEdit();
         ZOR::paletteContentChange = true;
         ZOR::saveStore();
-        ZOR::viewFollows(); // the palette shows the button as designed
+        ZOR::viewFollows(PaletteView::Upto::RestingTexts); // the palette shows the button as designed
     });
 }
 
