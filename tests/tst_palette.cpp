@@ -466,8 +466,13 @@ private slots:
                                << "Original";
         QTest::newRow("a second palette") << "palette"
                                           << "Original";
-        QTest::newRow("a tip given in Grid Construct, seen at once") << "designed"
-                                                                     << "Original";
+        // Grid Construct's OK, Done and close box each bring the bar up to date, with no pointer over a button.
+        QTest::newRow("OK in Grid Construct") << "design ok"
+                                              << "Original";
+        QTest::newRow("Done in Grid Construct") << "design done"
+                                                << "Original";
+        QTest::newRow("Grid Construct's close box") << "design close"
+                                                    << "Original";
     }
     void firstStartTellsWhereToBegin() {
         QFETCH(QString, change);
@@ -477,14 +482,19 @@ private slots:
         if (change == "macro") button(5).KM_Active = true;
         if (change == "tip") button(5).Tip = "Mail";
         if (change == "palette") ZOR::CreateNewPalette("Second"), ZOR::ChangeToPalette(0);
-        if (change == "designed") { // OK and Done, and no pointer over a button afterwards
-            dialogs->onWindow = [](QDialog& d) {
+        if (change.startsWith("design")) {
+            if (change != "design ok") button(5).KM_Active = true; // as if by an earlier OK
+            dialogs->onWindow = [change, &w](QDialog& d) {
                 auto& design = dynamic_cast<winConstruct&>(d);
                 design.show();
-                QTest::mouseClick(design.accGC[5], Qt::LeftButton);
-                design.tfTip->setText("Mail");
-                design.pbOK->click();
-                design.pbDone->click();
+                if (change == "design ok") {
+                    QTest::mouseClick(design.accGC[5], Qt::LeftButton);
+                    design.tfTip->setText("Mail");
+                    design.pbOK->click();
+                    QCOMPARE(w.labTip->text(), "Original"); // at once, before Done
+                }
+                if (change == "design close") design.close();
+                else design.pbDone->click();
             };
             w.mainMenuBar->miConstruct->trigger();
             dialogs->onWindow = nullptr;
