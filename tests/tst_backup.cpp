@@ -1,6 +1,6 @@
 // Backups of the data file, their restore, and the palette data export, on real files.
 #include "backup/winManageBU.h"
-#include "common/HangLimit.h"
+#include "common/Deadline.h"
 #include "common/LockedFolder.h"
 #include "tst_windows.h"
 
@@ -113,7 +113,7 @@ private slots:
         if (offered) dialogs->queueOK(true);
         dialogs->queueFile(chosen);
         pressOnOpening(&winManageBU::pbRestoreBU);
-        const HangLimit limit(30, "A restore of the chosen file");
+        const Deadline limit(30, "A restore of the chosen file");
         winMain& window = program->start();
         if (!offered) { // a change in progress, never saved, then the menu
             ZOR::paleWinTitle = "Typed, not yet saved", ZOR::paletteContentChange = true;

@@ -1,6 +1,6 @@
 // The palette store: records, the data file, start-up and the saving quit.
 #include "assets/winButtonPics.h"
-#include "common/HangLimit.h"
+#include "common/Deadline.h"
 #include "common/LockedFolder.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
@@ -241,7 +241,7 @@ private slots:
         if (kind == "loop") QVERIFY(QFile::link(file, file));
         const QString before = standing(file);
         {
-            const HangLimit limit(30, "A start and quit beside a data file that is no plain file");
+            const Deadline limit(30, "A start and quit beside a data file that is no plain file");
             program->start();
             ZOR::paletteContentChange = true;
             program->quit();

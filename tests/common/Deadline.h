@@ -1,6 +1,7 @@
 #pragma once
 // Turns a hang into a failure: unless it goes out of scope within its time, it says what hung
-// and ends the test executable. For steps that could block for ever (a FIFO opened, a thread joined).
+// and ends the test executable. For steps that could block for ever (a FIFO opened, a thread joined,
+// a huge text measured).
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
@@ -35,5 +36,5 @@ private:
     std::mutex mutex;
     std::condition_variable done;
     bool over = false;
-    std::thread watcher;
+    std::thread watcher; // last: it starts once the members it uses are there
 };
