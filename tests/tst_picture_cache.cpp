@@ -57,19 +57,6 @@ QRect opaquePart(const QImage& image) {
     return opaque;
 }
 
-// A PNG whose header is whole and whose body stops halfway.
-QByteArray cutShort() {
-    QImage noise(64, 64, QImage::Format_RGB32);
-    for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x)
-            noise.setPixel(x, y, qRgb(x * 37 % 256, y * 91 % 256, (x * y) % 256));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    noise.save(&buffer, "PNG");
-    return bytes.left(bytes.size() / 2);
-}
-
 qint64 keptBytes(const QString& path) {
     return PictureDiskCache::keptBytes(PictureDiskCache::folder(), path, PictureDiskCache::stampOf(path),
                                        PictureCache::buttonSide());

@@ -39,6 +39,19 @@ inline QByteArray picture(int width, int height, QColor colour = Qt::red, const 
     return bytes;
 }
 
+// A PNG whose header is whole and whose body stops halfway.
+inline QByteArray cutShort() {
+    QImage noise(64, 64, QImage::Format_RGB32);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x)
+            noise.setPixel(x, y, qRgb(x * 37 % 256, y * 91 % 256, (x * y) % 256));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    noise.save(&buffer, "PNG");
+    return bytes.left(bytes.size() / 2);
+}
+
 // A value as qDebug() prints it, for the message of a check that QCOMPARE does not fit.
 template <class T> QByteArray printed(const T& value) {
     QString text;
