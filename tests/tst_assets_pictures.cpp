@@ -17,15 +17,6 @@ QString moved(const QString& what, const QString& how = " is moved to ") {
 
 enum class Mover { Audit, Remove, DeletePalette };
 
-// The part of a picture that is not transparent.
-QRect opaquePart(const QImage& image) {
-    QRect opaque;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) == 255) opaque |= QRect(x, y, 1, 1);
-    return opaque;
-}
-
 // A 20000 x 20000 picture by its header alone, far too big to decode; the window must not try.
 QByteArray huge() {
     QByteArray bytes = picture(1, 1, Qt::red, "JPG");

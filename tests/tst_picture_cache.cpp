@@ -48,15 +48,6 @@ QColor shown(const winMain& w) {
     return w.cnButs[5]->grab().toImage().pixelColor(10, 10);
 }
 
-// The part of a picture that is not transparent.
-QRect opaquePart(const QImage& image) {
-    QRect opaque;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) == 255) opaque |= QRect(x, y, 1, 1);
-    return opaque;
-}
-
 qint64 keptBytes(const QString& path) {
     return PictureDiskCache::keptBytes(PictureDiskCache::folder(), path, PictureDiskCache::stampOf(path),
                                        PictureCache::buttonSide());

@@ -52,6 +52,15 @@ inline QByteArray cutShort() {
     return bytes.left(bytes.size() / 2);
 }
 
+// The part of a picture that is not transparent.
+inline QRect opaquePart(const QImage& image) {
+    QRect opaque;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255) opaque |= QRect(x, y, 1, 1);
+    return opaque;
+}
+
 // A value as qDebug() prints it, for the message of a check that QCOMPARE does not fit.
 template <class T> QByteArray printed(const T& value) {
     QString text;
