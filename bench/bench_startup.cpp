@@ -4,9 +4,10 @@
 // the whole run, which a WM_DELETE_WINDOW sent right after the map ends. Prints medians and
 // ratios. A first session of each program comes before the series and lasts until ZOR_Palette has
 // kept its decoded pictures, as the user's last session would have; a second series starts it
-// with no picture kept, as at its very first start. Last, in a process of its own on the offscreen
-// platform, the first visit of palettes of 100 pictures that no kept copy holds (as for pictures
-// placed a moment ago), until the window has repainted.
+// with no picture kept, as at its very first start; a third with the palette's pictures moved
+// aside, the floor of both. Last, in a process of its own on the offscreen platform, the first
+// visit of palettes of 100 pictures that no kept copy holds (as for pictures placed a moment ago),
+// until the window has repainted, and apart from it the switch's save of the data file.
 // With --against BINARY, another build of ZOR_Palette (the one before a change) takes part in every
 // series as well, alternating with the other two. With --prepare DIR it only lays out the full
 // store in DIR (for profiling by hand).
@@ -99,18 +100,25 @@ int firstVisits(int argc, char** argv) {
     QApplication app(argc, argv);
     const std::unique_ptr<winMain> window = App::startPaletteWindow();
     QApplication::processEvents();
-    std::vector<double> visits;
+    std::vector<double> visits, saves;
     for (int p = kCurrent + 1; p <= kCurrent + kVisits; ++p) {
         QDir(PictureDiskCache::folder()).removeRecursively();
+        // The switch's save, on the disk before the window follows, is timed apart: it is the same
+        // for every palette, with pictures or without.
         QElapsedTimer t;
         t.start();
+        ZOR::saveStore();
+        saves.push_back(double(t.nsecsElapsed()) / 1e6);
+        ZOR::QuitSavePaletteChanges = false;
+        t.restart();
         ZOR::ChangeToPalette(p);
         window->repaint();
         visits.push_back(double(t.nsecsElapsed()) / 1e6);
+        ZOR::QuitSavePaletteChanges = true;
         if (window->hasPicture.size() != 100)
             std::printf("  P%02d showed %lld pictures\n", p, qlonglong(window->hasPicture.size()));
     }
-    std::printf("%.2f\n", median(visits));
+    std::printf("%.2f %.2f\n", median(visits), median(saves));
     return 0;
 }
 
@@ -303,7 +311,8 @@ int main(int argc, char** argv) {
     if (!keptAll()) std::printf("  the first session kept no decoded pictures\n");
 
     // `forget` runs before each start of either build of ZOR_Palette.
-    const auto series = [&](const char* title, const std::function<void()>& forget) {
+    const auto series = [&](const char* title, const char* goal,
+                            const std::function<void()>& forget) {
         std::vector<double> map[3], cpu[3], rss[3];
         int failed = 0;
         for (int run = 0; run < kRuns; ++run)
@@ -324,8 +333,7 @@ int main(int argc, char** argv) {
         std::printf("                            ZOR_Palette   bare window   ratio / difference\n");
         const double m0 = median(map[0]), m1 = median(map[1]), c0 = median(cpu[0]), c1 = median(cpu[1]);
         const double r0 = median(rss[0]), r1 = median(rss[1]);
-        std::printf("  start to window mapped   %8.1f ms   %8.1f ms   %5.2fx   (goal <= 1.25x)\n", m0, m1,
-                    m0 / m1);
+        std::printf("  start to window mapped   %8.1f ms   %8.1f ms   %5.2fx   %s\n", m0, m1, m0 / m1, goal);
         std::printf("  CPU of start and quit    %8.1f ms   %8.1f ms   %5.2fx   (+%.1f ms)\n", c0, c1, c0 / c1,
                     c0 - c1);
         std::printf("  peak memory              %8.1f MiB  %8.1f MiB  %+5.1f MiB (goal <= +15 MiB)\n", r0, r1,
@@ -337,11 +345,17 @@ int main(int argc, char** argv) {
                         m2, m2 / m1, c2, c2 / c1, r2);
         }
     };
-    series("cold start, pictures kept by an earlier run", {});
-    series("very first start, every picture decoded", [&] {
+    series("cold start, pictures kept by an earlier run", "(goal <= 1.15x)", {});
+    series("very first start, every picture decoded", "(goal <= 1.25x)", [&] {
         QDir(kept).removeRecursively();
         QDir(otherKept).removeRecursively();
     });
+    // The floor of the two above: the window, its menus and the full data file, with no picture.
+    const QString pictures = StdFolders::applicationSupport() + '/' + AppGlobals::kAppFolderName +
+                             "/ButtonPictures/P" + StringUtils::twoDigits(kCurrent);
+    QDir().rename(pictures, pictures + " aside");
+    series("start of the same store with no picture at all", "(the floor of both)", {});
+    QDir().rename(pictures + " aside", pictures);
 
     std::string visit;
     if (FILE* child = popen(
@@ -356,5 +370,8 @@ int main(int argc, char** argv) {
         "first visit of a palette of 100 pictures of 64 x 64 with nothing kept, median of 15: %.2f ms "
         "(goal: one frame, 16 ms)\n",
         std::atof(visit.c_str()));
+    const size_t blank = visit.find(' ');
+    std::printf("  and the switch's save of the data file before it (flushed to the disk), median: %.2f ms\n",
+                blank == std::string::npos ? 0.0 : std::atof(visit.c_str() + blank));
     return 0;
 }
