@@ -37,3 +37,11 @@ build() {
   step "building in $BUILD" "the compiler's message above names the file and line"
   cmake --build "$BUILD" -j "$JOBS"
 }
+
+# The sanitizers' options for a run of the asan build's tests.
+sanitizer_options() {
+  # Leaks of the program's own code are failures; what Qt's platform plugins keep for the whole
+  # run is suppressed, each with its reason, in tests/sanitizers/lsan.supp.
+  export ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+  export LSAN_OPTIONS="suppressions=$ROOT/tests/sanitizers/lsan.supp:print_suppressions=0"
+}

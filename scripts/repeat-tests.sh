@@ -12,6 +12,7 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 RUNS=${1:-20}
 BUSY=${2:-2}
+case "$BUILD" in *asan*) sanitizer_options ;; esac
 [ -d "$BUILD" ] || { echo "$(basename "$0"): no build in $BUILD; build it first (scripts/test.sh)" >&2; exit 1; }
 loops=()
 stop_loops() {

@@ -8,10 +8,7 @@ extra=()
 if [ "${PRESET:-}" = asan ]; then
   BUILD="$ROOT/build/asan"
   extra=(-DZOR_SANITIZE=ON)
-  # Leaks of the program's own code are failures; what Qt's platform plugins keep for the whole
-  # run is suppressed, each with its reason, in tests/sanitizers/lsan.supp.
-  export ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-  export LSAN_OPTIONS="suppressions=$ROOT/tests/sanitizers/lsan.supp:print_suppressions=0"
+  sanitizer_options
 fi
 # bash 3.2 (the Mac's) takes an empty array's "${a[@]}" for an unset variable: hence ${a[@]+...}.
 build ${extra[@]+"${extra[@]}"}
