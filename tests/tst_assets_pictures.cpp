@@ -209,6 +209,9 @@ private slots:
         QTest::newRow("tall, copy") << "05 tall.png" << picture(60, 80) << ""
                                     << kSize + "05 tall.pngis too tall." << true << "05 tall.png"
                                     << QRect(8, 0, 48, 64);
+        for (const char* kind : {"jfif", "jpe", "jpeg", "jpg", "JPG", "PNG", "Jpeg"}) // every kind the chooser lets through
+            QTest::newRow(kind) << QString("05 a.") + kind << picture(64, 64, Qt::red, QString(kind).startsWith('P') ? "PNG" : "JPG")
+                                << "" << "" << false << QString("05 a.") + kind << QRect();
         QTest::newRow("no picture") << "05 text.png" << QByteArray("text")
                                     << "The chosen file is supposed to be a picture."
                                     << "" << false << "" << QRect();
@@ -230,7 +233,7 @@ private slots:
         w->pbSelectPicToAdd_Pressed();
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message),
                  message.isEmpty() ? QStringList() : QStringList{message});
-        QCOMPARE(dialogs->texts(Dialogs::Kind::MesDlg), offer.isEmpty() ? QStringList() : QStringList{offer});
+        QCOMPARE(dialogs->questions(), offer.isEmpty() ? QStringList() : QStringList{offer + " → " + "Make a 64 x 64 copy"});
         if (!offer.isEmpty())
             QCOMPARE(
                 dialogs->requests.last().detail,

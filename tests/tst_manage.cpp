@@ -56,6 +56,7 @@ private slots:
             item->trigger();
         QCOMPARE(dialogs->titles(),
                  QStringList({"Switch Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
+        QCOMPARE(dialogs->defaults, QStringList({"", "OK", "Accept Change", "Cancel"})); // what Return presses
     }
 
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
@@ -339,6 +340,7 @@ private slots:
         dialogs->clear();
         QCOMPARE(pressDelete(), answer);
         QTEST(dialogs->texts(), "messages");
+        QCOMPARE(dialogs->questions(), active ? QStringList{winDeletePalette::kConfirm + " → Cancel"} : QStringList());
         QCOMPARE(ZOR::idxCP, answer ? 0 : active);
         QCOMPARE(ZOR::DP[size_t(active)].s_Alias, answer ? kNoShortcut : alias);
         QCOMPARE(QDir(pictures(name)).exists(), folder != "none" && !answer);
