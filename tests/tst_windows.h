@@ -132,6 +132,7 @@ inline QStringList lostSince(const HomeFiles& before, const QString& root) {
 
 // A click on the middle of a list's row.
 inline void pressRow(QTreeWidget* list, int row) {
+    list->scrollToItem(list->topLevelItem(row)); // the 100th of a long list too
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(row)).center());
 }
 
