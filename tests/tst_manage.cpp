@@ -332,6 +332,16 @@ private slots:
         QVERIFY(ZOR::aBtn == ZOR::DP[0].a_Btn);
         QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
                  QStringList({"ZOR Palette", "Original", "P00"}));
+
+        // Then a new palette: it takes the freed P03 afresh, with none of the old pictures.
+        const QStringList fresh = storeLines(home->programFolder() + "/PreserveState.txt").filter(QRegularExpression("^P03 \\d\\d "));
+        winNewPalette made;
+        made.tfAlias->setText("Again");
+        QTest::mouseClick(made.pbOK, Qt::LeftButton);
+        QCOMPARE(QStringList({ZOR::paleName, main.windowTitle(), main.labTip->text()}), QStringList({"P03", "ZOR P03", "Again"}));
+        QVERIFY(!QDir(pictures("P03")).exists());
+        QVERIFY(ZOR::saveStore());
+        QCOMPARE(storeLines(home->programFolder() + "/PreserveState.txt").filter(QRegularExpression("^P03 \\d\\d ")), fresh);
     }
 
     void deleteRefusesCancelsAndTidies_data() {
