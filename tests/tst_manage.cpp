@@ -150,6 +150,7 @@ private slots:
         QTest::newRow("nothing but removed") << false << "(..)" << QStringList() << "[A-Z]{2}";
         QTest::newRow("case is no difference") << false << "WORK" << QStringList{"work"} << "WORK01";
         QTest::newRow("third try") << false << "Work" << QStringList{"work", "WORK01"} << "Work0102";
+        QTest::newRow("new keeps a long alias whole") << false << QString(60, 'L') + "\U0001F600" << QStringList() << QString(60, 'L') + "\U0001F600";
         QTest::newRow("new keeps & and *") << false << "Work&Play*" << QStringList() << "Work&Play\\*";
         QTest::newRow("rename drops & and *") << true << "Work&Play*" << QStringList() << "WorkPlay";
         QTest::newRow("rename cuts to 23, then makes unique")
