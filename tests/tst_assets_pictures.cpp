@@ -242,6 +242,7 @@ private slots:
                 "chose "
                 "stays as it is.");
         QCOMPARE(w->labPicToAdd->text(), name);
+        QCOMPARE(w->labID_Add->text(), name.front().isDigit() ? name.left(2) : "");
         QCOMPARE(enabled(*w), (QList<bool>{!added.isEmpty(), true, false, false}));
         if (added.isEmpty()) return;
         const QImage original = QImage::fromData(bytes);
