@@ -156,6 +156,10 @@ private slots:
     // The button half as a user drives it, then everything it shows and everything the saved
     // store keeps. A row's look is that of a freshly loaded button of the cell last clicked, but for
     // the lines it names; `saved` is every line of PreserveState.txt that the steps changed.
+    // Steps: "click 5"; "given 5 Tip=x" (stored before the window opens); "tip x", "info", "AS",
+    // "SC", "PS" (typed); "leave AS", "clear AS"; "visible", "onButton", "clipboard", "KM" (ticked or
+    // unticked); "delay 2" (its row); "letter [Shift] up|down"; "OK", "Cancel"; "reopen" (Done, then
+    // the menu again).
     void buttonHalfScenarios_data() {
         QTest::addColumn<QString>("grid");
         QTest::addColumn<QString>("steps");
@@ -163,7 +167,6 @@ private slots:
         QTest::addColumn<QStringList>("saved");
         const QString back = "; OK; reopen; click 5";
         const QString tip80 = QString(79, 't') + kFamily + "+", info = QString(2100, 'i');
-        const QString loaded = "enabled=KM AS SC PS tip letters Cancel Done";
         // clang-format off
         QTest::newRow("delay 2 seconds") << "10x10" << "click 5; delay 1" + back << QStringList{"delay=2 seconds"} << QStringList{"P00 05 AutoMin=2"};
         QTest::newRow("delay 10 seconds") << "10x10" << "click 5; delay 2" + back << QStringList{"delay=10 seconds"} << QStringList{"P00 05 AutoMin=10"};
