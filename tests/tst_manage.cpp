@@ -341,8 +341,9 @@ private slots:
         QTest::mouseClick(made.pbOK, Qt::LeftButton);
         QCOMPARE(QStringList({ZOR::paleName, main.windowTitle(), main.labTip->text()}), QStringList({"P03", "ZOR P03", "Again"}));
         QVERIFY(!QDir(pictures("P03")).exists());
-        QVERIFY(ZOR::saveStore());
-        QCOMPARE(storeLines(home->programFolder() + "/PreserveState.txt").filter(QRegularExpression("^P03 \\d\\d ")), fresh);
+        const QStringList saved = storeLines(home->programFolder() + "/PreserveState.txt"); // at once
+        QCOMPARE(saved.filter(QRegularExpression("^P03 \\d\\d ")), fresh);
+        QVERIFY(saved.contains("P03 paleAlias=Again"));
     }
 
     void deleteRefusesCancelsAndTidies_data() {
