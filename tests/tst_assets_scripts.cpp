@@ -39,9 +39,10 @@ private slots:
         QCOMPARE(rows(w->lbRemoved) + rows(w->lbAppleScript) + rows(w->lbWorkshop),
                  QStringList({"a.b.scpt", "readme.txt", "good.scpt", "Mail.scpt", "orphan.scpt:TANGERINE",
                               "Upper.SCPT", "readme.txt"}));
-        QCOMPARE(rows(w->lbActiveAppleScripts, {0, 2, 3}),
-                 QStringList({"P00|01|mail", "P00|02|Upper", "P00|03|good", "P00|05|missing:LAVENDER",
-                              "P01|09|good", "P02|07|missing:LAVENDER"}));
+        QCOMPARE(rows(w->lbActiveAppleScripts, {0, 1, 2, 3}),
+                 QStringList({"P00|Original|01|mail", "P00|Original|02|Upper", "P00|Original|03|good",
+                              "P00|Original|05|missing:LAVENDER", "P01|" + kNoShortcut + "|09|good",
+                              "P02|" + ZOR::DP[2].s_Alias + "|07|missing:LAVENDER"}));
         QCOMPARE(QDir(workshop()).entryList(QDir::Files, QDir::Name),
                  QStringList({"1_readme.txt", "a.b.scpt", "readme.txt"}));
         QCOMPARE(lostSince(before, home->home()), QStringList());

@@ -70,7 +70,9 @@ private slots:
         // clang-format off
         const QString bad = "You did not select an appropriate file. ", good = "230101_0900PreserveStateBU.txt";
         QTest::newRow("29 characters") << "230508_2314PreserveStatBU.txt" << "" << QStringList() << bad + "It should have a name like 230508_2314PreserveStateBU.txt";
-        QTest::newRow("31 April") << "230431_2314PreserveStateBU.txt" << "" << QStringList() << bad + "It should start with a valid date stamp in the form YYMMDD_HHSS";
+        const QString stamp = bad + "It should start with a valid date stamp in the form YYMMDD_HHSS";
+        for (const char* wrong : {"230431_2314", "230931_2314", "231131_2314", "230230_2314", "231301_0000", "230100_0000", "230508_2400"})
+            QTest::newRow(wrong) << QString(wrong) + "PreserveStateBU.txt" << "" << QStringList() << stamp;
         QTest::newRow(".text") << "230508_2314PreserveStateB.text" << "" << QStringList() << bad + "It should have the extension .txt";
         QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt" << "" << QStringList() << bad + "It should have the basic name PreserveStateBU";
         QTest::newRow("cancelled") << "" << "" << QStringList() << "";
@@ -79,6 +81,8 @@ private slots:
         QTest::newRow("not a store") << good << "damaged" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. Invalid JSON at character 23: unexpected end of the text. Nothing was moved.";
         QTest::newRow("a FIFO") << good << "fifo" << QStringList() << "The backup 230101_0900PreserveStateBU.txt was not restored: it cannot be read as a store of palettes. 230101_0900PreserveStateBU.txt could not be opened: it is a FIFO (a named pipe), not a file. Nothing was moved.";
         QTest::newRow("restored") << good << "" << QStringList() << "230508_2314PreserveStateBU.txt";
+        QTest::newRow("restored: 29 February of any year, 23:59") << "230229_2359PreserveStateBU.txt" << "" << QStringList() << "230508_2314PreserveStateBU.txt";
+        QTest::newRow("restored: the first minute of a year") << "230101_0000PreserveStateBU.txt" << "" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("offered at the start") << good << "unreadable" << QStringList() << "230508_2314PreserveStateBU.txt";
         QTest::newRow("restored, this minute taken") << good << "" << QStringList{"230508_2314PreserveStateBU.txt", "230508_2315PreserveStateBU.txt"} << "230508_2313PreserveStateBU.txt";
         QTest::newRow("restored, this minute and the one before taken") << good << "" << QStringList{"230508_2313PreserveStateBU.txt", "230508_2314PreserveStateBU.txt"} << "230508_2312PreserveStateBU.txt";
@@ -121,6 +125,9 @@ private slots:
         }
 
         QTRY_VERIFY(dialogs->titles().contains("Choose Restoring File"));
+        QCOMPARE(dialogs->questions().size(), int(offered));
+        if (offered) QVERIFY2(dialogs->questions()[0].endsWith(" → OK"), qPrintable(dialogs->questions()[0]));
+        QCOMPARE(dialogs->defaults[dialogs->titles().lastIndexOf("Manage PreserveState Backup")], "Cancel");
         QCOMPARE(dialogs->requests[dialogs->titles().indexOf("Choose Restoring File")].detail,
                  home->desktop());
         if (told.isEmpty() || told.contains(' ')) { // refused or failed, with a message if any
@@ -145,7 +152,7 @@ private slots:
         QCOMPARE(namesIn(emergency()), earlier); // never under a stamp still to come
         QCOMPARE(readAll(emergency() + '/' + told), former);
         QCOMPARE(dialogs->requests.last().title + ": " + dialogs->texts(Dialogs::Kind::ShowText).join('|'),
-                 "Backup Data Restored: A backup, 230101_0900PreserveStateBU.txt, was used to restore the active "
+                 "Backup Data Restored: A backup, " + name + ", was used to restore the active "
                  "PreserveState.txt file.\nThe application is quitting. Restart to access the "
                  "PreserveState.txt file that was restored.");
     }
@@ -214,6 +221,22 @@ private slots:
         const QByteArray text = readAll(folder + "/TextData.txt");
         QVERIFY2(text.contains("\tagain\t"), text);
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
+    }
+
+    // The last palette of a full store, on a full grid: the 10th row and column are written too.
+    void exportOfTheHundredthPalette() {
+        winMain& window = startWith(100, 10, 10);
+        ZOR::ChangeToPalette(99);
+        ZOR::paleAlias = "Last";
+        button(99).Tip = "far corner";
+        Clock::set(QDateTime(QDate(2024, 2, 29), QTime(0, 0, 0)));
+        window.mainMenuBar->miPaletteData->trigger();
+        const QStringList lines =
+            QString::fromUtf8(readAll(home->desktop() + "/240229_000000Last_P99Data/TextData.txt")).split('\n');
+        QCOMPARE(lines.size(), 3 + 100 + 1);
+        QCOMPARE(lines[1], "10\t10\tZOR P99\tP99\tLast");
+        QCOMPARE(lines[3 + 90], "90\t9\t0\tTrue\tFalse\t" + kNoShortcut + "\t\t\tFalse\t\t0\t0\t\t");
+        QCOMPARE(lines[3 + 99], "99\t9\t9\tTrue\tFalse\t" + kNoShortcut + "\t\t\tFalse\t\t0\t0\tfar corner\t");
     }
 
     // The folder's name fits the file system's 255 bytes: a long alias gives up whole characters.

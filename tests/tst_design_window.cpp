@@ -61,29 +61,67 @@ QList<int> changedSince(const std::vector<Btn>& before) {
     return changed;
 }
 
-// What is enabled: the four kinds of action, the three buttons and the palette half.
-struct Enabled {
-    bool KM = false, AS = false, SC = false, PS = false;
-    bool OK = false, Cancel = false, Done = false, palette = false;
-    bool operator==(const Enabled&) const = default;
-};
-char* toString(const Enabled& e) { // each control named with its state
-    return qstrdup(qPrintable(QString::asprintf("KM:%d AS:%d SC:%d PS:%d OK:%d Cancel:%d Done:%d palette:%d",
-                                                e.KM, e.AS, e.SC, e.PS, e.OK, e.Cancel, e.Done, e.palette)));
-}
-Enabled enabled(const winConstruct& w) {
-    return {w.cbKM->isEnabled(), w.tfAS->isEnabled(),     w.tfSC->isEnabled(),   w.tfPaletteGo->isEnabled(),
-            w.pbOK->isEnabled(), w.pbCancel->isEnabled(), w.pbDone->isEnabled(), w.ccRowUpDown->isEnabled()};
-}
-// With no cell chosen, and with one chosen but nothing changed yet.
-const Enabled kResting{.Done = true, .palette = true};
-const Enabled kChosen{.KM = true, .AS = true, .SC = true, .PS = true, .Cancel = true, .Done = true};
-
 // One press on the arrows ("up", "Shift down"...): the value shown and the number of changes told.
 template <class Control> std::pair<QString, int> press(Control& control, const QString& arrow) {
     QSignalSpy changed(&control, &Control::ValueChanged);
     arrows(control.udChangeVal, arrow.endsWith("up"), 1, arrow.startsWith("Shift"));
     return {control.labValue->text(), int(changed.count())};
+}
+
+
+// Everything the button half shows, by name, for a row to state as the user sees it.
+QStringList buttonHalf(const winConstruct& w) {
+    const auto on = [](const QAbstractButton* box) { return box->isChecked() ? "on" : "off"; };
+    QStringList warnings, enabled;
+    for (const QWidget* warning : {w.labZorAS_NotExist, w.labZorSC_NotExist, w.labZorPaletteNum_NotExist})
+        if (!warning->isHidden()) warnings << warning->objectName().mid(6).section('_', 0, 0);
+    const std::pair<const char*, const QWidget*> controls[] = {
+        {"KM", w.cbKM}, {"AS", w.tfAS}, {"SC", w.tfSC}, {"PS", w.tfPaletteGo}, {"tip", w.tfTip},
+        {"letters", w.ccShortcutUpDown->udChangeVal}, {"OK", w.pbOK}, {"Cancel", w.pbCancel},
+        {"Done", w.pbDone}, {"grid", w.ccRowUpDown}};
+    QStringList selected; // the cells that look chosen
+    for (int i = 0; i < 100; ++i)
+        if (w.accGC[i]->currentLook() == ccGC::Look::Selected) selected << StringUtils::twoDigits(i);
+    for (const auto& [name, control] : controls)
+        if (control->isEnabled()) enabled << name;
+    return {"ID=" + w.labID->text(),
+            "heading=" + w.labButtSpec->text(),
+            "letter=" + (w.labShortcut->isHidden() ? "hidden"
+                                                   : w.labShortcut->text() + ' ' +
+                                                         w.labShortcut->palette().color(QPalette::WindowText).name()),
+            QString("visible=") + on(w.cbVisibleBtn),
+            QString("onButton=") + on(w.cbVisOnBtn),
+            QString("KM=") + on(w.cbKM),
+            QString("clipboard=") + on(w.cbUseClip),
+            "tip=" + w.tfTip->text(),
+            "info=" + w.taInfo->toPlainText(),
+            "AS=" + w.tfAS->text(),
+            "SC=" + w.tfSC->text(),
+            "PS=" + w.tfPaletteGo->text(),
+            "delay=" + w.pumAutoMin->currentText(),
+            "grid=" + w.ccRowUpDown->labValue->text() + 'x' + w.ccColUpDown->labValue->text(),
+            "warnings=" + warnings.join(' '),
+            "arrows=" + w.ccShortcutUpDown->labValue->text() + ' ' + QString::number(w.ccShortcutUpDown->theValueIndex),
+            "selected=" + selected.join(' '),
+            "enabled=" + enabled.join(' ')};
+}
+
+// `base` with the "name=value" lines of `changed` put in place of those of the same name.
+QStringList with(QStringList base, const QStringList& changed) {
+    for (const QString& line : changed) {
+        const QString name = line.section('=', 0, 0) + '=';
+        auto at = std::find_if(base.begin(), base.end(), [&](const QString& l) { return l.startsWith(name); });
+        if (at == base.end()) base << line;
+        else *at = line;
+    }
+    return base;
+}
+
+void store(Btn& b, const QString& key, const QString& value) {
+    if (key == "AutoMin") b.AutoMin = value.toInt();
+    else if (key == "ShortcutShow") b.ShortcutShow = value == "true";
+    else *std::map<QString, QString*>{{"Tip", &b.Tip}, {"Info", &b.Info}, {"SCname", &b.SCname},
+                                      {"ASfile", &b.ASfile}, {"PaletteGo", &b.PaletteGo}}.at(key) = value;
 }
 
 bool hasColour(const QImage& shot, const QRect& area, const QColor& colour) {
@@ -115,147 +153,133 @@ class DesignWindowTest : public WindowTest {
     }
 
 private slots:
-    // A kind begun, taken away and begun again, then OK with the button hidden and a delay.
-    void editOfEachKind_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<Enabled>("begun");  // once the kind is begun
-        QTest::addColumn<Enabled>("undone"); // after taking it away again
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<QString>("stored"); // Keyboard Maestro, script, Shortcut, palette
+    // The button half as a user drives it, then everything it shows and everything the saved
+    // store keeps. A row's look is that of a freshly loaded button of the cell last clicked, but for
+    // the lines it names; `saved` is every line of PreserveState.txt that the steps changed.
+    // Steps: "click 5"; "given 5 Tip=x" (stored before the window opens); "tip x", "info", "AS",
+    // "SC", "PS" (typed); "leave AS", "clear AS"; "visible", "onButton", "clipboard", "KM" (ticked or
+    // unticked); "delay 2" (its row); "letter [Shift] up|down"; "OK", "Cancel"; "reopen" (Done, then
+    // the menu again).
+    void buttonHalfScenarios_data() {
+        QTest::addColumn<QString>("grid");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<QStringList>("saved");
+        const QString back = "; OK; reopen; click 5";
+        const QString tip80 = QString(79, 't') + kFamily + "+", info = QString(2100, 'i');
         // clang-format off
-        // The box unticked is still a change, with OK and without Done; a field emptied again is none.
-        const Enabled unticked{.KM = true, .AS = true, .SC = true, .PS = true, .OK = true, .Cancel = true};
-        QTest::newRow("Keyboard Maestro") << "KM" << Enabled{.KM = true, .OK = true, .Cancel = true} << unticked << "Keyboard Maestro" << "KM|||";
-        QTest::newRow("AppleScript") << "AS" << Enabled{.AS = true, .OK = true, .Cancel = true} << kChosen << "AppleScript" << "|Mail||";
-        QTest::newRow("Shortcut") << "SC" << Enabled{.SC = true, .OK = true, .Cancel = true} << kChosen << "Shortcut" << "||Day|";
-        QTest::newRow("palette switch") << "PS" << Enabled{.PS = true, .OK = true, .Cancel = true} << kChosen << "Palette Switcher" << "|||01";
+        QTest::newRow("delay 2 seconds") << "10x10" << "click 5; delay 1" + back << QStringList{"delay=2 seconds"} << QStringList{"P00 05 AutoMin=2"};
+        QTest::newRow("delay 10 seconds") << "10x10" << "click 5; delay 2" + back << QStringList{"delay=10 seconds"} << QStringList{"P00 05 AutoMin=10"};
+        QTest::newRow("delay 50 seconds") << "10x10" << "click 5; delay 3" + back << QStringList{"delay=50 seconds"} << QStringList{"P00 05 AutoMin=50"};
+        QTest::newRow("delay back to Never") << "10x10" << "given 5 AutoMin=50; click 5; delay 0" + back << QStringList() << QStringList{"P00 05 AutoMin=0"};
+        QTest::newRow("a stored delay of none of the choices: Never, 0 at OK") << "10x10" << "given 5 AutoMin=7; click 5; tip x" + back << QStringList{"tip=x"} << QStringList{"P00 05 Tip=x", "P00 05 AutoMin=0"};
+        QTest::newRow("button hidden alone") << "10x10" << "click 5; visible" + back << QStringList{"visible=off"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("letter shown on the button alone") << "10x10" << "click 5; onButton" + back << QStringList{"onButton=on", "letter=f #dc6e00"} << QStringList{"P00 05 ShortcutShow=true"};
+        QTest::newRow("letter taken off the button, not yet confirmed") << "10x10" << "given 5 ShortcutShow=true; click 5; onButton" << QStringList{"letter=f #797979", "enabled=KM AS SC PS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("hidden button, letter on it") << "10x10" << "given 5 ShortcutShow=true; click 5; visible" + back << QStringList{"visible=off", "onButton=on", "letter=f #dc6e00"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("clipboard") << "10x10" << "click 5; clipboard" + back << QStringList{"clipboard=on"} << QStringList{"P00 05 Clipbrd=1"};
+        QTest::newRow("every field but the kind, back after reopening") << "10x10" << "click 5; tip Hi; info More; delay 2; visible; onButton; clipboard" + back << QStringList{"tip=Hi", "info=More", "delay=10 seconds", "visible=off", "onButton=on", "letter=f #dc6e00", "clipboard=on"} << QStringList{"P00 05 Tip=Hi", "P00 05 Info=More", "P00 05 AutoMin=10", "P00 05 Vis=false", "P00 05 ShortcutShow=true", "P00 05 Clipbrd=1"};
+        QTest::newRow("Keyboard Maestro, last cell of 3 x 7") << "3x7" << "click 26; KM; OK; reopen; click 26" << QStringList{"ID=26", "letter=A #a9a9a9", "KM=on", "grid=3x7", "enabled=KM tip letters Cancel Done"} << QStringList{"P00 26 KM_Active=true"};
+        QTest::newRow("3 x 7: an 8th column and a 4th row beep") << "3x7" << "click 26; click 27; click 30; Cancel; reopen; click 36; click 6" << QStringList{"ID=06", "letter=g #a9a9a9", "grid=3x7", "beeps=3"} << QStringList();
+        QTest::newRow("1 x 1: the one cell") << "1x1" << "click 1; click 10; click 0; tip One; OK; reopen; click 0" << QStringList{"ID=00", "letter=a #a9a9a9", "grid=1x1", "tip=One", "beeps=2"} << QStringList{"P00 00 Tip=One"};
+        QTest::newRow("10 x 10: the last cell") << "10x10" << "click 99; tip Last; info Far; OK; reopen; click 99" << QStringList{"ID=99", "letter=␀ #a9a9a9", "tip=Last", "info=Far"} << QStringList{"P00 99 Tip=Last", "P00 99 Info=Far"};
+        QTest::newRow("AppleScript typed") << "10x10" << "click 5; AS mail; leave AS" + back << QStringList{"heading=AppleScript", "AS=Mail", "tip=Run AS Mail", "enabled=AS tip letters Cancel Done"} << QStringList{"P00 05 Tip=Run AS Mail", "P00 05 ASfile=Mail"};
+        QTest::newRow("Shortcut typed") << "10x10" << "click 5; SC MorningMail; leave SC" + back << QStringList{"heading=Shortcut", "SC=MorningMail", "tip=Run Shortcut MorningMail", "warnings=SC", "enabled=SC tip letters Cancel Done"} << QStringList{"P00 05 Tip=Run Shortcut MorningMail", "P00 05 SCname=MorningMail"};
+        QTest::newRow("palette switch typed") << "10x10" << "click 5; PS 0; leave PS" + back << QStringList{"heading=Palette Switcher", "PS=00", "tip=Go to Original", "enabled=PS tip letters Cancel Done"} << QStringList{"P00 05 Tip=Go to Original", "P00 05 PaletteGo=00"};
+        QTest::newRow("Keyboard Maestro ticked") << "10x10" << "click 5; KM" << QStringList{"KM=on", "enabled=KM tip letters OK Cancel"} << QStringList();
+        QTest::newRow("Keyboard Maestro ticked and unticked: still a change") << "10x10" << "click 5; KM; KM" << QStringList{"enabled=KM AS SC PS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a script begun") << "10x10" << "click 5; AS M" << QStringList{"AS=M", "enabled=AS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a script begun and emptied: no change") << "10x10" << "click 5; AS M; clear AS" << QStringList() << QStringList();
+        QTest::newRow("a Shortcut begun and emptied: no change") << "10x10" << "click 5; SC M; clear SC" << QStringList() << QStringList();
+        QTest::newRow("a palette begun and emptied: no change") << "10x10" << "click 5; PS 1; clear PS" << QStringList() << QStringList();
+        QTest::newRow("a palette begun") << "10x10" << "click 5; PS 1" << QStringList{"PS=1", "enabled=PS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("OK blanks the half") << "10x10" << "click 5; KM; OK" << QStringList{"ID=ID", "heading=Button Specification", "letter=hidden", "delay=", "selected=", "enabled=Done grid"} << QStringList{"P00 05 KM_Active=true"};
+        QTest::newRow("script name filtered") << "10x10" << "click 5; AS 9 my-script.b2; leave AS" << QStringList{"heading=AppleScript", "AS=myscriptb2", "tip=Run AS myscriptb2", "warnings=AS", "enabled=AS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("script of digits only") << "10x10" << "click 5; AS 123; leave AS" << QStringList() << QStringList();
+        QTest::newRow("script with blanks, ends trimmed") << "10x10" << "click 5; AS 9 morning mail ; leave AS" << QStringList{"heading=AppleScript", "AS=Morning Mail", "tip=Run AS Morning Mail", "enabled=AS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("Shortcut with blanks, ends trimmed") << "10x10" << "click 5; SC  Morning Mail ; leave SC" << QStringList{"heading=Shortcut", "SC=Morning Mail", "tip=Run Shortcut Morning Mail", "enabled=SC tip letters OK Cancel"} << QStringList();
+        QTest::newRow("palette of one digit") << "10x10" << "click 5; PS 7; leave PS" << QStringList{"heading=Palette Switcher", "PS=07", "tip=Change palette to 07", "warnings=PaletteNum", "enabled=PS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a tip typed first stays by a palette switch") << "10x10" << "click 5; tip Mine; PS 0; leave PS" << QStringList{"heading=Palette Switcher", "PS=00", "tip=Mine", "enabled=PS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a tip typed first stays by a Shortcut") << "10x10" << "click 5; tip Mine; SC Other; leave SC" << QStringList{"heading=Shortcut", "SC=Other", "tip=Mine", "warnings=SC", "enabled=SC tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a tip typed first is never replaced") << "10x10" << "click 5; tip Mine; AS mail; leave AS" << QStringList{"heading=AppleScript", "AS=Mail", "tip=Mine", "enabled=AS tip letters OK Cancel"} << QStringList();
+        QTest::newRow("a tip typed past 42 keeps 42") << "10x10" << "click 5; tip " + QString(45, 'x') + back << QStringList{"tip=" + QString(42, 'x')} << QStringList{"P00 05 Tip=" + QString(42, 'x')};
+        QTest::newRow("stored tip and info past their limits stay whole") << "10x10" << "given 5 Tip=" + tip80 + "; given 5 Info=" + info + "; click 5; leave tip; leave info; visible" + back << QStringList{"tip=" + tip80, "info=" + info, "visible=off"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("a stored tip with blanks at its ends stays") << "10x10" << "given 5 Tip= Hi ; click 5; leave tip; visible" + back << QStringList{"tip= Hi ", "visible=off"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("a stored Shortcut with blanks stays") << "10x10" << "given 5 SCname=My Shortcut ✓; click 5; leave SC; visible" + back << QStringList{"heading=Shortcut", "SC=My Shortcut ✓", "visible=off", "enabled=SC tip letters Cancel Done"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("a stored script with a blank and a hyphen stays") << "10x10" << "given 5 ASfile=My Script-2; click 5; leave AS; visible" + back << QStringList{"heading=AppleScript", "AS=My Script-2", "visible=off", "warnings=AS", "enabled=AS tip letters Cancel Done"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("a stored palette of one digit stays") << "10x10" << "given 5 PaletteGo=7; click 5; leave PS; visible" + back << QStringList{"heading=Palette Switcher", "PS=7", "visible=off", "warnings=PaletteNum", "enabled=PS tip letters Cancel Done"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("a letter taken from the button that had it, case apart") << "10x10" << "click 12; letter Shift down; letter down; letter down; letter down; OK; reopen; click 12" << QStringList{"ID=12", "letter=k #a9a9a9"} << QStringList{"P00 10 Shortcut=␀", "P00 12 Shortcut=k"};
+        QTest::newRow("a letter back to none") << "10x10" << "click 12; letter down; letter up; OK; reopen; click 12" << QStringList{"ID=12", "letter=␀ #a9a9a9"} << QStringList{"P00 12 Shortcut=␀"};
+        QTest::newRow("Cancel after changing everything") << "10x10" << "click 5; tip x; info y; visible; onButton; clipboard; delay 3; KM; Cancel; click 5" << QStringList() << QStringList();
+        QTest::newRow("another cell drops the changes") << "10x10" << "click 5; tip x; KM; click 6; click 5" << QStringList() << QStringList();
+        QTest::newRow("another cell: the arrows go on from where they were") << "10x10" << "click 5; letter down; letter down; click 6" << QStringList{"ID=06", "letter=g #a9a9a9", "arrows=␀ 2"} << QStringList();
+        QTest::newRow("Cancel: nothing chosen, the arrows from none") << "10x10" << "click 5; letter down; tip x; Cancel" << QStringList{"ID=ID", "heading=Button Specification", "letter=hidden", "delay=", "selected=", "enabled=Done grid"} << QStringList();
         // clang-format on
     }
-    void editOfEachKind() {
-        QFETCH(QString, kind);
-        startWith(2);
-        auto w = open();
-        QCOMPARE(enabled(*w), kResting);
-        click(*w, 5);
-        QCOMPARE(enabled(*w), kChosen);
-        QCOMPARE(w->labID->text(), "05");
-        QLineEdit* field = kind == "AS" ? w->tfAS : kind == "SC" ? w->tfSC : w->tfPaletteGo;
-        const QString text = kind == "AS" ? "Mail" : kind == "SC" ? "Day" : "1";
-        const auto begin = [&](bool on) { kind == "KM" ? w->cbKM->click() : field->setText(on ? text : ""); };
-        begin(true);
-        QTEST(enabled(*w), "begun");
-        begin(false);
-        QTEST(enabled(*w), "undone");
-        begin(true);
-        if (kind != "KM") leave(field);
-        QTEST(w->labButtSpec->text(), "label");
-        w->cbVisibleBtn->click();
-        w->pumAutoMin->setCurrentIndex(3);
-        QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(enabled(*w), kResting);
-        QCOMPARE(w->labButtSpec->text(), "Button Specification");
-        QCOMPARE(ZOR::idxCurrentBtn, -1);
-        QVERIFY(ZOR::paletteContentChange);
-        const Btn& b = button(5);
-        QTEST(QStringList({b.KM_Active ? "KM" : "", b.ASfile, b.SCname, b.PaletteGo}).join('|'), "stored");
-        QCOMPARE(b.AutoMin, 50);
-        QVERIFY(!b.Vis);
-    }
-
-    void fieldFilters_data() {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("kept"); // after focus loss
-        QTest::addColumn<QString>("tip");
-        QTest::addColumn<bool>("warning");
-        // clang-format off
-        QTest::newRow("script name") << "tfAS" << "9 my-script.b2" << "myscriptb2" << "Run AS myscriptb2" << true;
-        QTest::newRow("script that exists") << "tfAS" << "mail" << "Mail" << "Run AS Mail" << false;
-        QTest::newRow("only digits") << "tfAS" << "123" << "" << "" << false;
-        QTest::newRow("script with blanks, ends trimmed") << "tfAS" << "9 morning mail " << "Morning Mail" << "Run AS Morning Mail" << false;
-        QTest::newRow("shortcut with blanks, ends trimmed") << "tfSC" << " Morning Mail " << "Morning Mail" << "Run Shortcut Morning Mail" << false;
-        QTest::newRow("unknown shortcut") << "tfSC" << "Gone" << "Gone" << "Run Shortcut Gone" << true;
-        QTest::newRow("one digit palette") << "tfPaletteGo" << "7" << "07" << "Change palette to 07" << true;
-        QTest::newRow("existing palette, by its alias") << "tfPaletteGo" << "1" << "01" << "Go to Writing ✍" << false;
-        // clang-format on
-    }
-    void fieldFilters() {
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
+    void buttonHalfScenarios() {
+        QFETCH(QString, grid);
+        QFETCH(QString, steps);
+        QFETCH(QStringList, saved);
         home->writeInProgram("Apple_Scripts/Mail.scpt", "compiled");
         home->writeInProgram("Apple_Scripts/Morning Mail.scpt", "compiled");
-        tools->setAnswer("shortcuts", "Morning Mail\nOther\n");
-        tools->setAnswer("sw_vers", "14.2\n");
-        startWith(2);
-        ZOR::DP[1].s_Alias = "Writing ✍";
-        auto w = open();
-        QVERIFY(!w->tfSC->isHidden());
-        click(*w, 5);
-        auto* edit = w->findChild<QLineEdit*>(field);
-        QTest::keyClicks(edit, typed);
-        leave(edit);
-        QTEST(edit->text(), "kept");
-        QTEST(w->tfTip->text(), "tip");
-        const QString warning = field == "tfPaletteGo" ? "PaletteNum" : field.mid(2);
-        QTEST(!w->findChild<QWidget*>("labZor" + warning + "_NotExist")->isHidden(), "warning");
-        // A tip that the user typed is never replaced.
-        w->tfTip->setText("Mine");
-        edit->setText(typed);
-        leave(edit);
-        QCOMPARE(w->tfTip->text(), "Mine");
-    }
-
-    // A letter is on one button at most, "k" and "K" being two; only OK stores it.
-    void shortcutLetterMovesBetweenButtons() {
-        startWith(1);
-        for (const BtnRef& b : *ZOR::aBtn)
-            b->Shortcut = kNoShortcut;
-        button(3).Shortcut = "k";
-        button(20).Shortcut = "K";
-        auto w = open();
-        const auto letters = [] { return button(3).Shortcut + button(12).Shortcut + button(20).Shortcut; };
-        click(*w, 12);
-        arrows(w->ccShortcutUpDown->udChangeVal, false, 1, true); // h
-        arrows(w->ccShortcutUpDown->udChangeVal, false, 3);       // k
-        QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(letters(), kNoShortcut + "kK");
-        click(*w, 12); // back to none
-        arrows(w->ccShortcutUpDown->udChangeVal, false);
-        arrows(w->ccShortcutUpDown->udChangeVal, true);
-        QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(letters(), kNoShortcut + kNoShortcut + "K");
-    }
-
-    void cancelAndAnotherCellDropTheScratchCopy() {
-        startWith(1);
-        button(6).Tip = "Six";
-        button(5).AutoMin = 7;
-        auto w = open();
-        const std::vector<Btn> before = buttons();
-        click(*w, 5);
-        QCOMPARE(w->pumAutoMin->currentText(), "Never");
-        QTest::keyClicks(w->tfTip, "Changed");
-        QTest::mouseClick(w->cbKM, Qt::LeftButton);
-        w->cbVisibleBtn->click();
-        arrows(w->ccShortcutUpDown->udChangeVal, false, 2);
-        click(*w, 6);
-        QCOMPARE(w->tfTip->text(), "Six");
-        QCOMPARE(enabled(*w), kChosen);
-        // The arrows go on from where they were.
-        QCOMPARE(w->ccShortcutUpDown->labValue->text() + QString::number(w->ccShortcutUpDown->theValueIndex),
-                 kNoShortcut + "2");
-        QTest::keyClicks(w->tfTip, "!");
-        QTest::mouseClick(w->pbCancel, Qt::LeftButton);
-        QCOMPARE(changedSince(before), QList<int>());
-        QCOMPARE(ZOR::idxCurrentBtn, -1);
-        QCOMPARE(w->accGC[6]->currentLook(), ccGC::Look::Used);
-        QCOMPARE(enabled(*w), kResting);
-
-        // A stored delay that is none of the choices is stored as Never at OK.
-        click(*w, 5);
-        QTest::keyClicks(w->tfTip, "x");
-        QTest::mouseClick(w->pbOK, Qt::LeftButton);
-        QCOMPARE(QString::number(button(5).AutoMin) + button(5).Tip, "0x");
+        tools->setAnswer("shortcuts", "My Shortcut ✓\nMorning Mail\n");
+        startWith(1, grid.section('x', 0, 0).toInt(), grid.section('x', 1).toInt());
+        const QString file = home->programFolder() + "/PreserveState.txt";
+        std::unique_ptr<winConstruct> w;
+        QStringList before;
+        int cell = -1;
+        for (const QString& step : steps.split("; ")) {
+            const QString verb = step.section(' ', 0, 0), rest = step.section(' ', 1);
+            if (verb == "given") { // a value stored before the window opens
+                store(button(rest.section(' ', 0, 0).toInt()), rest.section(' ', 1).section('=', 0, 0),
+                      rest.section('=', 1));
+                continue;
+            }
+            if (!w) { // what the opening tidies outside the grid is resizingTheGrid's business
+                w = open();
+                QVERIFY(ZOR::saveStore());
+                before = storeLines(file);
+            }
+            const std::map<QString, QWidget*> fields{{"tip", w->tfTip}, {"info", w->taInfo}, {"AS", w->tfAS},
+                                                     {"SC", w->tfSC}, {"PS", w->tfPaletteGo}};
+            const std::map<QString, QAbstractButton*> boxes{
+                {"visible", w->cbVisibleBtn}, {"onButton", w->cbVisOnBtn}, {"clipboard", w->cbUseClip},
+                {"KM", w->cbKM}, {"OK", w->pbOK}, {"Cancel", w->pbCancel}};
+            if (verb == "click") {
+                if (rest.toInt() / 10 < ZOR::numRows && rest.toInt() % 10 < ZOR::numColumns) cell = rest.toInt();
+                click(*w, rest.toInt());
+            } else if (verb == "leave") {
+                leave(fields.at(rest));
+            } else if (verb == "clear") {
+                setContent(fields.at(rest), "");
+            } else if (fields.count(verb)) {
+                QTest::keyClicks(fields.at(verb), rest);
+            } else if (boxes.count(verb)) {
+                boxes.at(verb)->click();
+            } else if (verb == "delay") {
+                w->pumAutoMin->setCurrentIndex(rest.toInt());
+            } else if (verb == "letter") {
+                arrows(w->ccShortcutUpDown->udChangeVal, rest.endsWith("up"), 1, rest.startsWith("Shift"));
+            } else if (verb == "reopen") { // Done, and the menu again
+                QTest::mouseClick(w->pbDone, Qt::LeftButton);
+                QCOMPARE(w->result(), int(QDialog::Accepted));
+                w = open();
+            } else {
+                QFAIL(qPrintable("no such step: " + step));
+            }
+        }
+        const QString letter = cell < 52 ? QString(QChar(cell < 26 ? 'a' + cell : 'A' + cell - 26)) : kNoShortcut;
+        const QStringList fresh = {"ID=" + StringUtils::twoDigits(cell), "heading=Keyboard Maestro",
+                                   "letter=" + letter + " #a9a9a9", "visible=on", "onButton=off", "KM=off",
+                                   "clipboard=off", "tip=", "info=", "AS=", "SC=", "PS=", "delay=Never",
+                                   "grid=" + grid, "warnings=", "arrows=␀ 0", "selected=" + StringUtils::twoDigits(cell),
+                                   "enabled=KM AS SC PS tip letters Cancel Done",
+                                   "beeps=0"};
+        QFETCH(QStringList, shown);
+        QCOMPARE(buttonHalf(*w) << "beeps=" + QString::number(dialogs->beeps()), with(fresh, shown));
+        QStringList kept = changes(before, storeLines(file));
+        kept.sort(), saved.sort();
+        QCOMPARE(kept, saved);
     }
 
     // The palette-wide buttons; letters of buttons 3, 4, 10, 23, 51 and 52 after Assign All.
@@ -360,11 +384,11 @@ private slots:
             QCOMPARE(QStringList({b.Tip, b.Info, b.ASfile, b.SCname, b.PaletteGo, b.Shortcut,
                                   b.Vis ? "Vis" : "", b.ShortcutShow ? "ShortcutShow" : ""}),
                      QStringList({"", "", "", "Day", "02", "Q", "Vis", "ShortcutShow"}));
-        QCOMPARE(dialogs->texts(Dialogs::Kind::MesDlg),
+        QCOMPARE(dialogs->questions(),
                  QStringList({"The following button has a picture assigned to it but is currently set as "
-                              "invisible: 40",
+                              "invisible: 40 → OK",
                               "The following buttons have pictures assigned to them but are currently set as "
-                              "invisible: 12, 40"}));
+                              "invisible: 12, 40 → OK"}));
         QCOMPARE(dialogs->requests.last().detail, "This is legal but make sure this is your intent.");
         arrows(w->ccRowUpDown->udChangeVal, true); // and it follows when the close box ends the design
         w->close();
@@ -451,48 +475,24 @@ private slots:
                  kept);
     }
 
-    // A value is shown as it is stored, and kept so unless its field is changed: entered and
-    // left, then the button or the palette confirmed, it stands even where typing could not make it.
-    void storedValuesStay_data() {
+    // A title or particulars stored as typing could not make them stay, entered, left and Done.
+    void storedPaletteTextsStay_data() {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("a Shortcut with blanks") << "tfSC"
-                                                << "My Shortcut ✓";
-        QTest::newRow("a script with a blank and a hyphen") << "tfAS"
-                                                            << "My Script-2";
-        QTest::newRow("a palette of one digit") << "tfPaletteGo"
-                                                << "7";
-        QTest::newRow("a tip with blanks at its ends") << "tfTip"
-                                                       << " Hi ";
-        QTest::newRow("an info past its cut") << "taInfo" << QString(2100, 'i');
-        QTest::newRow("a title with a colon") << "tfWinTitle"
-                                              << "Work: Home";
-        QTest::newRow("particulars past the field's limit") << "taParticulars"
-                                                            << " " + QString(3200, 'p');
+        QTest::newRow("a title with a colon") << "tfWinTitle" << "Work: Home";
+        QTest::newRow("particulars past the field's limit") << "taParticulars" << " " + QString(3200, 'p');
     }
-    void storedValuesStay() {
+    void storedPaletteTextsStay() {
         QFETCH(QString, field);
         QFETCH(QString, stored);
-        tools->setAnswer("shortcuts", "My Shortcut ✓\n");
         startWith(1);
-        Btn& b = button(5);
-        const std::map<QString, QString*> values{{"tfSC", &b.SCname},
-                                                 {"tfAS", &b.ASfile},
-                                                 {"tfPaletteGo", &b.PaletteGo},
-                                                 {"tfTip", &b.Tip},
-                                                 {"taInfo", &b.Info},
-                                                 {"tfWinTitle", &ZOR::paleWinTitle},
-                                                 {"taParticulars", &ZOR::paleParticulars}};
-        QString& value = *values.at(field);
+        QString& value = field == "tfWinTitle" ? ZOR::paleWinTitle : ZOR::paleParticulars;
         value = stored;
         auto w = open();
-        if (inButtonHalf(field)) click(*w, 5);
         auto* edit = w->findChild<QWidget*>(field);
         QCOMPARE(content(edit).first, stored);
-        QVERIFY(w->labZorSC_NotExist->isHidden());
         leave(edit);
-        if (inButtonHalf(field)) w->cbVisibleBtn->click();
-        QTest::mouseClick(inButtonHalf(field) ? w->pbOK : w->pbDone, Qt::LeftButton);
+        QTest::mouseClick(w->pbDone, Qt::LeftButton);
         QCOMPARE(value, stored);
     }
 

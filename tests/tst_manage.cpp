@@ -56,6 +56,7 @@ private slots:
             item->trigger();
         QCOMPARE(dialogs->titles(),
                  QStringList({"Switch Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
+        QCOMPARE(dialogs->defaults, QStringList({"", "OK", "Accept Change", "Cancel"})); // what Return presses
     }
 
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
@@ -93,25 +94,48 @@ private slots:
         QTEST(dialogs->texts(), "messages");
     }
 
-    void rowsChooseAndOKSwitches() {
-        startWith(4);
-        ZOR::DP[1].s_Alias = kNoShortcut;
-        ZOR::DP[2].s_WinTitle = "Writing";
+    // Presses on the list and OK, checked against all the window shows: both columns of the list
+    // (its first and last rows, and how many), the labels, OK, and the palette active afterwards.
+    // Every palette is named by its number ("Pal 02"), P01 is free and P02 is titled "Writing".
+    void switchScenarios_data() {
+        QTest::addColumn<int>("palettes");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QStringList>("shown");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<int>("active");
+        const QString again = "This is the already chosen palette.";
+        // clang-format off
+        QTest::newRow("nothing pressed") << 4 << "" << QStringList{"rows=3: P00:0|Pal 00 .. P03:3|Pal 03", "choice=||", "OK=off", "open=yes"} << QStringList() << 0;
+        QTest::newRow("another palette") << 4 << "press 1" << QStringList{"rows=3: P00:0|Pal 00 .. P03:3|Pal 03", "choice=P02|Pal 02|Writing", "OK=on", "open=yes"} << QStringList() << 0;
+        QTest::newRow("another, then the active one") << 4 << "press 1; press 0" << QStringList{"rows=3: P00:0|Pal 00 .. P03:3|Pal 03", "choice=P00|Pal 00|ZOR Palette", "OK=off", "open=yes"} << QStringList{again} << 0;
+        QTest::newRow("the last row, OK") << 4 << "press 2; OK" << QStringList{"rows=3: P00:0|Pal 00 .. P03:3|Pal 03", "choice=P03|Pal 03|ZOR P03", "OK=on", "open=no"} << QStringList() << 3;
+        QTest::newRow("100 palettes: the 100th, OK") << 100 << "press 98; OK" << QStringList{"rows=99: P00:0|Pal 00 .. P99:99|Pal 99", "choice=P99|Pal 99|ZOR P99", "OK=on", "open=no"} << QStringList() << 99;
+        QTest::newRow("one palette in use") << 1 << "press 0" << QStringList{"rows=1: P00:0|Pal 00 .. P00:0|Pal 00", "choice=P00|Pal 00|ZOR Palette", "OK=off", "open=yes"} << QStringList{again} << 0;
+        // clang-format on
+    }
+    void switchScenarios() {
+        QFETCH(int, palettes);
+        QFETCH(QString, steps);
+        QFETCH(QStringList, shown);
+        startWith(palettes);
+        for (size_t k = 0; k < ZOR::DP.size(); ++k)
+            ZOR::DP[k].s_Alias = QString::asprintf("Pal %02d", int(k));
+        if (palettes > 1) ZOR::DP[1].s_Alias = kNoShortcut, ZOR::DP[2].s_WinTitle = "Writing";
+        ZOR::paleAlias = ZOR::DP[0].s_Alias;
         winSwitchPalette w;
         w.show();
-        QCOMPARE(QStringList({w.labCurrentAlias->text(), w.windowTitle()}) + rows(w.lbPalette), QStringList({"Original", "Switch Palette", "P00:0", "P02:2", "P03:3"}));
-        QVERIFY(!w.pbOK->isEnabled());
-        pressRow(w.lbPalette, 1);
-        QCOMPARE(QStringList({w.labChoiceName->text(), w.labChoiceAlias->text(), w.labChoiceTitle->text()}),
-                 QStringList({"P02", ZOR::DP[2].s_Alias, "Writing"}));
-        QVERIFY(w.pbOK->isEnabled());
-        pressRow(w.lbPalette, 0);
-        QVERIFY(!w.pbOK->isEnabled());
-        QCOMPARE(dialogs->texts(), QStringList{"This is the already chosen palette."});
-        pressRow(w.lbPalette, 2);
-        QTest::mouseClick(w.pbOK, Qt::LeftButton);
-        QCOMPARE(ZOR::idxCP, 3);
-        QVERIFY(!w.isVisible());
+        for (const QString& step : steps.split("; ", Qt::SkipEmptyParts))
+            step == "OK" ? QTest::mouseClick(w.pbOK, Qt::LeftButton) : pressRow(w.lbPalette, step.mid(6).toInt());
+        const QStringList all = rows(w.lbPalette, {0, 1});
+        QStringList seen{"current=" + w.labCurrentAlias->text(), "title=" + w.windowTitle(),
+                         "rows=" + QString::number(all.size()) + ": " + all.first() + " .. " + all.last(),
+                         "choice=" + w.labChoiceName->text() + '|' + w.labChoiceAlias->text() + '|' +
+                             w.labChoiceTitle->text(),
+                         QString("OK=") + (w.pbOK->isEnabled() ? "on" : "off"),
+                         QString("open=") + (w.isVisible() ? "yes" : "no"), "typed=" + w.labType->text()};
+        QCOMPARE(seen, QStringList({"current=Pal 00", "title=Switch Palette"}) + shown + QStringList{"typed="});
+        QTEST(dialogs->texts(), "messages");
+        QTEST(int(ZOR::idxCP), "active");
     }
 
     // A new palette takes the alias, or the active palette P00 is renamed; other palettes hold `inUse`.
@@ -126,6 +150,7 @@ private slots:
         QTest::newRow("nothing but removed") << false << "(..)" << QStringList() << "[A-Z]{2}";
         QTest::newRow("case is no difference") << false << "WORK" << QStringList{"work"} << "WORK01";
         QTest::newRow("third try") << false << "Work" << QStringList{"work", "WORK01"} << "Work0102";
+        QTest::newRow("new keeps a long alias whole") << false << QString(60, 'L') + "\U0001F600" << QStringList() << QString(60, 'L') + "\U0001F600";
         QTest::newRow("new keeps & and *") << false << "Work&Play*" << QStringList() << "Work&Play\\*";
         QTest::newRow("rename drops & and *") << true << "Work&Play*" << QStringList() << "WorkPlay";
         QTest::newRow("rename cuts to 23, then makes unique")
@@ -308,6 +333,17 @@ private slots:
         QVERIFY(ZOR::aBtn == ZOR::DP[0].a_Btn);
         QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
                  QStringList({"ZOR Palette", "Original", "P00"}));
+
+        // Then a new palette: it takes the freed P03 afresh, with none of the old pictures.
+        const QStringList fresh = storeLines(home->programFolder() + "/PreserveState.txt").filter(QRegularExpression("^P03 \\d\\d "));
+        winNewPalette made;
+        made.tfAlias->setText("Again");
+        QTest::mouseClick(made.pbOK, Qt::LeftButton);
+        QCOMPARE(QStringList({ZOR::paleName, main.windowTitle(), main.labTip->text()}), QStringList({"P03", "ZOR P03", "Again"}));
+        QVERIFY(!QDir(pictures("P03")).exists());
+        const QStringList saved = storeLines(home->programFolder() + "/PreserveState.txt"); // at once
+        QCOMPARE(saved.filter(QRegularExpression("^P03 \\d\\d ")), fresh);
+        QVERIFY(saved.contains("P03 paleAlias=Again"));
     }
 
     void deleteRefusesCancelsAndTidies_data() {
@@ -339,6 +375,7 @@ private slots:
         dialogs->clear();
         QCOMPARE(pressDelete(), answer);
         QTEST(dialogs->texts(), "messages");
+        QCOMPARE(dialogs->questions(), active ? QStringList{winDeletePalette::kConfirm + " → Cancel"} : QStringList());
         QCOMPARE(ZOR::idxCP, answer ? 0 : active);
         QCOMPARE(ZOR::DP[size_t(active)].s_Alias, answer ? kNoShortcut : alias);
         QCOMPARE(QDir(pictures(name)).exists(), folder != "none" && !answer);

@@ -73,6 +73,31 @@ inline QByteArray readAll(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// A saved store as lines: "LastPaletteIndex=0" of the head, "P00 numRows=3" of a palette,
+// "P00 05 Tip=Hi" of a button. Whole, so that a change nobody asked for shows.
+inline QStringList storeLines(const QString& path) {
+    const QJsonArray all = QJsonDocument::fromJson(readAll(path)).array();
+    QStringList out;
+    for (qsizetype e = 0; e < all.size(); ++e) {
+        const qsizetype p = (e - 1) / 101, i = (e - 1) % 101;
+        const QString where = e == 0 ? QString() : QString::asprintf("P%02d ", int(p)) +
+                                                        (i == 100 ? QString() : QString::asprintf("%02d ", int(i)));
+        const QJsonObject o = all[e].toObject();
+        for (auto it = o.begin(); it != o.end(); ++it)
+            out << where + it.key() + '=' + it.value().toVariant().toString();
+    }
+    return out;
+}
+
+// The lines of `now` that `before` has not: what the user keeps of a sequence.
+inline QStringList changes(const QStringList& before, const QStringList& now) {
+    const QSet<QString> old(before.begin(), before.end());
+    QStringList out;
+    for (const QString& line : now)
+        if (!old.contains(line)) out << line;
+    return out;
+}
+
 // The names in a folder, hidden ones too, in order.
 inline QStringList namesIn(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
@@ -107,6 +132,7 @@ inline QStringList lostSince(const HomeFiles& before, const QString& root) {
 
 // A click on the middle of a list's row.
 inline void pressRow(QTreeWidget* list, int row) {
+    list->scrollToItem(list->topLevelItem(row)); // the 100th of a long list too
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(row)).center());
 }
 

@@ -1,6 +1,7 @@
 #include "common/ScriptedDialogs.h"
 
 #include <QDialog>
+#include <QPushButton>
 
 ScriptedDialogs::ScriptedDialogs() { Dialogs::installScript(this); }
 ScriptedDialogs::~ScriptedDialogs() { Dialogs::installScript(nullptr); }
@@ -9,6 +10,11 @@ Dialogs::Answer ScriptedDialogs::answer(const Dialogs::Request& request) {
     Dialogs::Request kept = request;
     kept.dialog = nullptr; // the window does not outlive the call
     requests.append(kept);
+    QStringList pressedByReturn;
+    if (request.dialog)
+        for (const QPushButton* b : request.dialog->findChildren<QPushButton*>())
+            if (b->isDefault()) pressedByReturn << b->text();
+    defaults.append(pressedByReturn.join('+'));
     using K = Dialogs::Kind;
     const bool question = request.kind == K::OKCancel || request.kind == K::MesDlg || request.kind == K::OpenFile;
     if (request.dialog && onWindow) onWindow(*request.dialog);
@@ -40,3 +46,11 @@ QStringList ScriptedDialogs::titles() const {
 }
 
 int ScriptedDialogs::beeps() const { return int(texts(Dialogs::Kind::Beep).size()); }
+
+QStringList ScriptedDialogs::questions() const {
+    QStringList out;
+    for (qsizetype i = 0; i < requests.size(); ++i)
+        if (requests[i].kind == Dialogs::Kind::OKCancel || requests[i].kind == Dialogs::Kind::MesDlg)
+            out << requests[i].text + " → " + defaults[i];
+    return out;
+}

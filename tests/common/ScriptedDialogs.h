@@ -21,12 +21,14 @@ public:
     QStringList texts() const;           // every text shown, in order
     QStringList titles() const;          // every title, in order
     QStringList texts(Dialogs::Kind kind) const;
+    QStringList questions() const; // each OK/Cancel and message dialog: "text → what Return presses"
     int beeps() const;
-    void clear() { requests.clear(); }
+    void clear() { requests.clear(), defaults.clear(); }
 
     // Sees each built window once recorded; a window the menus open then answers with its result.
     std::function<void(QDialog&)> onWindow;
     QList<Dialogs::Request> requests;
+    QStringList defaults; // beside each request: the caption that Return presses, empty if none
 
 private:
     QList<Dialogs::Answer> answers;
