@@ -34,6 +34,9 @@ namespace {
 const QString kWindow = QStringLiteral("winButtonPics");
 const QString kReviewPicture = QStringLiteral("Review Picture");
 const QString kMakeCopy = QStringLiteral("Make a 64 x 64 copy");
+const QString kNameEnding =
+    QStringLiteral("A button's picture must have a name that ends in .png, .jpeg or .jpg and holds no other dot, "
+                   "such as 05 Mail.png. Rename the file in the Finder and choose it again.");
 
 Guard::Where pressed(const char* control) {
     return Guard::Where::controlEvent(kWindow, QString::fromLatin1(control), QStringLiteral("Pressed"));
@@ -340,6 +343,11 @@ void winButtonPics::pbSelectPicToAdd_Pressed() {
                                            id + ". The file you chose stays as it is.",
                                        kMakeCopy, true, {}) == 1;
             bad = !asSquareCopy;
+        }
+        // Kept under its own name, it would break the folder's rules and be taken out at once.
+        if (!bad && !asSquareCopy && !IsNameOfButtonOK(name)) {
+            Dialogs::message(kNameEnding);
+            bad = true;
         }
         pbCancelAdd->setEnabled(true);
         pbAdd->setEnabled(!bad);
