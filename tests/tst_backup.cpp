@@ -73,6 +73,7 @@ private slots:
         const QString stamp = bad + "It should start with a valid date stamp in the form YYMMDD_HHSS";
         for (const char* wrong : {"230431_2314", "230931_2314", "231131_2314", "230230_2314", "231301_0000", "230100_0000", "230508_2400"})
             QTest::newRow(wrong) << QString(wrong) + "PreserveStateBU.txt" << "" << QStringList() << stamp;
+        QTest::newRow("34 characters, .txt twice") << "230508_2314PreserveStateBU.txt.txt" << "" << QStringList() << bad + "It should have a name like 230508_2314PreserveStateBU.txt";
         QTest::newRow(".text") << "230508_2314PreserveStateB.text" << "" << QStringList() << bad + "It should have the extension .txt";
         QTest::newRow("PreserveStateBK") << "230508_2314PreserveStateBK.txt" << "" << QStringList() << bad + "It should have the basic name PreserveStateBU";
         QTest::newRow("cancelled") << "" << "" << QStringList() << "";

@@ -204,6 +204,7 @@ private slots:
         QTest::newRow("a tip typed first is never replaced") << "10x10" << "click 5; tip Mine; AS mail; leave AS" << QStringList{"heading=AppleScript", "AS=Mail", "tip=Mine", "enabled=AS tip letters OK Cancel"} << QStringList();
         QTest::newRow("a tip typed past 42 keeps 42") << "10x10" << "click 5; tip " + QString(45, 'x') + back << QStringList{"tip=" + QString(42, 'x')} << QStringList{"P00 05 Tip=" + QString(42, 'x')};
         QTest::newRow("stored tip and info past their limits stay whole") << "10x10" << "given 5 Tip=" + tip80 + "; given 5 Info=" + info + "; click 5; leave tip; leave info; visible" + back << QStringList{"tip=" + tip80, "info=" + info, "visible=off"} << QStringList{"P00 05 Vis=false"};
+        QTest::newRow("stored tip past its limit: a key typed at its end is refused, the tip stays whole") << "10x10" << "given 5 Tip=" + tip80 + "; click 5; tip y" + back << QStringList{"tip=" + tip80} << QStringList();
         QTest::newRow("a stored tip with blanks at its ends stays") << "10x10" << "given 5 Tip= Hi ; click 5; leave tip; visible" + back << QStringList{"tip= Hi ", "visible=off"} << QStringList{"P00 05 Vis=false"};
         QTest::newRow("a stored Shortcut with blanks stays") << "10x10" << "given 5 SCname=My Shortcut ✓; click 5; leave SC; visible" + back << QStringList{"heading=Shortcut", "SC=My Shortcut ✓", "visible=off", "enabled=SC tip letters Cancel Done"} << QStringList{"P00 05 Vis=false"};
         QTest::newRow("a stored script with a blank and a hyphen stays") << "10x10" << "given 5 ASfile=My Script-2; click 5; leave AS; visible" + back << QStringList{"heading=AppleScript", "AS=My Script-2", "visible=off", "warnings=AS", "enabled=AS tip letters Cancel Done"} << QStringList{"P00 05 Vis=false"};
@@ -360,7 +361,11 @@ private slots:
         const std::vector<Btn> before = buttons();
         arrows(w->ccRowUpDown->udChangeVal, false, 3, true);
         arrows(w->ccColUpDown->udChangeVal, false, 4);
-        QCOMPARE(w->accGC[46]->currentLook(), ccGC::Look::Outside);
+        QCOMPARE(ZOR::numRows * 10 + ZOR::numColumns, 46);
+        QString looks; // the grid as drawn, a line a row: used or outside
+        for (int i = 0; i < 100; ++i)
+            looks += QString(w->accGC[i]->currentLook() == ccGC::Look::Outside ? "-" : "#") + (i % 10 == 9 ? "\n" : "");
+        QCOMPARE(looks, QString("######----\n").repeated(4) + QString("----------\n").repeated(6));
         click(*w, 40); // the first row and the first column outside the grid
         click(*w, 6);
         QCOMPARE(dialogs->beeps(), 2);
