@@ -675,6 +675,7 @@ private slots:
         QTest::newRow("used, no action shows KM") << 0 << C(0xFFFFFF) << C(0x7F7F7F) << C(0xCFCFCF) << false;
         QTest::newRow("used, hidden button") << 1 << C(0xCDFFF2) << C(0x7F7F7F) << C(0xFF0000) << true;
         QTest::newRow("used, shortcut") << 2 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x008080) << true;
+        QTest::newRow("used, no letter: the wide mark drawn whole") << 3 << C(0xFFFFFF) << C(0x7F7F7F) << C(0xCFCFCF) << false;
         QTest::newRow("used, palette switch") << 10 << C(0xFFFFFF) << C(0x7F7F7F) << C(0x8000FF) << true;
         QTest::newRow("outside the used columns") << 4 << C(0xFFFFFF) << C(0xCFCFCF) << C(0xE6E6E6) << false;
         QTest::newRow("selected, also when hidden") << 11 << C(0x6666FF) << C(0xCCCCCC) << C() << false;
@@ -686,7 +687,7 @@ private slots:
         const auto& b = *ZOR::aBtn;
         b[1]->Vis = false, b[1]->ASfile = "Mail", b[1]->SCname = "Ignored", b[1]->Tip = "t";
         b[2]->SCname = "Open", b[2]->Info = "i", b[4]->KM_Active = true, b[11]->Vis = false;
-        b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i";
+        b[10]->PaletteGo = "03", b[10]->Tip = "t", b[10]->Info = "i", b[3]->Shortcut = kNoShortcut;
         ZOR::idxCurrentBtn = 11;
         ccGC cell;
         cell.butID = StringUtils::twoDigits(index);
@@ -695,6 +696,8 @@ private slots:
         QTEST(shot.pixelColor(27, index == 11 ? 1 : 0), "frame");
         if (kind.isValid()) QVERIFY(hasColour(shot, QRect(4, 3, 22, 15), kind));
         QTEST(hasColour(shot, QRect(3, 38, 50, 14), QColor(0x0000FF)), "tipMark");
+        QFETCH(QColor, fill); // the letter at the top right stays inside the frame
+        for (int y = 6; y < 19; ++y) QCOMPARE(shot.pixelColor(ccGC::kSize - 3, y), fill);
         // A press let go off the cell still counts.
         QSignalSpy clicked(&cell, &ccGC::MouseUp);
         QTest::mousePress(&cell, Qt::LeftButton, {}, QPoint(10, 10));

@@ -371,6 +371,12 @@ private slots:
         QCOMPARE(
             QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
             QStringList({"#feff96", "Original", "P00", ""}));
+        // A switch made by the button under the pointer: the window follows, the pointer stays.
+        w.cnBut_MouseEnter(12);
+        w.follow(PaletteView::Upto::RestingTexts);
+        QCOMPARE(
+            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
+            QStringList({"#feff96", "Original", "P00", ""}));
         QVERIFY(dialogs->texts().isEmpty());
     }
 

@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 const QColor kGhost(0xE6, 0xE6, 0xE6);
 
@@ -27,6 +29,11 @@ QColor kindColour(const QString& mark) {
 }
 
 // The tip mark and where it starts.
+// The letter's place in the top right corner: a wide mark such as ␀ moves left rather than being cut.
+qreal letterX(const QPainter& g, const QString& letter) {
+    return std::min<qreal>(42, ccGC::kSize - 3 - g.fontMetrics().horizontalAdvance(letter));
+}
+
 std::pair<QString, int> tipMark(const Btn& b) {
     if (!b.Tip.isEmpty() && !b.Info.isEmpty()) return {"tip info", 5};
     if (!b.Tip.isEmpty()) return {"tip", 19};
@@ -103,7 +110,7 @@ void ccGC::cnvGC_Paint(QPainter& g) {
     if (look == Look::Outside) {
         g.setPen(kGhost);
         g.drawText(QPointF(5, 16), "KM");
-        g.drawText(QPointF(42, 16), b.Shortcut);
+        g.drawText(QPointF(letterX(g, b.Shortcut), 16), b.Shortcut);
         g.drawText(QPointF(20, 32), butID);
         g.drawText(QPointF(5, 49), "tip info");
         return;
@@ -112,7 +119,7 @@ void ccGC::cnvGC_Paint(QPainter& g) {
     g.setPen(kindColour(mark));
     g.drawText(QPointF(5, 16), mark);
     g.setPen(b.ShortcutShow ? QColor(0xDC, 0x6E, 0x00) : QColor(0xA9, 0xA9, 0xA9));
-    g.drawText(QPointF(42, 16), b.Shortcut);
+    g.drawText(QPointF(letterX(g, b.Shortcut), 16), b.Shortcut);
     g.setPen(Qt::black);
     g.drawText(QPointF(20, 32), butID);
     const auto [tip, x] = tipMark(b);

@@ -153,7 +153,6 @@ void winMain::Event_Opening() {
             FileTools::CreateFolderInAppSupport(folder);
         RedrawGrid();
         setPaletteTitle(ZOR::paleWinTitle);
-        fillBar(kBarYellow);
         // A rectangle of no size was never saved (first start); screens without a menu bar
         // would otherwise accept it at 0, 0.
         const bool stored = ZOR::initialWinWidth > 0 && ZOR::initialWinHeight > 0;
@@ -283,9 +282,17 @@ void winMain::setPaletteTitle(const QString& title) {
     setWindowTitle(QString(title).replace(QChar(0), kNoShortcut)); // a NUL would end the title: shown as ␀
 }
 
+// The bar at rest, as no button under the pointer colours it: also after a switch made by a
+// button, which leaves the pointer where it was.
 void winMain::setRestingTexts(const QString& alias, const QString& name) {
+    setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
     labTip->setText(restingTip(alias));
+    QPalette black = labSeeNum->palette();
+    black.setColor(QPalette::WindowText, Qt::black);
+    labSeeNum->setPalette(black);
     labSeeNum->setText(name);
+    labSeeSC->setText(QString());
+    fillBar(kBarYellow);
 }
 
 // A switch or a new grid is saved before the window follows it: the size saved is then the one the
@@ -351,16 +358,7 @@ void winMain::cnBut_MouseEnter(int index) {
 }
 
 void winMain::cnBut_MouseExit(int) {
-    Guard::run(canvasEvent("MouseExit"), [&] {
-        setTipFontSize(ZOR::numColumns < 4 ? 10 : 0);
-        labTip->setText(restingTip(ZOR::paleAlias));
-        QPalette black = labSeeNum->palette();
-        black.setColor(QPalette::WindowText, Qt::black);
-        labSeeNum->setPalette(black);
-        labSeeNum->setText(ZOR::paleName);
-        labSeeSC->setText(QString());
-        fillBar(kBarYellow);
-    });
+    Guard::run(canvasEvent("MouseExit"), [&] { setRestingTexts(ZOR::paleAlias, ZOR::paleName); });
 }
 
 QString winMain::LabTipText(int index) {

@@ -10,7 +10,7 @@ public:
     virtual void EraseAllPictures() = 0;
     virtual void RedrawGrid() = 0;
     virtual void setPaletteTitle(const QString& title) = 0;
-    virtual void setRestingTexts(const QString& alias, const QString& name) = 0; // labTip, labSeeNum
+    virtual void setRestingTexts(const QString& alias, const QString& name) = 0; // the bar at rest
     virtual QRect windowRect() const = 0; // left, top, width, height as saved in the data file
 
     // How far the window follows: its pictures and grid only, the title too, or after a change of
