@@ -562,10 +562,14 @@ private slots:
         QString opened;
         dialogs->onWindow = [&](QDialog& window) {
             opened = window.objectName() + ' ' + window.findChild<QLabel*>("labID")->text();
+            ZOR::paleWinTitle = "Designed", ZOR::paletteContentChange = true; // as the palette's half leaves it at Done
         };
         w.buttonMenu->findChild<QAction*>("miEditButton")->trigger();
         QCOMPARE(opened, "winConstruct 23");
         QCOMPARE(ZOR::idxCurrentBtn, 23);
+        // Done is a completed change: on the disk at once, and the window follows it.
+        QVERIFY(storeLines(home->programFolder() + "/PreserveState.txt").contains("P00 paleWinTitle=Designed"));
+        QCOMPARE(w.windowTitle(), "Designed");
     }
 
     // A picture of any size, dropped on a button or chosen from its menu, becomes the button's

@@ -22,6 +22,15 @@ template <class Window> Dialogs::Answer showModal() {
     Window window;
     return Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
 }
+// Grid Construct, built anew at each opening, on `button` when it is one; the palette drawn anew
+// after it. Done or the close box ends the design of the palette's half: a completed change.
+void showGridConstruct(winMain& window, int button) {
+    winConstruct design(&window);
+    if (button >= 0) design.GridClicked(button);
+    Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
+    ZOR::saveStore();
+    window.follow();
+}
 } // namespace
 
 void MenuTable::install(winMain& window) {
@@ -29,12 +38,7 @@ void MenuTable::install(winMain& window) {
     QList<winMain::MenuEntry> table = {
         {bar.FileQuit, [&window] { window.close(); }}, // the closing step saves
         {bar.miSwitchPalette, [] { showModal<winSwitchPalette>(); }},
-        {bar.miConstruct,
-         [&window] {
-             winConstruct design(&window); // built anew at each opening
-             Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
-             ZOR::saveStore(); // Done or the close box ends the design of the palette's half
-         }},
+        {bar.miConstruct, [&window] { showGridConstruct(window, -1); }},
         {bar.miButPic, [] { showButtonPictures(); }},
         {bar.miManageAS, [] { showManageAS(); }},
         {bar.miMakeMacros, [] { showMakeMacros(); }},
@@ -58,11 +62,6 @@ void MenuTable::install(winMain& window) {
     for (qint64 k = 0; k < qint64(bar.miPalette.size()); ++k) // P00 to P09, Cmd+0 to Cmd+9
         table.append({bar.miPalette[size_t(k)], [k] { ZOR::ChangeToPalette(k); }});
     window.AddMenuHandlers(table);
-    // A button's own menu: Grid Construct opened on that button, and the palette drawn anew after it.
-    window.editButton = [&window](int button) {
-        winConstruct design(&window);
-        design.GridClicked(button);
-        Dialogs::exec(design, {Dialogs::Kind::Window, design.windowTitle(), {}, {}, nullptr});
-        window.follow();
-    };
+    // A button's own menu: Grid Construct opened on that button.
+    window.editButton = [&window](int button) { showGridConstruct(window, button); };
 }
