@@ -22,6 +22,7 @@ template <class Window> Dialogs::Answer showModal() {
     Window window;
     return Dialogs::exec(window, {Dialogs::Kind::Window, window.windowTitle(), {}, {}, nullptr});
 }
+
 // Grid Construct, built anew at each opening, on `button` when it is one; the palette drawn anew
 // after it. Done or the close box ends the design of the palette's half: a completed change.
 void showGridConstruct(winMain& window, int button) {
