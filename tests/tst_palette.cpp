@@ -367,16 +367,16 @@ private slots:
         w.cnBut_MouseEnter(60);
         QCOMPARE(barColour(w).name() + w.labSeeSC->text(), colour.name() + kNoShortcut);
 
+        const auto bar = [&w] {
+            return QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()});
+        };
+        const QStringList resting{"#feff96", "Original", "P00", ""};
         w.cnBut_MouseExit(60);
-        QCOMPARE(
-            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-            QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(bar(), resting);
         // A switch made by the button under the pointer: the window follows, the pointer stays.
         w.cnBut_MouseEnter(12);
         w.follow(PaletteView::Upto::RestingTexts);
-        QCOMPARE(
-            QStringList({barColour(w).name(), w.labTip->text(), w.labSeeNum->text(), w.labSeeSC->text()}),
-            QStringList({"#feff96", "Original", "P00", ""}));
+        QCOMPARE(bar(), resting);
         QVERIFY(dialogs->texts().isEmpty());
     }
 
