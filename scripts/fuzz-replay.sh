@@ -8,7 +8,7 @@ step "building the fuzzing harnesses" "the fuzz preset needs clang and libFuzzer
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz >/dev/null
 step "replaying the fuzzing corpus" "the input and the sanitizer's report are above: run the harness on that file alone"
-for pair in fuzz_json_parse:json fuzz_help_table:help fuzz_store_load:store; do
+for pair in fuzz_json_parse:json fuzz_help_table:help fuzz_store_load:store fuzz_png_decode:png; do
   harness=${pair%%:*} corpus=tests/fuzz/corpus/${pair##*:}
   # Without -runs and with files named, libFuzzer runs each file once and stops at the first fault.
   inputs=("$corpus"/*)

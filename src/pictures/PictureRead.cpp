@@ -1,4 +1,5 @@
 #include "pictures/PictureRead.h"
+#include "pictures/PngDecode.h"
 
 #include <QImageReader>
 #include <QPainter>
@@ -114,10 +115,26 @@ QImage PictureRead::centredOnSquare(const QImage& fitted, int side) {
     return square;
 }
 
+namespace {
+// A PNG that fits as it stands, decoded without libpng when it is of the common kind; null for
+// any other, the file then read again from its start.
+QImage quickPng(QFile& file) {
+    constexpr qint64 kLargest = 1 << 20; // more than a picture of 69 x 69 and its notes need
+    if (!PngDecode::available() || file.size() > kLargest || !PictureRead::fitsAsItStands(PngDecode::sizeOf(file.peek(24))))
+        return {};
+    QImage image = PngDecode::common(file.readAll());
+    if (image.isNull()) file.seek(0);
+    return image;
+}
+} // namespace
+
 QImage PictureRead::forButton(const QString& path, int side, QString* why, const std::atomic<bool>* stop) {
     StoppableFile file(stop);
     if (!openRegular(path, file, why)) return {};
-    QImageReader reader(&file, kindOf(file));
+    const QByteArray kind = kindOf(file);
+    if (kind == "png")
+        if (QImage image = quickPng(file); !image.isNull()) return paintable(std::move(image));
+    QImageReader reader(&file, kind);
     const QSize size = reader.size();
     if (fitsAsItStands(size)) {
         QImage image = reader.read();
