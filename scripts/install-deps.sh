@@ -10,14 +10,14 @@ if [ "$(uname)" = Darwin ]; then
   xcode-select -p >/dev/null 2>&1 || {
     echo "install-deps.sh: the Xcode command-line tools are needed first: xcode-select --install" >&2; exit 1; }
   step "installing Homebrew formulas" "run 'brew doctor', mend what it tells, and try again"
-  for formula in cmake ninja qt nlohmann-json; do
+  for formula in cmake ninja qt nlohmann-json libdeflate; do
     brew list --formula "$formula" >/dev/null 2>&1 || brew install "$formula"
   done
   exit 0
 fi
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
-  echo "install-deps.sh: this Linux has no apt-get; install by hand: CMake, Ninja, a C++20 compiler, Qt 6 (>= 6.4) base development files, nlohmann-json, Xvfb, xdotool, ImageMagick, ShellCheck" >&2
+  echo "install-deps.sh: this Linux has no apt-get; install by hand: CMake, Ninja, a C++20 compiler, Qt 6 (>= 6.4) base development files, nlohmann-json, libdeflate, Xvfb, xdotool, ImageMagick, ShellCheck" >&2
   exit 1
 fi
 
@@ -33,7 +33,7 @@ clang_major() {
 step "finding the version of clang" "install the package clang by hand, then try again"
 major=$(clang_major || true)
 
-packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3
+packages=(cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev libdeflate-dev python3
           xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core shellcheck
           clang libc++-dev libc++abi-dev "libclang-rt-${major:-14}-dev")
 missing=()

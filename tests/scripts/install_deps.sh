@@ -31,7 +31,7 @@ said() { grep -qF -- "$1" "$WORK/err" || fail "expected '$1' among: $(cat "$WORK
 asked() { grep -qxF -- "$1" "$WORK/log" || fail "expected the call '$1' among: $(cat "$WORK/log")"; }
 one_line() { [ "$(wc -l <"$WORK/err")" = 1 ] || fail "expected one line, got: $(cat "$WORK/err")"; }
 
-LIST="cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev python3 xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core shellcheck clang libc++-dev libc++abi-dev"
+LIST="cmake ninja-build g++ qt6-base-dev nlohmann-json3-dev libdeflate-dev python3 xvfb xauth xdotool libxcb1-dev x11-utils imagemagick fonts-dejavu-core shellcheck clang libc++-dev libc++abi-dev"
 NOTHING='exit 1' ROOT_ID='echo 0' CLANG_DEPENDS='printf "clang\n  Depends: clang-14\n"'
 
 # A fresh Debian root: no clang++, nothing installed; clang's version comes from its package.
