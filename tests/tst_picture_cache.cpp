@@ -5,6 +5,7 @@
 #include "pictures/PictureCache.h"
 #include "pictures/PictureDiskCache.h"
 #include "pictures/PictureImport.h"
+#include "pictures/PictureRead.h"
 #include "tst_windows.h"
 #include "util/StringUtils.h"
 
@@ -341,6 +342,49 @@ private slots:
                 if (qAlpha(image.pixel(x, y)) == 255) opaque |= QRect(x, y, 1, 1);
         QCOMPARE(opaque.size(), drawn);
         QCOMPARE(opaque.center(), QRect(0, 0, 64, 64).center());
+    }
+
+    // The common PNG (8 bits, RGB or RGBA) is decoded by the program itself, any other kind by
+    // Qt's reader: each shows as Qt's reader reads it, and a spoiled one not at all.
+    void everyKindOfPngShowsAsQtReadsIt() {
+        QImage rgba(64, 64, QImage::Format_ARGB32);
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x) // enough texture for every kind of row filter
+                rgba.setPixel(x, y, qRgba(x * 4 ^ y, 255 - y * 4, (x * x * 7 + y * 13) & 255, x > 50 ? 0 : 255 - y));
+        const QList<std::pair<QString, QImage>> kinds = {
+            {"RGBA", rgba},
+            {"RGB", rgba.convertToFormat(QImage::Format_RGB32)},
+            {"palette", rgba.convertToFormat(QImage::Format_Indexed8)},
+            {"grey", rgba.convertToFormat(QImage::Format_Grayscale8)},
+            {"16 bits", rgba.convertToFormat(QImage::Format_RGBA64)},
+            {"60 x 51", rgba.copy(0, 0, 60, 51)},
+        };
+        QStringList paths;
+        for (const auto& [kind, image] : kinds) {
+            paths << home->home() + '/' + kind + ".png";
+            QVERIFY(image.save(paths.last()));
+        }
+        // Made by hand, a row of each filter in turn, with ties and odd sums for the filters' rules.
+        const QString made = ZOR_TESTS_DIR "/fuzz/corpus/png/";
+        paths << made + "every_filter_rgba_64x64.png" << made + "every_filter_rgb_60x51.png";
+        for (const QString& path : paths) {
+            QString why;
+            const QImage shown = PictureRead::forButton(path, 64, &why);
+            const QImage read(path);
+            QVERIFY2(!shown.isNull(), qPrintable(path + ": " + why));
+            QCOMPARE(shown, read.convertToFormat(read.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                                        : QImage::Format_RGB32));
+        }
+        const QByteArray png = readAll(home->home() + "/RGBA.png");
+        const qsizetype data = png.indexOf("IDAT"), length = qFromBigEndian<quint32>(png.constData() + data - 4);
+        for (const qsizetype spoilt : {data + 10, data + 4 + length}) { // a byte of the data, of its checksum
+            QByteArray spoiled = png;
+            spoiled[spoilt] = char(spoiled[spoilt] ^ 0x55);
+            writeFile(home->home() + "/spoiled.png", spoiled);
+            QString why;
+            QVERIFY(PictureRead::forButton(home->home() + "/spoiled.png", 64, &why).isNull());
+            QCOMPARE(why, "it is damaged, or it is no picture");
+        }
     }
 };
 
