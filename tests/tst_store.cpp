@@ -34,28 +34,24 @@ QString standing(const QString& path) {
 // A disk of 256 KB (a tmpfs) on a folder for the life of the object, where the system lets the
 // test mount one.
 class SmallDisk {
+    const QString at;
+    const bool ok;
+
 public:
-    explicit SmallDisk(QString folder) : at(std::move(folder)) {
-        QDir().mkpath(at);
-        ok = QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0;
-    }
+    explicit SmallDisk(QString folder)
+        : at((QDir().mkpath(folder), folder)),
+          ok(QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0) {}
     ~SmallDisk() {
         if (ok) QProcess::execute("umount", {"-l", at});
     }
     SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
     bool mounted() const { return ok; }
     void fill() const {
         QFile filler(at + "/filler");
         const QByteArray block(4096, 'f');
-        if (filler.open(QIODevice::WriteOnly))
-            while (filler.write(block) == block.size() && filler.flush()) {
-            }
+        while (filler.isOpen() || filler.open(QIODevice::WriteOnly))
+            if (filler.write(block) != block.size() || !filler.flush()) return;
     }
-
-private:
-    QString at;
-    bool ok = false;
 };
 
 // An older file of two palettes: the buttons lack `absent` keys, the palettes maybe paleParticulars.
@@ -217,16 +213,12 @@ private slots:
     void dataFileThatCannotBeReadIsKept_data() {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("why"); // %1: home
-        QTest::newRow("a folder") << "folder"
-                                  << "it is a folder, not a file";
-        QTest::newRow("a FIFO") << "fifo"
-                                << "it is a FIFO (a named pipe), not a file";
-        QTest::newRow("a link to a FIFO") << "link to fifo"
-                                          << "it is a FIFO (a named pipe), not a file";
-        QTest::newRow("a link to nothing") << "link to nothing"
-                                           << "it is a link to %1/unmounted/store.txt, which is not there";
-        QTest::newRow("a link to itself") << "loop"
-                                          << "it is a link that leads round in a circle";
+        const QString fifo = "it is a FIFO (a named pipe), not a file";
+        QTest::newRow("a folder") << "folder" << "it is a folder, not a file";
+        QTest::newRow("a FIFO") << "fifo" << fifo;
+        QTest::newRow("a link to a FIFO") << "link to fifo" << fifo;
+        QTest::newRow("a link to nothing") << "link to nothing" << "it is a link to %1/unmounted/store.txt, which is not there";
+        QTest::newRow("a link to itself") << "loop" << "it is a link that leads round in a circle";
     }
     void dataFileThatCannotBeReadIsKept() {
         QFETCH(QString, kind);
@@ -247,11 +239,10 @@ private slots:
             program->quit();
         }
         const QStringList shown = told();
-        QCOMPARE(shown.size(), 2);
-        QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
-        QVERIFY2(shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.'),
-                 qPrintable(shown[0]));
-        QVERIFY2(shown[1].contains("could not read its data file"), qPrintable(shown[1]));
+        QVERIFY2(shown.size() == 2 && shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk") &&
+                     shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.') &&
+                     shown[1].contains("could not read its data file"),
+                 qPrintable(shown.join('|')));
         QCOMPARE(standing(file), before);
         QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
         QCOMPARE(emergencyCopies(), QStringList{"230101_1200PreserveStateBU.txt"});
@@ -262,12 +253,9 @@ private slots:
     void savesWriteThroughALink_data() {
         QTest::addColumn<QString>("link");   // as it is written in the link; %1: home
         QTest::addColumn<QString>("second"); // a link to the store that the first leads to, if any
-        QTest::newRow("a link") << "%1/Sync/store.txt"
-                                << "";
-        QTest::newRow("a relative link") << "../../../Sync/store.txt"
-                                         << "";
-        QTest::newRow("a link to a link") << "%1/Sync/link.txt"
-                                          << "real/store.txt";
+        QTest::newRow("a link") << "%1/Sync/store.txt" << "";
+        QTest::newRow("a relative link") << "../../../Sync/store.txt" << "";
+        QTest::newRow("a link to a link") << "%1/Sync/link.txt" << "real/store.txt";
     }
     void savesWriteThroughALink() {
         QFETCH(QString, link);
@@ -301,17 +289,12 @@ private slots:
     void saveFailuresSayWhatHappened_data() {
         QTest::addColumn<QString>("setting");
         QTest::addColumn<QString>("told"); // %1: the program's folder; empty: saved
-        QTest::newRow("emergency folder is a file") << "emergency file"
-                                                    << "";
-        QTest::newRow("emergency folder locked") << "locked emergency"
-                                                 << "";
+        const QString unchanged = " The file that was there before is unchanged.";
+        QTest::newRow("emergency folder is a file") << "emergency file" << "";
+        QTest::newRow("emergency folder locked") << "locked emergency" << "";
         QTest::newRow("data folder locked")
-            << "locked data"
-            << "Could not save PreserveState.txt: ZOR_Palette may not write in the "
-               "folder %1. The file that was there before is unchanged.";
-        QTest::newRow("full disk") << "full disk"
-                                   << "Could not save PreserveState.txt: the disk is full. The file that was "
-                                      "there before is unchanged.";
+            << "locked data" << "Could not save PreserveState.txt: ZOR_Palette may not write in the folder %1." + unchanged;
+        QTest::newRow("full disk") << "full disk" << "Could not save PreserveState.txt: the disk is full." + unchanged;
     }
     void saveFailuresSayWhatHappened() {
         QFETCH(QString, setting);
@@ -346,23 +329,15 @@ private slots:
     void completedChangesAreSavedAtOnce_data() {
         QTest::addColumn<QString>("change");
         QTest::addColumn<QString>("saved"); // in the data file's text right after it
-        QTest::newRow("a palette switch") << "switch"
-                                          << R"("CurrentPalette":2)";
-        QTest::newRow("New Palette") << "new"
-                                     << R"("paleName":"P03","paleAlias":"Fresh")";
-        QTest::newRow("Rename Palette") << "rename"
-                                        << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
-        QTest::newRow("Delete Palette") << "delete"
-                                        << R"("CurrentPalette":0)";
-        QTest::newRow("OK in Grid Construct") << "design ok"
-                                              << R"("Tip":"Saved by OK")";
-        QTest::newRow("Grid Construct's close box") << "design close"
-                                                    << R"("paleWinTitle":"Designed")";
+        QTest::newRow("a palette switch") << "switch" << R"("CurrentPalette":2)";
+        QTest::newRow("New Palette") << "new" << R"("paleName":"P03","paleAlias":"Fresh")";
+        QTest::newRow("Rename Palette") << "rename" << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
+        QTest::newRow("Delete Palette") << "delete" << R"("CurrentPalette":0)";
+        QTest::newRow("OK in Grid Construct") << "design ok" << R"("Tip":"Saved by OK")";
+        QTest::newRow("Grid Construct's close box") << "design close" << R"("paleWinTitle":"Designed")";
         // Pictures are files of their own: what these save is the store as it stands.
-        QTest::newRow("Add in Button Pictures") << "add picture"
-                                                << R"("paleWinTitle":"Typed before")";
-        QTest::newRow("Remove in Button Pictures") << "remove picture"
-                                                   << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Add in Button Pictures") << "add picture" << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Remove in Button Pictures") << "remove picture" << R"("paleWinTitle":"Typed before")";
     }
     void completedChangesAreSavedAtOnce() {
         QFETCH(QString, change);
@@ -370,66 +345,46 @@ private slots:
         winMain& window = startWith(3);
         if (change == "delete") ZOR::ChangeToPalette(2);
         const QString file = home->programFolder() + "/PreserveState.txt";
-        const QByteArray before = readAll(file);
-        QVERIFY(!before.contains(saved.toUtf8()));
-        QByteArray afterOK; // for Grid Construct: the file between OK and the close box
+        QVERIFY(!readAll(file).contains(saved.toUtf8()));
+        QByteArray after; // for OK in Grid Construct: the file between OK and the close box
         if (change == "switch") {
             ZOR::DP[2].i_NumRows = 2, ZOR::DP[2].i_NumColumns = 3; // smaller than the palette it leaves
             ZOR::ChangeToPalette(2);
-        }
-        if (change.endsWith("picture")) {
+        } else if (change.endsWith("picture")) {
             home->writeInProgram("ButtonPictures/P00/01 one.png", picture(64, 64));
             const QString chosen = home->write("Desktop/05 five.png", picture(64, 64));
             auto w = opened<winButtonPics>();
             ZOR::paleWinTitle = "Typed before", ZOR::paletteContentChange = true;
-            if (change == "add picture") {
-                dialogs->queueFile(chosen);
-                w->pbSelectPicToAdd_Pressed();
-                w->pbAdd_Pressed();
-            } else {
-                pressRow(w->lbButPic, 0);
-                w->pbToDesktop_Pressed();
-            }
-        }
-        if (change == "new") {
+            change == "add picture" ? (dialogs->queueFile(chosen), w->pbSelectPicToAdd_Pressed(), w->pbAdd_Pressed())
+                                    : (pressRow(w->lbButPic, 0), w->pbToDesktop_Pressed());
+        } else if (change == "new") {
             winNewPalette w;
-            w.tfAlias->setText("Fresh");
-            w.pbOK->click();
-        }
-        if (change == "rename") {
+            w.tfAlias->setText("Fresh"), w.pbOK->click();
+        } else if (change == "rename") {
             winChangeAlias w;
-            w.tfAlias->setText("Renamed");
-            w.tfWinTitle->setText("Retitled");
-            w.pbMakeChange->click();
-        }
-        if (change == "delete") {
+            w.tfAlias->setText("Renamed"), w.tfWinTitle->setText("Retitled"), w.pbMakeChange->click();
+        } else if (change == "delete") {
             dialogs->queueOK(true);
-            winDeletePalette w;
-            w.pbDelete->click();
-        }
-        if (change.startsWith("design")) {
+            winDeletePalette().pbDelete->click();
+        } else {
             dialogs->onWindow = [&](QDialog& d) {
                 auto& w = dynamic_cast<winConstruct&>(d);
                 w.show();
                 if (change == "design ok") {
                     QTest::mouseClick(w.accGC[5], Qt::LeftButton);
-                    w.tfTip->setText("Saved by OK");
-                    w.pbOK->click();
-                    afterOK = readAll(file);
+                    w.tfTip->setText("Saved by OK"), w.pbOK->click();
+                    after = readAll(file);
                 }
-                w.tfWinTitle->setText("Designed");
-                w.tfWinTitle_FocusLost();
-                w.close();
+                w.tfWinTitle->setText("Designed"), w.tfWinTitle_FocusLost(), w.close();
             };
             window.mainMenuBar->miConstruct->trigger();
             dialogs->onWindow = nullptr;
         }
-        const QByteArray after = change == "design ok" ? afterOK : readAll(file);
+        if (change != "design ok") after = readAll(file);
         QVERIFY2(after.contains(saved.toUtf8()), after.left(300));
         if (change == "switch") { // the next start opens at the size of the palette switched to
-            const QString size = QString(R"("WinHeight":%1,"WinWidth":%2)")
-                                     .arg(window.minimumHeight())
-                                     .arg(window.minimumWidth());
+            const QString size =
+                QString(R"("WinHeight":%1,"WinWidth":%2)").arg(window.minimumHeight()).arg(window.minimumWidth());
             QVERIFY2(after.contains(size.toUtf8()), after.left(300));
         }
         QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
