@@ -1,13 +1,11 @@
 // The palette store: records, the data file, start-up and the saving quit.
 #include "assets/winButtonPics.h"
-#include "common/Deadline.h"
 #include "common/LockedFolder.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "manage/winChangeAlias.h"
 #include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
-#include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
 #include "json/JsonText.h"
@@ -20,17 +18,6 @@
 using ordered_json = nlohmann::ordered_json;
 
 namespace {
-// What stands at `path`, told without opening it: a link and where it leads, a FIFO, a folder with
-// its names, or a file with its content.
-QString standing(const QString& path) {
-    struct stat st {};
-    if (::lstat(QFile::encodeName(path).constData(), &st) != 0) return "nothing";
-    if (S_ISLNK(st.st_mode)) return "link to " + QFile::symLinkTarget(path);
-    if (S_ISFIFO(st.st_mode)) return "FIFO";
-    if (S_ISDIR(st.st_mode)) return "folder of " + namesIn(path).join(',');
-    return "file: " + readAll(path);
-}
-
 // A disk of 256 KB (a tmpfs) on a folder for the life of the object, where the system lets the
 // test mount one.
 class SmallDisk {
@@ -208,45 +195,6 @@ private slots:
         for (const auto& [json, expected] : numbers) QCOMPARE(JsonText::Reader(json).readInteger(), expected);
     }
 
-    // A data file that is no plain file, or a link that leads nowhere, is told and kept as it
-    // stands: nothing waits on it, and nothing is saved over it.
-    void dataFileThatCannotBeReadIsKept_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("why"); // %1: home
-        const QString fifo = "it is a FIFO (a named pipe), not a file";
-        QTest::newRow("a folder") << "folder" << "it is a folder, not a file";
-        QTest::newRow("a FIFO") << "fifo" << fifo;
-        QTest::newRow("a link to a FIFO") << "link to fifo" << fifo;
-        QTest::newRow("a link to nothing") << "link to nothing" << "it is a link to %1/unmounted/store.txt, which is not there";
-        QTest::newRow("a link to itself") << "loop" << "it is a link that leads round in a circle";
-    }
-    void dataFileThatCannotBeReadIsKept() {
-        QFETCH(QString, kind);
-        QFETCH(QString, why);
-        const QString file = home->programFolder() + "/PreserveState.txt";
-        home->writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
-        const QString pipe = kind == "fifo" ? file : home->home() + "/pipe";
-        if (kind == "folder") home->writeInProgram("PreserveState.txt/inside", "mine");
-        if (kind.contains("fifo")) QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
-        if (kind.startsWith("link "))
-            QVERIFY(QFile::link(kind == "link to fifo" ? pipe : home->home() + "/unmounted/store.txt", file));
-        if (kind == "loop") QVERIFY(QFile::link(file, file));
-        const QString before = standing(file);
-        {
-            const Deadline limit(30, "A start and quit beside a data file that is no plain file");
-            program->start();
-            ZOR::paletteContentChange = true;
-            program->quit();
-        }
-        const QStringList shown = told();
-        QVERIFY2(shown.size() == 2 && shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk") &&
-                     shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.') &&
-                     shown[1].contains("could not read its data file"),
-                 qPrintable(shown.join('|')));
-        QCOMPARE(standing(file), before);
-        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
-        QCOMPARE(emergencyCopies(), QStringList{"230101_1200PreserveStateBU.txt"});
-    }
 
     // Saves write through a link: the link stays, and the file it leads to takes the new store
     // whole, keeping its mode; the emergency copy is a plain copy of it.
@@ -424,17 +372,6 @@ private slots:
         told();
     }
 
-    // Whatever the flags say, a store without an active palette is never written over the file.
-    void quitWithoutAnActivePaletteLeavesTheFile() {
-        const QString file = writeStoreFile(2);
-        const QByteArray before = readAll(file);
-        program->start();
-        ZOR::DP.clear(), ZOR::idxCP = -1;
-        ZOR::paletteContentChange = true;
-        program->quit();
-        QCOMPARE(readAll(file), before);
-        QCOMPARE(emergencyCopies(), QStringList());
-    }
 
     // Values no window could have made are held to what the windows offer when they are read.
     void valuesOutOfRangeAreHeld_data() {
@@ -564,49 +501,6 @@ private slots:
                      startsOn);
     }
 
-    // Every path made from a store value stays in its folder, even for a palette name that got past
-    // the load (set here in memory): nothing of the user's is moved, shown or made elsewhere.
-    void storeValuesChooseNoPath_data() {
-        QTest::addColumn<QString>("site");
-        QTest::addColumn<QString>("name"); // "~" stands for the home folder
-        for (const char* site : {"palette window", "Button Pictures", "export", "delete", "picture import"})
-            for (const char* name : {"../../../../victim", "~/victim", ".."})
-                QTest::addRow("%s, %s", site, name) << QString(site) << QString(name);
-    }
-    void storeValuesChooseNoPath() {
-        QFETCH(QString, site);
-        QFETCH(QString, name);
-        const QString victim = home->write("victim/taxes2024.pdf", "mine").section('/', 0, -2);
-        home->write("victim/07 x.png", picture(64, 64));
-        winMain& w = startWith(2);
-        ZOR::ChangeToPalette(1);
-        ZOR::paleName = QString(name).replace("~", home->home());
-        if (site == "palette window") {
-            ZOR::viewFollows();
-            QCOMPARE(w.hasPicture, QList<int>());
-        } else if (site == "Button Pictures") {
-            opened<winButtonPics>();
-        } else if (site == "export") {
-            w.mainMenuBar->miPaletteData->trigger();
-        } else if (site == "delete") {
-            ZOR::deleteActivePalette();
-        } else {
-            QVERIFY(
-                !PictureImport::makeButtonPicture(victim + "/07 x.png", ZOR::paleName, 3).error.isEmpty());
-        }
-        told();
-        QCOMPARE(namesIn(victim), QStringList({"07 x.png", "taxes2024.pdf"}));
-        QVERIFY(namesIn(home->programFolder()).contains("PreserveState.txt"));
-        QStringList made; // anything else that names the victim, under home or beside it
-        QDirIterator it(home->home(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                        QDirIterator::Subdirectories);
-        while (it.hasNext())
-            if (const QString path = it.next(); path.contains("victim") && !path.startsWith(victim))
-                made << path;
-        made << QDir(home->home() + "/..")
-                    .entryList({"*victimData*"}, QDir::AllEntries | QDir::NoDotAndDotDot);
-        QCOMPARE(made, QStringList());
-    }
 
     // A button's script runs only as a plain file of Apple_Scripts: a name that cleans down to
     // nothing, or that names a path, is told and runs nothing.
@@ -632,20 +526,6 @@ private slots:
         QCOMPARE(told(), QStringList({none, none, path("x/.scpt"), path("/Users/me/evil.scpt")}));
     }
 
-    // Palettes not yet shown are read from the data file's text as it was at the start.
-    void palettesNotShownKeepTheTextTheyStartedWith() {
-        const QString file = writeStoreFile(3);
-        program->start().grab();
-        QCoreApplication::processEvents();
-        const QByteArray before = readAll(file);
-        QFile overwritten(file);
-        QVERIFY(overwritten.open(QIODevice::WriteOnly | QIODevice::Truncate)); // the same file, not a new one
-        overwritten.write(QByteArray(before.size() / 2, ' '));
-        overwritten.close();
-        QCOMPARE(ZOR::DP[2].a_Btn->at(0)->Shortcut, QString("a"));
-        const QByteArray after = ZOR::JSON_CreateData().toUtf8();
-        QCOMPARE(after.mid(after.indexOf("},")), before.mid(before.indexOf("},"))); // all but the window's place
-    }
 
     void firstStartEver() {
         QCOMPARE(program->start().windowTitle(), QString("ZOR Palette"));
@@ -696,18 +576,6 @@ private slots:
         if (aside) QVERIFY(QFile::exists(home->programFolder() + '/' + kept[0] + "/PreserveState.txt"));
     }
 
-    void emptyFileStartsOver() {
-        const QString file = home->writeInProgram("PreserveState.txt", "");
-        program->start();
-        QCOMPARE(dialogs->requests.value(0).title, QString("Manage PreserveState Backup"));
-        QCOMPARE(told(),
-                 QStringList("Starting over. The PreserveState.txt does not have any data in it, so I am restarting from "
-                         "scratch. You might want to go to the Help menu and chose the menu item: Manage "
-                         "PreserveState Backup. This would allow you to restore the PreserveState.txt file from a "
-                         "Backup that you might have."));
-        QVERIFY(!QFile::exists(file));
-        QCOMPARE(ZOR::paleAlias, QString("Original"));
-    }
 
     // A run that changes nothing leaves the file alone; a move, a switch and the working set are saved.
     void quitSavesOnlyWhatChanged() {
@@ -780,17 +648,6 @@ private slots:
         if (handFolder) QCOMPARE(readAll(home->programFolder() + "/EmergencyPreserveStateBU/000 kept by hand/note.txt"), "mine");
     }
 
-    void failedDesktopCopyNamesItsCause() {
-        writeStoreFile(1);
-        AppGlobals::appSupportFolder = home->programFolder();
-        QDir(home->desktop()).mkpath("PreserveState.txt/x"); // a folder in the copy's way
-        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
-        QDir(home->desktop()).removeRecursively(); // no Desktop at all
-        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
-        QCOMPARE(told(), QStringList({"An exception of type IOException was caught.",
-                                               "An exception of type NilObjectException was caught."}));
-        QVERIFY(emergencyCopies().isEmpty());
-    }
 };
 
 QTEST_MAIN(StoreTest)

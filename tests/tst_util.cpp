@@ -79,9 +79,7 @@ private slots:
         QVERIFY(!written);
         QCOMPARE(readAll(target), "old");
         const QString shown = dialogs->texts().join('|');
-        QCOMPARE(dialogs->texts().size(), 1);
-        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: "), qPrintable(shown));
-        QVERIFY2(shown.endsWith(". The file that was there before is unchanged."), qPrintable(shown));
+        QVERIFY2(QRegularExpression("^Could not save PreserveState.txt: [^|]+\\. The file that was there before is unchanged\\.$").match(shown).hasMatch(), qPrintable(shown));
         QCOMPARE(QDir(home->home() + "/f").entryList(QDir::Files), (QStringList{"notes.text", "PreserveState.txt"}));
     }
 
@@ -117,10 +115,9 @@ private slots:
         const auto fit = [](const QString& text, const QString& fitsJust = {}) {
             return StringUtils::RemoveWordToFit(text, "Helvetica", 14, fitsJust.isEmpty() ? 1.0 : StringUtils::MeasureString(fitsJust, "Helvetica", 14) + 0.5);
         };
-        QCOMPARE(fit("abcd"), "abcd"); // short
-        QCOMPARE(fit("Open the\nmail  program now", "Open the mail…"), "Open the mail…"); // cut at a word
-        QCOMPARE(fit("Hello world", "Hello…"), "Hello"); // that word alone, though "Hello…" would fit
-        QCOMPARE(fit("  \n \r\n \t  "), ""); // white space only, as a hand-edited tip may be
+        // Short; cut at a word; that word alone, though "Hello…" would fit; white space only, as a hand-edited tip may be.
+        QCOMPARE((QStringList{fit("abcd"), fit("Open the\nmail  program now", "Open the mail…"), fit("Hello world", "Hello…"), fit("  \n \r\n \t  ")}),
+                 (QStringList{"abcd", "Open the mail…", "Hello", ""}));
     }
 
     void withinScreen() {
