@@ -172,8 +172,7 @@ private slots:
         QCOMPARE(dialogs->texts(), QStringList({"Could not find the folder EmergencyPreserveStateBU",
                                                 "EmergencyPreserveStateBU is already on the Desktop."}));
         // The safe button is the default one, and leaves without quitting.
-        QVERIFY(window.pbCancel->isDefault());
-        QVERIFY(!window.pbMakeBU->isDefault());
+        QVERIFY(window.pbCancel->isDefault() && !window.pbMakeBU->isDefault());
         window.pbCancel->click();
         QCOMPARE(window.windowTitle() + ' ' + QString::number(window.result()), "Manage PreserveState Backup 0");
     }
@@ -210,9 +209,8 @@ private slots:
         QCOMPARE(QString::fromUtf8(readAll(folder + "/TextData.txt")).split('\n'), expected);
         QCOMPARE(namesIn(folder + "/ButtonPictures"), QStringList({".DS_Store", "01.png"}));
         const Dialogs::Request& told = dialogs->requests.last();
-        QCOMPARE(told.kind, Dialogs::Kind::ExplainHTML);
-        QVERIFY2(told.detail.startsWith("<p>A folder</p><p> <i>230523_195507MyTools_P00Data</i></p><p>has "
-                                        "been created on the Desktop"),
+        QVERIFY2(told.kind == Dialogs::Kind::ExplainHTML &&
+                     told.detail.startsWith("<p>A folder</p><p> <i>230523_195507MyTools_P00Data</i></p><p>has been created on the Desktop"),
                  qPrintable(told.detail));
 
         // A second export in the same second writes into the same folder.
