@@ -99,22 +99,6 @@ private slots:
         QVERIFY2(dialogs->texts().size() == 1 && told.startsWith("Could not move good.scpt to Apple_Scripts: "), qPrintable(told));
         QCOMPARE(lostSince(before, home->home()), QStringList());
     }
-
-    // With nothing to move no Workshop is made; Add Script moves the chosen file in.
-    void menuAndAddScript() {
-        winMain& main = startWith(1);
-        const QString chosen = home->write("Desktop/new.scpt", "new");
-        main.mainMenuBar->miManageAS->trigger();
-        QVERIFY(!QFileInfo::exists(workshop()));
-        auto w = opened<winManageAS>();
-        dialogs->queueFile(chosen);
-        w->pbAddToDF_Pressed();
-        QVERIFY(!QFileInfo::exists(chosen));
-        QCOMPARE(rows(w->lbAppleScript), QStringList({"new.scpt:TANGERINE"}));
-        QStringList shown;
-        for (const auto& r : dialogs->requests) shown << r.title + ' ' + r.detail;
-        QCOMPARE(shown, QStringList({"Manage AppleScript ", "Choose AppleScript " + home->desktop()}));
-    }
 };
 
 QTEST_MAIN(AssetScriptsTest)

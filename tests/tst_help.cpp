@@ -9,7 +9,6 @@
 #include "help/winHelp.h"
 #include "help/winHelpSimple.h"
 #include "help/winOKCancel.h"
-#include "help/winReportError.h"
 #include "help/winTimed.h"
 #include "tst_windows.h"
 #include "util/Guard.h"
@@ -313,19 +312,6 @@ private slots:
                  (where.direct ? "1 -: " : "1 Oops! Error Message: ") + expected);
     }
 
-    void reportWindowStandsAlone() {
-        QVERIFY(ErrorHandling::HandleException(JSONException("bad file", 3),
-                                               "ZOR.Load\nMODULE: ZOR\nMETHOD: Load"));
-        QPointer<winReportError> window;
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* report = qobject_cast<winReportError*>(w)) window = report;
-        QVERIFY(window && window->isVisible() && !window->isModal());
-        QCOMPARE(window->windowTitle() + ": " + window->labMessage->toPlainText(),
-                 "Oops! Error Message: JSONException in ZOR.Load\nMODULE: ZOR\nMETHOD: Load\n"
-                 "TYPE: JSONException\nERROR CODE: 3\nERROR MESSAGE: bad file");
-        window->close();
-        QTRY_VERIFY(window.isNull()); // gone with its close
-    }
 
     // The window placed in the middle of the area available, its width chosen from the text's height.
     void fitting() {

@@ -1,7 +1,6 @@
 // Keyboard Maestro macros made by the program: the palette's buttons against the editor's macros,
 // Make Missing Macros, and what the user is told when the editor cannot be asked. The editor is a
 // fake osascript that keeps its macros in a file and answers as MakeMacros.scpt would.
-#include "actions/KeyboardMaestroMacros.h"
 #include "assets/winMakeMacros.h"
 #include "tst_windows.h"
 
@@ -23,7 +22,6 @@ const QString kError = "/x/MakeMacros.scpt: execution error: ";
 const QString kTwice =
     "Keyboard Maestro cannot tell apart macros that carry the same name. In its editor, rename or "
     "delete all but one of each; Make Missing Macros leaves them alone.";
-const QString kSource = QStringLiteral(ZOR_TESTS_DIR "/..");
 
 // What the window shows: its rows, summary, note and whether Make is enabled.
 QStringList seen(const winMakeMacros& w) {
@@ -192,22 +190,6 @@ private slots:
         QCOMPARE(calls(), QStringList{call({"names"})} +
                               (atMake ? QStringList{call({"make", "ZOR P00 Original", "ZOR P00 03"})}
                                       : QStringList()));
-    }
-
-    // The build's Resources hold the script beside FirePalette.scpt, as the bundle does; packaging
-    // compiles it; the names it is handed are the ones FirePalette.scpt builds.
-    void theScriptStandsInTheBundle() {
-        const QByteArray source = readAll(kSource + "/resources/MakeMacros.applescript");
-        const QByteArray installed = readAll(script);
-        QVERIFY(source.contains("on run argv"));
-        QVERIFY2(installed == source || installed.startsWith("FasdUAS"),
-                 "MakeMacros.scpt is neither the source nor compiled");
-        QVERIFY(readAll(kSource + "/scripts/package-mac.sh")
-                    .contains("osacompile -o \"$resources/MakeMacros.scpt\" "
-                              "\"$ROOT/resources/MakeMacros.applescript\""));
-        QVERIFY(readAll(kSource + "/resources/FirePalette.applescript")
-                    .contains("set macroName to \"ZOR \" & paletteName & \" \" & buttonID"));
-        QCOMPARE(KeyboardMaestroMacros::macroName("P02", "07"), QString("ZOR P02 07"));
     }
 };
 

@@ -1,6 +1,5 @@
 #include "tst_windows.h"
 #include "util/FileTools.h"
-#include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
@@ -36,13 +35,6 @@ private slots:
         QCOMPARE(seen.mid(26 * 26 - 1, 2), (QStringList{"Zz", "Aa"})); // past Zz it starts again
     }
 
-    void validDateStamp() {
-        for (const char* stamp : {"230523_1955", "230229_1200", "231231_2359", "230930_0000"})
-            QVERIFY2(RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
-        for (const char* stamp : {"230230_1200", "230431_1200", "231131_1200", "231301_1200", "230500_1200",
-                                  "230523-1955", "230523_2400", "230523_2360", "230523_195", "230523_19550"})
-            QVERIFY2(!RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
-    }
 
     void moveRenameNeverOverwrites() {
         const QString file = home->write("src/p.png", "moved");
