@@ -526,6 +526,20 @@ private slots:
         QCOMPARE(told(), QStringList({none, none, path("x/.scpt"), path("/Users/me/evil.scpt")}));
     }
 
+    // Palettes not yet shown are read from the data file's text as it was at the start.
+    void palettesNotShownKeepTheTextTheyStartedWith() {
+        const QString file = writeStoreFile(3);
+        program->start().grab();
+        QCoreApplication::processEvents();
+        const QByteArray before = readAll(file);
+        QFile overwritten(file);
+        QVERIFY(overwritten.open(QIODevice::WriteOnly | QIODevice::Truncate)); // the same file, not a new one
+        overwritten.write(QByteArray(before.size() / 2, ' '));
+        overwritten.close();
+        QCOMPARE(ZOR::DP[2].a_Btn->at(0)->Shortcut, QString("a"));
+        const QByteArray after = ZOR::JSON_CreateData().toUtf8();
+        QCOMPARE(after.mid(after.indexOf("},")), before.mid(before.indexOf("},"))); // all but the window's place
+    }
 
     void firstStartEver() {
         QCOMPARE(program->start().windowTitle(), QString("ZOR Palette"));
