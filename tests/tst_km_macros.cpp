@@ -1,36 +1,27 @@
 // Keyboard Maestro macros made by the program: the palette's buttons against the editor's macros,
 // Make Missing Macros, and what the user is told when the editor cannot be asked. The editor is a
 // fake osascript that keeps its macros in a file and answers as MakeMacros.scpt would.
-#include "actions/KeyboardMaestroMacros.h"
 #include "assets/winMakeMacros.h"
 #include "tst_windows.h"
 
 namespace {
 const QString kTitle = "Make Keyboard Maestro Macros";
 const QString kAllow = "System Settings > Privacy & Security > Automation";
-const QString kNotInstalled =
-    QString::fromUtf8(
-        "Keyboard Maestro is not installed on this Mac, so ZOR_Palette cannot make the macros of its "
-        "buttons. Install Keyboard Maestro (version 8 or later) and choose Make Keyboard Maestro "
-        "Macros… again. macOS then asks whether ZOR_Palette may control Keyboard Maestro: allow it, "
-        "there or later in ") +
-    kAllow + ".";
-const QString kNotPermitted =
-    "ZOR_Palette is not allowed to control Keyboard Maestro, so it can neither read nor "
-    "make macros. Allow it in " +
-    kAllow +
-    QString::fromUtf8(": under ZOR_Palette, switch Keyboard Maestro on. Then choose "
-                      "Make Keyboard Maestro Macros… again.");
+const QString kNotInstalled = QString::fromUtf8(
+    "Keyboard Maestro is not installed on this Mac, so ZOR_Palette cannot make the macros of its buttons. "
+    "Install Keyboard Maestro (version 8 or later) and choose Make Keyboard Maestro Macros… again. macOS then "
+    "asks whether ZOR_Palette may control Keyboard Maestro: allow it, there or later in ") + kAllow + ".";
+const QString kNotPermitted = "ZOR_Palette is not allowed to control Keyboard Maestro, so it can neither read nor "
+                              "make macros. Allow it in " + kAllow + QString::fromUtf8(": under ZOR_Palette, "
+                              "switch Keyboard Maestro on. Then choose Make Keyboard Maestro Macros… again.");
 QString failed(const QString& reason) {
-    return "Keyboard Maestro could not list or make the macros: " + reason +
-           ". If macOS asked whether ZOR_Palette may control Keyboard Maestro and you refused, allow it in " +
-           kAllow + ".";
+    return "Keyboard Maestro could not list or make the macros: " + reason + ". If macOS asked whether "
+           "ZOR_Palette may control Keyboard Maestro and you refused, allow it in " + kAllow + ".";
 }
 const QString kError = "/x/MakeMacros.scpt: execution error: ";
 const QString kTwice =
     "Keyboard Maestro cannot tell apart macros that carry the same name. In its editor, rename or "
     "delete all but one of each; Make Missing Macros leaves them alone.";
-const QString kSource = QStringLiteral(ZOR_TESTS_DIR "/..");
 
 // What the window shows: its rows, summary, note and whether Make is enabled.
 QStringList seen(const winMakeMacros& w) {
@@ -99,29 +90,22 @@ private slots:
         QTest::addColumn<QList<int>>("marked");
         QTest::addColumn<QStringList>("macros"); // the editor's, group TAB name
         QTest::addColumn<QStringList>("shown");
-        QTest::newRow("every state") << QList<int>{1, 2, 3, 12, 7, 20}
-                                     << QStringList{"A\tZOR P00 01", "A\tOther",      "B\tZOR P00 02",
-                                                    "A\tzor p00 02", "A\tZOR P01 03", "A\tZOR P00 03 old"}
-                                     << QStringList{"01|ZOR P00 01|exists",
-                                                    "02|ZOR P00 02|more than one",
-                                                    "03|ZOR P00 03|missing",
-                                                    "12|ZOR P00 12|missing",
-                                                    "1 exists, 2 missing, 1 more than one.",
-                                                    kTwice,
-                                                    "Make enabled"};
+        QTest::newRow("every state")
+            << QList<int>{1, 2, 3, 12, 7, 20}
+            << QStringList{"A\tZOR P00 01", "A\tOther", "B\tZOR P00 02", "A\tzor p00 02", "A\tZOR P01 03", "A\tZOR P00 03 old"}
+            << QStringList{"01|ZOR P00 01|exists", "02|ZOR P00 02|more than one", "03|ZOR P00 03|missing",
+                           "12|ZOR P00 12|missing", "1 exists, 2 missing, 1 more than one.", kTwice, "Make enabled"};
         QTest::newRow("all exist") << QList<int>{1, 12} << QStringList{"A\tZOR P00 12", "B\tZOR P00 01"}
                                    << QStringList{"01|ZOR P00 01|exists", "12|ZOR P00 12|exists",
-                                                  "2 exists, 0 missing, 0 more than one.", "",
-                                                  "Make disabled"};
+                                                  "2 exists, 0 missing, 0 more than one.", "", "Make disabled"};
         QTest::newRow("an editor without macros")
             << QList<int>{3} << QStringList{}
-            << QStringList{"03|ZOR P00 03|missing", "0 exists, 1 missing, 0 more than one.", "",
-                           "Make enabled"};
+            << QStringList{"03|ZOR P00 03|missing", "0 exists, 1 missing, 0 more than one.", "", "Make enabled"};
         // A palette without Keyboard Maestro buttons needs nothing of the editor.
-        QTest::newRow("no buttons marked") << QList<int>{7, 20} << QStringList{"A\tZOR P00 07"}
-                                           << QStringList{"No button of this palette is marked Keyboard "
-                                                          "Maestro. Mark buttons in Grid Construct first.",
-                                                          "", "Make disabled"};
+        QTest::newRow("no buttons marked")
+            << QList<int>{7, 20} << QStringList{"A\tZOR P00 07"}
+            << QStringList{"No button of this palette is marked Keyboard Maestro. Mark buttons in Grid Construct first.",
+                           "", "Make disabled"};
     }
     void listsEachButtonWithItsState() {
         QFETCH(QList<int>, marked);
@@ -177,22 +161,16 @@ private slots:
         const QString refused = kError + "Not authorized to send Apple events to Keyboard Maestro. (-1743)\n";
         row("permission refused", false, refused, kNotPermitted);
         row("permission refused at Make", true, refused, kNotPermitted);
-        row("application not found", false,
-            kError + QString::fromUtf8("Can’t get application \"Keyboard Maestro\". (-1728)\n"),
-            kNotInstalled);
-        row("application not running", true, kError + QString::fromUtf8("Application isn’t running. (-600)"),
-            kNotInstalled);
-        row("no application of that identifier", false,
-            kError + QString::fromUtf8("The application can’t be found. (-10814)"), kNotInstalled);
-        row("an object of the editor not found", true,
-            kError + QString::fromUtf8("Keyboard Maestro got an error: Can’t get macro group 1. (-1728)"),
-            failed(QString::fromUtf8("Keyboard Maestro got an error: Can’t get macro group 1.")));
-        row("the script failed", false,
-            "warning: slow\n" + kError +
-                "Keyboard Maestro got an error: AppleEvent handler failed. (-10000)\n",
-            failed("Keyboard Maestro got an error: AppleEvent handler failed."));
-        row("no number", true, "osascript: couldn't read the script\n",
-            failed("osascript: couldn't read the script"));
+        // clang-format off
+        row("application not found", false, kError + QString::fromUtf8("Can’t get application \"Keyboard Maestro\". (-1728)\n"), kNotInstalled);
+        row("application not running", true, kError + QString::fromUtf8("Application isn’t running. (-600)"), kNotInstalled);
+        row("no application of that identifier", false, kError + QString::fromUtf8("The application can’t be found. (-10814)"), kNotInstalled);
+        const QString noGroup = QString::fromUtf8("Keyboard Maestro got an error: Can’t get macro group 1.");
+        row("an object of the editor not found", true, kError + noGroup + " (-1728)", failed(noGroup));
+        const QString handler = "Keyboard Maestro got an error: AppleEvent handler failed.";
+        row("the script failed", false, "warning: slow\n" + kError + handler + " (-10000)\n", failed(handler));
+        row("no number", true, "osascript: couldn't read the script\n", failed("osascript: couldn't read the script"));
+        // clang-format on
     }
     void failuresAreToldAlone() {
         QFETCH(bool, atMake);
@@ -212,22 +190,6 @@ private slots:
         QCOMPARE(calls(), QStringList{call({"names"})} +
                               (atMake ? QStringList{call({"make", "ZOR P00 Original", "ZOR P00 03"})}
                                       : QStringList()));
-    }
-
-    // The build's Resources hold the script beside FirePalette.scpt, as the bundle does; packaging
-    // compiles it; the names it is handed are the ones FirePalette.scpt builds.
-    void theScriptStandsInTheBundle() {
-        const QByteArray source = readAll(kSource + "/resources/MakeMacros.applescript");
-        const QByteArray installed = readAll(script);
-        QVERIFY(source.contains("on run argv"));
-        QVERIFY2(installed == source || installed.startsWith("FasdUAS"),
-                 "MakeMacros.scpt is neither the source nor compiled");
-        QVERIFY(readAll(kSource + "/scripts/package-mac.sh")
-                    .contains("osacompile -o \"$resources/MakeMacros.scpt\" "
-                              "\"$ROOT/resources/MakeMacros.applescript\""));
-        QVERIFY(readAll(kSource + "/resources/FirePalette.applescript")
-                    .contains("set macroName to \"ZOR \" & paletteName & \" \" & buttonID"));
-        QCOMPARE(KeyboardMaestroMacros::macroName("P02", "07"), QString("ZOR P02 07"));
     }
 };
 

@@ -1,13 +1,11 @@
 // The palette store: records, the data file, start-up and the saving quit.
 #include "assets/winButtonPics.h"
-#include "common/Deadline.h"
 #include "common/LockedFolder.h"
 #include "design/ccGC.h"
 #include "design/winConstruct.h"
 #include "manage/winChangeAlias.h"
 #include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
-#include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
 #include "json/JsonText.h"
@@ -20,42 +18,27 @@
 using ordered_json = nlohmann::ordered_json;
 
 namespace {
-// What stands at `path`, told without opening it: a link and where it leads, a FIFO, a folder with
-// its names, or a file with its content.
-QString standing(const QString& path) {
-    struct stat st {};
-    if (::lstat(QFile::encodeName(path).constData(), &st) != 0) return "nothing";
-    if (S_ISLNK(st.st_mode)) return "link to " + QFile::symLinkTarget(path);
-    if (S_ISFIFO(st.st_mode)) return "FIFO";
-    if (S_ISDIR(st.st_mode)) return "folder of " + namesIn(path).join(',');
-    return "file: " + readAll(path);
-}
-
 // A disk of 256 KB (a tmpfs) on a folder for the life of the object, where the system lets the
 // test mount one.
 class SmallDisk {
+    const QString at;
+    const bool ok;
+
 public:
-    explicit SmallDisk(QString folder) : at(std::move(folder)) {
-        QDir().mkpath(at);
-        ok = QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0;
-    }
+    explicit SmallDisk(QString folder)
+        : at((QDir().mkpath(folder), folder)),
+          ok(QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=256k", "tmpfs", at}) == 0) {}
     ~SmallDisk() {
         if (ok) QProcess::execute("umount", {"-l", at});
     }
     SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
     bool mounted() const { return ok; }
     void fill() const {
         QFile filler(at + "/filler");
         const QByteArray block(4096, 'f');
-        if (filler.open(QIODevice::WriteOnly))
-            while (filler.write(block) == block.size() && filler.flush()) {
-            }
+        while (filler.isOpen() || filler.open(QIODevice::WriteOnly))
+            if (filler.write(block) != block.size() || !filler.flush()) return;
     }
-
-private:
-    QString at;
-    bool ok = false;
 };
 
 // An older file of two palettes: the buttons lack `absent` keys, the palettes maybe paleParticulars.
@@ -212,62 +195,15 @@ private slots:
         for (const auto& [json, expected] : numbers) QCOMPARE(JsonText::Reader(json).readInteger(), expected);
     }
 
-    // A data file that is no plain file, or a link that leads nowhere, is told and kept as it
-    // stands: nothing waits on it, and nothing is saved over it.
-    void dataFileThatCannotBeReadIsKept_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("why"); // %1: home
-        QTest::newRow("a folder") << "folder"
-                                  << "it is a folder, not a file";
-        QTest::newRow("a FIFO") << "fifo"
-                                << "it is a FIFO (a named pipe), not a file";
-        QTest::newRow("a link to a FIFO") << "link to fifo"
-                                          << "it is a FIFO (a named pipe), not a file";
-        QTest::newRow("a link to nothing") << "link to nothing"
-                                           << "it is a link to %1/unmounted/store.txt, which is not there";
-        QTest::newRow("a link to itself") << "loop"
-                                          << "it is a link that leads round in a circle";
-    }
-    void dataFileThatCannotBeReadIsKept() {
-        QFETCH(QString, kind);
-        QFETCH(QString, why);
-        const QString file = home->programFolder() + "/PreserveState.txt";
-        home->writeInProgram("EmergencyPreserveStateBU/230101_1200PreserveStateBU.txt", "good");
-        const QString pipe = kind == "fifo" ? file : home->home() + "/pipe";
-        if (kind == "folder") home->writeInProgram("PreserveState.txt/inside", "mine");
-        if (kind.contains("fifo")) QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
-        if (kind.startsWith("link "))
-            QVERIFY(QFile::link(kind == "link to fifo" ? pipe : home->home() + "/unmounted/store.txt", file));
-        if (kind == "loop") QVERIFY(QFile::link(file, file));
-        const QString before = standing(file);
-        {
-            const Deadline limit(30, "A start and quit beside a data file that is no plain file");
-            program->start();
-            ZOR::paletteContentChange = true;
-            program->quit();
-        }
-        const QStringList shown = told();
-        QCOMPARE(shown.size(), 2);
-        QVERIFY2(shown[0].startsWith("IOException in ZOR.GetZOR_DataFromDisk"), qPrintable(shown[0]));
-        QVERIFY2(shown[0].contains("PreserveState.txt could not be opened: " + why.arg(home->home()) + '.'),
-                 qPrintable(shown[0]));
-        QVERIFY2(shown[1].contains("could not read its data file"), qPrintable(shown[1]));
-        QCOMPARE(standing(file), before);
-        QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
-        QCOMPARE(emergencyCopies(), QStringList{"230101_1200PreserveStateBU.txt"});
-    }
 
     // Saves write through a link: the link stays, and the file it leads to takes the new store
     // whole, keeping its mode; the emergency copy is a plain copy of it.
     void savesWriteThroughALink_data() {
         QTest::addColumn<QString>("link");   // as it is written in the link; %1: home
         QTest::addColumn<QString>("second"); // a link to the store that the first leads to, if any
-        QTest::newRow("a link") << "%1/Sync/store.txt"
-                                << "";
-        QTest::newRow("a relative link") << "../../../Sync/store.txt"
-                                         << "";
-        QTest::newRow("a link to a link") << "%1/Sync/link.txt"
-                                          << "real/store.txt";
+        QTest::newRow("a link") << "%1/Sync/store.txt" << "";
+        QTest::newRow("a relative link") << "../../../Sync/store.txt" << "";
+        QTest::newRow("a link to a link") << "%1/Sync/link.txt" << "real/store.txt";
     }
     void savesWriteThroughALink() {
         QFETCH(QString, link);
@@ -301,17 +237,12 @@ private slots:
     void saveFailuresSayWhatHappened_data() {
         QTest::addColumn<QString>("setting");
         QTest::addColumn<QString>("told"); // %1: the program's folder; empty: saved
-        QTest::newRow("emergency folder is a file") << "emergency file"
-                                                    << "";
-        QTest::newRow("emergency folder locked") << "locked emergency"
-                                                 << "";
+        const QString unchanged = " The file that was there before is unchanged.";
+        QTest::newRow("emergency folder is a file") << "emergency file" << "";
+        QTest::newRow("emergency folder locked") << "locked emergency" << "";
         QTest::newRow("data folder locked")
-            << "locked data"
-            << "Could not save PreserveState.txt: ZOR_Palette may not write in the "
-               "folder %1. The file that was there before is unchanged.";
-        QTest::newRow("full disk") << "full disk"
-                                   << "Could not save PreserveState.txt: the disk is full. The file that was "
-                                      "there before is unchanged.";
+            << "locked data" << "Could not save PreserveState.txt: ZOR_Palette may not write in the folder %1." + unchanged;
+        QTest::newRow("full disk") << "full disk" << "Could not save PreserveState.txt: the disk is full." + unchanged;
     }
     void saveFailuresSayWhatHappened() {
         QFETCH(QString, setting);
@@ -346,23 +277,15 @@ private slots:
     void completedChangesAreSavedAtOnce_data() {
         QTest::addColumn<QString>("change");
         QTest::addColumn<QString>("saved"); // in the data file's text right after it
-        QTest::newRow("a palette switch") << "switch"
-                                          << R"("CurrentPalette":2)";
-        QTest::newRow("New Palette") << "new"
-                                     << R"("paleName":"P03","paleAlias":"Fresh")";
-        QTest::newRow("Rename Palette") << "rename"
-                                        << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
-        QTest::newRow("Delete Palette") << "delete"
-                                        << R"("CurrentPalette":0)";
-        QTest::newRow("OK in Grid Construct") << "design ok"
-                                              << R"("Tip":"Saved by OK")";
-        QTest::newRow("Grid Construct's close box") << "design close"
-                                                    << R"("paleWinTitle":"Designed")";
+        QTest::newRow("a palette switch") << "switch" << R"("CurrentPalette":2)";
+        QTest::newRow("New Palette") << "new" << R"("paleName":"P03","paleAlias":"Fresh")";
+        QTest::newRow("Rename Palette") << "rename" << R"("paleAlias":"Renamed","paleWinTitle":"Retitled")";
+        QTest::newRow("Delete Palette") << "delete" << R"("CurrentPalette":0)";
+        QTest::newRow("OK in Grid Construct") << "design ok" << R"("Tip":"Saved by OK")";
+        QTest::newRow("Grid Construct's close box") << "design close" << R"("paleWinTitle":"Designed")";
         // Pictures are files of their own: what these save is the store as it stands.
-        QTest::newRow("Add in Button Pictures") << "add picture"
-                                                << R"("paleWinTitle":"Typed before")";
-        QTest::newRow("Remove in Button Pictures") << "remove picture"
-                                                   << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Add in Button Pictures") << "add picture" << R"("paleWinTitle":"Typed before")";
+        QTest::newRow("Remove in Button Pictures") << "remove picture" << R"("paleWinTitle":"Typed before")";
     }
     void completedChangesAreSavedAtOnce() {
         QFETCH(QString, change);
@@ -370,66 +293,46 @@ private slots:
         winMain& window = startWith(3);
         if (change == "delete") ZOR::ChangeToPalette(2);
         const QString file = home->programFolder() + "/PreserveState.txt";
-        const QByteArray before = readAll(file);
-        QVERIFY(!before.contains(saved.toUtf8()));
-        QByteArray afterOK; // for Grid Construct: the file between OK and the close box
+        QVERIFY(!readAll(file).contains(saved.toUtf8()));
+        QByteArray after; // for OK in Grid Construct: the file between OK and the close box
         if (change == "switch") {
             ZOR::DP[2].i_NumRows = 2, ZOR::DP[2].i_NumColumns = 3; // smaller than the palette it leaves
             ZOR::ChangeToPalette(2);
-        }
-        if (change.endsWith("picture")) {
+        } else if (change.endsWith("picture")) {
             home->writeInProgram("ButtonPictures/P00/01 one.png", picture(64, 64));
             const QString chosen = home->write("Desktop/05 five.png", picture(64, 64));
             auto w = opened<winButtonPics>();
             ZOR::paleWinTitle = "Typed before", ZOR::paletteContentChange = true;
-            if (change == "add picture") {
-                dialogs->queueFile(chosen);
-                w->pbSelectPicToAdd_Pressed();
-                w->pbAdd_Pressed();
-            } else {
-                pressRow(w->lbButPic, 0);
-                w->pbToDesktop_Pressed();
-            }
-        }
-        if (change == "new") {
+            change == "add picture" ? (dialogs->queueFile(chosen), w->pbSelectPicToAdd_Pressed(), w->pbAdd_Pressed())
+                                    : (pressRow(w->lbButPic, 0), w->pbToDesktop_Pressed());
+        } else if (change == "new") {
             winNewPalette w;
-            w.tfAlias->setText("Fresh");
-            w.pbOK->click();
-        }
-        if (change == "rename") {
+            w.tfAlias->setText("Fresh"), w.pbOK->click();
+        } else if (change == "rename") {
             winChangeAlias w;
-            w.tfAlias->setText("Renamed");
-            w.tfWinTitle->setText("Retitled");
-            w.pbMakeChange->click();
-        }
-        if (change == "delete") {
+            w.tfAlias->setText("Renamed"), w.tfWinTitle->setText("Retitled"), w.pbMakeChange->click();
+        } else if (change == "delete") {
             dialogs->queueOK(true);
-            winDeletePalette w;
-            w.pbDelete->click();
-        }
-        if (change.startsWith("design")) {
+            winDeletePalette().pbDelete->click();
+        } else {
             dialogs->onWindow = [&](QDialog& d) {
                 auto& w = dynamic_cast<winConstruct&>(d);
                 w.show();
                 if (change == "design ok") {
                     QTest::mouseClick(w.accGC[5], Qt::LeftButton);
-                    w.tfTip->setText("Saved by OK");
-                    w.pbOK->click();
-                    afterOK = readAll(file);
+                    w.tfTip->setText("Saved by OK"), w.pbOK->click();
+                    after = readAll(file);
                 }
-                w.tfWinTitle->setText("Designed");
-                w.tfWinTitle_FocusLost();
-                w.close();
+                w.tfWinTitle->setText("Designed"), w.tfWinTitle_FocusLost(), w.close();
             };
             window.mainMenuBar->miConstruct->trigger();
             dialogs->onWindow = nullptr;
         }
-        const QByteArray after = change == "design ok" ? afterOK : readAll(file);
+        if (change != "design ok") after = readAll(file);
         QVERIFY2(after.contains(saved.toUtf8()), after.left(300));
         if (change == "switch") { // the next start opens at the size of the palette switched to
-            const QString size = QString(R"("WinHeight":%1,"WinWidth":%2)")
-                                     .arg(window.minimumHeight())
-                                     .arg(window.minimumWidth());
+            const QString size =
+                QString(R"("WinHeight":%1,"WinWidth":%2)").arg(window.minimumHeight()).arg(window.minimumWidth());
             QVERIFY2(after.contains(size.toUtf8()), after.left(300));
         }
         QCOMPARE(namesIn(home->programFolder()).filter(".saving"), QStringList());
@@ -469,17 +372,6 @@ private slots:
         told();
     }
 
-    // Whatever the flags say, a store without an active palette is never written over the file.
-    void quitWithoutAnActivePaletteLeavesTheFile() {
-        const QString file = writeStoreFile(2);
-        const QByteArray before = readAll(file);
-        program->start();
-        ZOR::DP.clear(), ZOR::idxCP = -1;
-        ZOR::paletteContentChange = true;
-        program->quit();
-        QCOMPARE(readAll(file), before);
-        QCOMPARE(emergencyCopies(), QStringList());
-    }
 
     // Values no window could have made are held to what the windows offer when they are read.
     void valuesOutOfRangeAreHeld_data() {
@@ -609,49 +501,6 @@ private slots:
                      startsOn);
     }
 
-    // Every path made from a store value stays in its folder, even for a palette name that got past
-    // the load (set here in memory): nothing of the user's is moved, shown or made elsewhere.
-    void storeValuesChooseNoPath_data() {
-        QTest::addColumn<QString>("site");
-        QTest::addColumn<QString>("name"); // "~" stands for the home folder
-        for (const char* site : {"palette window", "Button Pictures", "export", "delete", "picture import"})
-            for (const char* name : {"../../../../victim", "~/victim", ".."})
-                QTest::addRow("%s, %s", site, name) << QString(site) << QString(name);
-    }
-    void storeValuesChooseNoPath() {
-        QFETCH(QString, site);
-        QFETCH(QString, name);
-        const QString victim = home->write("victim/taxes2024.pdf", "mine").section('/', 0, -2);
-        home->write("victim/07 x.png", picture(64, 64));
-        winMain& w = startWith(2);
-        ZOR::ChangeToPalette(1);
-        ZOR::paleName = QString(name).replace("~", home->home());
-        if (site == "palette window") {
-            ZOR::viewFollows();
-            QCOMPARE(w.hasPicture, QList<int>());
-        } else if (site == "Button Pictures") {
-            opened<winButtonPics>();
-        } else if (site == "export") {
-            w.mainMenuBar->miPaletteData->trigger();
-        } else if (site == "delete") {
-            ZOR::deleteActivePalette();
-        } else {
-            QVERIFY(
-                !PictureImport::makeButtonPicture(victim + "/07 x.png", ZOR::paleName, 3).error.isEmpty());
-        }
-        told();
-        QCOMPARE(namesIn(victim), QStringList({"07 x.png", "taxes2024.pdf"}));
-        QVERIFY(namesIn(home->programFolder()).contains("PreserveState.txt"));
-        QStringList made; // anything else that names the victim, under home or beside it
-        QDirIterator it(home->home(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                        QDirIterator::Subdirectories);
-        while (it.hasNext())
-            if (const QString path = it.next(); path.contains("victim") && !path.startsWith(victim))
-                made << path;
-        made << QDir(home->home() + "/..")
-                    .entryList({"*victimData*"}, QDir::AllEntries | QDir::NoDotAndDotDot);
-        QCOMPARE(made, QStringList());
-    }
 
     // A button's script runs only as a plain file of Apple_Scripts: a name that cleans down to
     // nothing, or that names a path, is told and runs nothing.
@@ -741,18 +590,6 @@ private slots:
         if (aside) QVERIFY(QFile::exists(home->programFolder() + '/' + kept[0] + "/PreserveState.txt"));
     }
 
-    void emptyFileStartsOver() {
-        const QString file = home->writeInProgram("PreserveState.txt", "");
-        program->start();
-        QCOMPARE(dialogs->requests.value(0).title, QString("Manage PreserveState Backup"));
-        QCOMPARE(told(),
-                 QStringList("Starting over. The PreserveState.txt does not have any data in it, so I am restarting from "
-                         "scratch. You might want to go to the Help menu and chose the menu item: Manage "
-                         "PreserveState Backup. This would allow you to restore the PreserveState.txt file from a "
-                         "Backup that you might have."));
-        QVERIFY(!QFile::exists(file));
-        QCOMPARE(ZOR::paleAlias, QString("Original"));
-    }
 
     // A run that changes nothing leaves the file alone; a move, a switch and the working set are saved.
     void quitSavesOnlyWhatChanged() {
@@ -825,17 +662,6 @@ private slots:
         if (handFolder) QCOMPARE(readAll(home->programFolder() + "/EmergencyPreserveStateBU/000 kept by hand/note.txt"), "mine");
     }
 
-    void failedDesktopCopyNamesItsCause() {
-        writeStoreFile(1);
-        AppGlobals::appSupportFolder = home->programFolder();
-        QDir(home->desktop()).mkpath("PreserveState.txt/x"); // a folder in the copy's way
-        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
-        QDir(home->desktop()).removeRecursively(); // no Desktop at all
-        QVERIFY(!ZOR::PreserveStateBackUp(true, true));
-        QCOMPARE(told(), QStringList({"An exception of type IOException was caught.",
-                                               "An exception of type NilObjectException was caught."}));
-        QVERIFY(emergencyCopies().isEmpty());
-    }
 };
 
 QTEST_MAIN(StoreTest)

@@ -1,6 +1,5 @@
 #include "tst_windows.h"
 #include "util/FileTools.h"
-#include "util/RtrnBoolean.h"
 #include "util/RtrnDateString.h"
 #include "util/StringUtils.h"
 #include "util/WinScrn.h"
@@ -36,13 +35,6 @@ private slots:
         QCOMPARE(seen.mid(26 * 26 - 1, 2), (QStringList{"Zz", "Aa"})); // past Zz it starts again
     }
 
-    void validDateStamp() {
-        for (const char* stamp : {"230523_1955", "230229_1200", "231231_2359", "230930_0000"})
-            QVERIFY2(RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
-        for (const char* stamp : {"230230_1200", "230431_1200", "231131_1200", "231301_1200", "230500_1200",
-                                  "230523-1955", "230523_2400", "230523_2360", "230523_195", "230523_19550"})
-            QVERIFY2(!RtrnBoolean::rbValidYYMMDD_HHSS(stamp), stamp);
-    }
 
     void moveRenameNeverOverwrites() {
         const QString file = home->write("src/p.png", "moved");
@@ -79,9 +71,7 @@ private slots:
         QVERIFY(!written);
         QCOMPARE(readAll(target), "old");
         const QString shown = dialogs->texts().join('|');
-        QCOMPARE(dialogs->texts().size(), 1);
-        QVERIFY2(shown.startsWith("Could not save PreserveState.txt: "), qPrintable(shown));
-        QVERIFY2(shown.endsWith(". The file that was there before is unchanged."), qPrintable(shown));
+        QVERIFY2(QRegularExpression("^Could not save PreserveState.txt: [^|]+\\. The file that was there before is unchanged\\.$").match(shown).hasMatch(), qPrintable(shown));
         QCOMPARE(QDir(home->home() + "/f").entryList(QDir::Files), (QStringList{"notes.text", "PreserveState.txt"}));
     }
 
@@ -117,10 +107,9 @@ private slots:
         const auto fit = [](const QString& text, const QString& fitsJust = {}) {
             return StringUtils::RemoveWordToFit(text, "Helvetica", 14, fitsJust.isEmpty() ? 1.0 : StringUtils::MeasureString(fitsJust, "Helvetica", 14) + 0.5);
         };
-        QCOMPARE(fit("abcd"), "abcd"); // short
-        QCOMPARE(fit("Open the\nmail  program now", "Open the mail…"), "Open the mail…"); // cut at a word
-        QCOMPARE(fit("Hello world", "Hello…"), "Hello"); // that word alone, though "Hello…" would fit
-        QCOMPARE(fit("  \n \r\n \t  "), ""); // white space only, as a hand-edited tip may be
+        // Short; cut at a word; that word alone, though "Hello…" would fit; white space only, as a hand-edited tip may be.
+        QCOMPARE((QStringList{fit("abcd"), fit("Open the\nmail  program now", "Open the mail…"), fit("Hello world", "Hello…"), fit("  \n \r\n \t  ")}),
+                 (QStringList{"abcd", "Open the mail…", "Hello", ""}));
     }
 
     void withinScreen() {
