@@ -222,6 +222,22 @@ private slots:
         QCOMPARE(dialogs->texts(Dialogs::Kind::Message), QStringList());
     }
 
+    // The last palette of a full store, on a full grid: the 10th row and column are written too.
+    void exportOfTheHundredthPalette() {
+        winMain& window = startWith(100, 10, 10);
+        ZOR::ChangeToPalette(99);
+        ZOR::paleAlias = "Last";
+        button(99).Tip = "far corner";
+        Clock::set(QDateTime(QDate(2024, 2, 29), QTime(0, 0, 0)));
+        window.mainMenuBar->miPaletteData->trigger();
+        const QStringList lines =
+            QString::fromUtf8(readAll(home->desktop() + "/240229_000000Last_P99Data/TextData.txt")).split('\n');
+        QCOMPARE(lines.size(), 3 + 100 + 1);
+        QCOMPARE(lines[1], "10\t10\tZOR P99\tP99\tLast");
+        QCOMPARE(lines[3 + 90], "90\t9\t0\tTrue\tFalse\t" + kNoShortcut + "\t\t\tFalse\t\t0\t0\t\t");
+        QCOMPARE(lines[3 + 99], "99\t9\t9\tTrue\tFalse\t" + kNoShortcut + "\t\t\tFalse\t\t0\t0\tfar corner\t");
+    }
+
 
     // The folder's name fits the file system's 255 bytes: a long alias gives up whole characters.
     void exportWithALongAlias_data() {

@@ -6,6 +6,7 @@
 #include "manage/winChangeAlias.h"
 #include "manage/winDeletePalette.h"
 #include "manage/winNewPalette.h"
+#include "pictures/PictureImport.h"
 #include "tst_windows.h"
 #include "util/ZorError.h"
 #include "json/JsonText.h"
@@ -501,6 +502,50 @@ private slots:
                      startsOn);
     }
 
+
+    // Every path made from a store value stays in its folder, even for a palette name that got past
+    // the load (set here in memory): nothing of the user's is moved, shown or made elsewhere.
+    void storeValuesChooseNoPath_data() {
+        QTest::addColumn<QString>("site");
+        QTest::addColumn<QString>("name"); // "~" stands for the home folder
+        for (const char* site : {"palette window", "Button Pictures", "export", "delete", "picture import"})
+            for (const char* name : {"../../../../victim", "~/victim", ".."})
+                QTest::addRow("%s, %s", site, name) << QString(site) << QString(name);
+    }
+    void storeValuesChooseNoPath() {
+        QFETCH(QString, site);
+        QFETCH(QString, name);
+        const QString victim = home->write("victim/taxes2024.pdf", "mine").section('/', 0, -2);
+        home->write("victim/07 x.png", picture(64, 64));
+        winMain& w = startWith(2);
+        ZOR::ChangeToPalette(1);
+        ZOR::paleName = QString(name).replace("~", home->home());
+        if (site == "palette window") {
+            ZOR::viewFollows();
+            QCOMPARE(w.hasPicture, QList<int>());
+        } else if (site == "Button Pictures") {
+            opened<winButtonPics>();
+        } else if (site == "export") {
+            w.mainMenuBar->miPaletteData->trigger();
+        } else if (site == "delete") {
+            ZOR::deleteActivePalette();
+        } else {
+            QVERIFY(
+                !PictureImport::makeButtonPicture(victim + "/07 x.png", ZOR::paleName, 3).error.isEmpty());
+        }
+        told();
+        QCOMPARE(namesIn(victim), QStringList({"07 x.png", "taxes2024.pdf"}));
+        QVERIFY(namesIn(home->programFolder()).contains("PreserveState.txt"));
+        QStringList made; // anything else that names the victim, under home or beside it
+        QDirIterator it(home->home(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext())
+            if (const QString path = it.next(); path.contains("victim") && !path.startsWith(victim))
+                made << path;
+        made << QDir(home->home() + "/..")
+                    .entryList({"*victimData*"}, QDir::AllEntries | QDir::NoDotAndDotDot);
+        QCOMPARE(made, QStringList());
+    }
 
     // A button's script runs only as a plain file of Apple_Scripts: a name that cleans down to
     // nothing, or that names a path, is told and runs nothing.
