@@ -49,16 +49,6 @@ class ManageTest : public WindowTest {
     }
 
 private slots:
-    void menuOpensTheWindows() {
-        MainMenuBar& bar = *startWith(2).mainMenuBar;
-        for (QAction* item :
-             {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
-            item->trigger();
-        QCOMPARE(dialogs->titles(),
-                 QStringList({"Switch Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
-        QCOMPARE(dialogs->defaults, QStringList({"", "OK", "Accept Change", "Cancel"})); // what Return presses
-    }
-
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
     // Keyboard Maestro types Cmd+P and two digits at once: those the system still hands to the palette
     // window reach the switch window in the order typed. "^" is Cmd+1 to the palette window behind it.
@@ -247,44 +237,36 @@ private slots:
         QTEST(ZOR::paletteContentChange, "changed");
     }
 
-    // A palette's alias and title are shown whole where they fit, else cut at their end with "…" (no
-    // half emoji) and whole in their tooltips.
+    // A palette's alias and title are shown whole where they fit, else cut at their end with "…" and
+    // whole in their tooltips: in the switch window (current, choice, its title) and the delete window.
     void longTextsAreCutWithTheirWholeInTooltips_data() {
-        QTest::addColumn<bool>("switching"); // else deleting
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QStringList>("shown");
         const QString cut = "cut, whole in its tooltip";
-        // clang-format off
-        QTest::newRow("delete, 23 characters") << false << "Photoshop Actions Set 2" << "whole";
-        QTest::newRow("delete, long, with an emoji") << false << "Photoshop Actions Set 2 " + kFamily + " for the spring catalogue" << cut;
-        QTest::newRow("switch, short") << true << "Mail" << "whole";
-        QTest::newRow("switch, long, with emoji") << true << QString::fromUtf8("Photoshop Actions Set 2 \xF0\x9F\x93\xB8 for the quarterly reports of the northern region \xF0\x9F\x8E\xA8") << cut;
-        // clang-format on
+        QTest::newRow("short") << "Mail" << QStringList(5, "whole");
+        QTest::newRow("23 characters") << "Photoshop Actions Set 2" << QStringList({cut, "whole", "whole", "whole", "whole"});
+        for (const QString& emoji : {kFamily, QString::fromUtf8("\xF0\x9F\x93\xB8")})
+            QTest::addRow("long, with %s", qPrintable(emoji))
+                << "Photoshop Actions Set 2 " + emoji + " for the quarterly reports of the northern region" << QStringList(5, cut);
     }
     void longTextsAreCutWithTheirWholeInTooltips() {
-        QFETCH(bool, switching);
         QFETCH(QString, text);
         startWith(2);
-        winDeletePalette* deleting = nullptr;
-        winSwitchPalette* switchTo = nullptr;
-        std::unique_ptr<QDialog> w;
-        if (switching) {
-            ZOR::DP[0].s_Alias = ZOR::paleAlias = ZOR::DP[1].s_Alias = ZOR::DP[1].s_WinTitle = text;
-            w.reset(switchTo = new winSwitchPalette);
-            w->show();
-            pressRow(switchTo->lbPalette, 1);
-            QCOMPARE(switchTo->lbPalette->topLevelItem(1)->toolTip(1), text);
-        } else {
-            ZOR::ChangeToPalette(1);
-            ZOR::paleAlias = ZOR::paleWinTitle = text;
-            w.reset(deleting = new winDeletePalette);
-        }
-        const QList<QLabel*> labels = switching ? QList<QLabel*>{switchTo->labCurrentAlias, switchTo->labChoiceAlias, switchTo->labChoiceTitle}
-                                                : QList<QLabel*>{deleting->labNameAlias, deleting->labWindowTitle};
-        for (QLabel* label : labels) {
-            QTEST(fitted(label, text), "shown");
+        for (size_t p : {0, 1})
+            ZOR::DP[p].s_Alias = ZOR::DP[p].s_WinTitle = text;
+        ZOR::ChangeToPalette(1);
+        winSwitchPalette switchTo;
+        switchTo.show();
+        pressRow(switchTo.lbPalette, 0);
+        QCOMPARE(switchTo.lbPalette->topLevelItem(0)->toolTip(1), text);
+        winDeletePalette deleting;
+        QStringList shown;
+        for (QLabel* label : {switchTo.labCurrentAlias, switchTo.labChoiceAlias, switchTo.labChoiceTitle,
+                              deleting.labNameAlias, deleting.labWindowTitle}) {
+            shown << fitted(label, text);
             QVERIFY2(text.startsWith(label->text().chopped(label->toolTip().isEmpty() ? 0 : 1)), qPrintable(label->text()));
         }
+        QTEST(shown, "shown");
     }
 
     // The export's explanation shows its last paragraph without scrolling; a failure report shows
