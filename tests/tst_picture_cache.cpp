@@ -195,6 +195,18 @@ private slots:
         program->quit();
     }
 
+    // With room to spare, a copy whose picture is gone goes all the same, while the window idles.
+    void copyOfAGonePictureGoes() {
+        const QString gone = home->writeInProgram("ButtonPictures/P00/05 gone.png", picture(64, 64));
+        const QString stays = home->writeInProgram("ButtonPictures/P00/06 stays.png", picture(64, 64));
+        winMain& w = startWith(1);
+        QTRY_VERIFY_WITH_TIMEOUT(keptBytes(gone) > 0 && keptBytes(stays) > 0, 30000);
+        QVERIFY(QFile::remove(gone));
+        QTest::mouseClick(w.labSeeNum, Qt::LeftButton); // a redraw, and a warming after it
+        QTRY_COMPARE_WITH_TIMEOUT(QDir(PictureDiskCache::folder()).entryList({"*.pic"}).size(), 1, 30000);
+        QVERIFY(keptBytes(stays) > 0);
+    }
+
     // The cache folder keeps to its limit: the copies wanted most (the pictures shown, then the
     // palettes nearest at hand) take the place of the least recently used; copies whose picture
     // is gone, and what is no copy at all, go while the window idles.
