@@ -451,8 +451,11 @@ private slots:
         QTest::newRow("nothing yet") << "" << hint;
         QTest::newRow("a letter is no design") << "letter" << hint;
         // Grid Construct's OK, Done and close box each bring the bar up to date, with no pointer over a button.
-        for (const char* change : {"macro", "tip", "palette", "design ok", "design done", "design close"})
-            QTest::newRow(change) << change << "Original";
+        for (const auto& [name, change] :
+             {std::pair("a macro button", "macro"), {"a tip", "tip"}, {"a second palette", "palette"},
+              {"OK in Grid Construct", "design ok"}, {"Done in Grid Construct", "design done"},
+              {"Grid Construct's close box", "design close"}})
+            QTest::newRow(name) << QString(change) << "Original";
     }
     void firstStartTellsWhereToBegin() {
         QFETCH(QString, change);
