@@ -49,49 +49,51 @@ class ManageTest : public WindowTest {
     }
 
 private slots:
-    void menuOpensTheWindows() {
-        MainMenuBar& bar = *startWith(2).mainMenuBar;
-        for (QAction* item :
-             {bar.miSwitchPalette, bar.miNewPalette, bar.miRenamePalette, bar.miDeletePalette})
-            item->trigger();
-        QCOMPARE(dialogs->titles(),
-                 QStringList({"Switch Palette", "New Palette", "Change Name/Alias", "Delete Palette"}));
-        QCOMPARE(dialogs->defaults, QStringList({"", "OK", "Accept Change", "Cancel"})); // what Return presses
-    }
-
     // Keys go to the list, which has the focus and would search on digits. "|" is a pause of 2 s.
+    // Keyboard Maestro types Cmd+P and two digits at once: those the system still hands to the palette
+    // window reach the switch window in the order typed. "^" is Cmd+1 to the palette window behind it.
     void typedDigits_data() {
+        QTest::addColumn<bool>("toPalette"); // the keys go to the palette window
         QTest::addColumn<QString>("keys");
         QTest::addColumn<int>("active");
         QTest::addColumn<bool>("closed");
         QTest::addColumn<QString>("pending");
         QTest::addColumn<QStringList>("messages");
-        QTest::newRow("1 and 2 switch to P12") << "12" << 12 << true << "" << QStringList();
-        QTest::newRow("a non-digit clears the first") << "1x2" << 0 << false << "2" << QStringList();
-        QTest::newRow("a pause clears the first") << "1|2" << 0 << false << "2" << QStringList();
-        QTest::newRow("a free slot") << "03" << 0 << false << "" << QStringList{kNoSuch.arg("03")};
-        QTest::newRow("a slot never made") << "99" << 0 << false << "" << QStringList{kNoSuch.arg("99")};
-        QTest::newRow("the active palette's own number") << "00" << 0 << true << "" << QStringList{kActive};
+        // clang-format off
+        QTest::newRow("1 and 2 switch to P12") << false << "12" << 12 << true << "" << QStringList();
+        QTest::newRow("a non-digit clears the first") << false << "1x2" << 0 << false << "2" << QStringList();
+        QTest::newRow("a pause clears the first") << false << "1|2" << 0 << false << "2" << QStringList();
+        QTest::newRow("a free slot") << false << "03" << 0 << false << "" << QStringList{kNoSuch.arg("03")};
+        QTest::newRow("a slot never made") << false << "99" << 0 << false << "" << QStringList{kNoSuch.arg("99")};
+        QTest::newRow("the active palette's own number") << false << "00" << 0 << true << "" << QStringList{kActive};
+        QTest::newRow("palette window: 1 2 lands on P12") << true << "12" << 12 << true << "" << QStringList();
+        QTest::newRow("palette window: 2 1 lands on P21") << true << "21" << 21 << true << "" << QStringList();
+        QTest::newRow("palette window: Escape closes, switches nothing") << true << "1\x1b" << 0 << true << "1" << QStringList();
+        QTest::newRow("palette window: Cmd+1 behind it switches nothing") << true << "^" << 0 << false << "" << QStringList();
+        // clang-format on
     }
     void typedDigits() {
+        QFETCH(bool, toPalette);
         QFETCH(QString, keys);
         QFETCH(QString, pending);
-        startWith(13);
+        winMain& palette = startWith(22);
         ZOR::DP[3].s_Alias = kNoShortcut;
         winSwitchPalette w;
         w.show();
         for (QChar key : keys) {
-            if (key != '|') {
-                QTest::keyClick(w.lbPalette, key.toLatin1());
-                continue;
+            if (key == '^') QTest::keyClick(&palette, Qt::Key_1, Qt::ControlModifier);
+            else if (toPalette) QTest::keyClick(&palette, key == '\x1b' ? Qt::Key_Escape : Qt::Key(key.unicode()));
+            else if (key != '|') QTest::keyClick(w.lbPalette, key.toLatin1());
+            else {
+                w.tiBothDigits->setInterval(1); // restarts it: the two seconds run out at once
+                QTRY_VERIFY(!w.tiBothDigits->isActive());
             }
-            w.tiBothDigits->setInterval(1); // restarts it: the two seconds run out at once
-            QTRY_VERIFY(!w.tiBothDigits->isActive());
         }
         QTEST(int(ZOR::idxCP), "active");
         QTEST(!w.isVisible(), "closed");
         QCOMPARE(QStringList({w.firstTyped, w.labType->text()}), QStringList({pending, pending}));
         QTEST(dialogs->texts(), "messages");
+        QCOMPARE(dialogs->beeps(), 0);
     }
 
     // Presses on the list and OK, checked against all the window shows: both columns of the list
@@ -193,14 +195,12 @@ private slots:
                                    : ZOR::paleName + ' ' + main.windowTitle() + ' ' + main.labTip->text());
         }
         QCOMPARE(made, QStringList({"P01 ZOR P01 Mail", "P03 ZOR P03 Web", "refused"}));
-        QCOMPARE(proposed.mid(0, 2),
-                 QStringList({"Palette 01", "Palette 03"})); // named by the number it takes
+        QCOMPARE(proposed.mid(0, 2), QStringList({"Palette 01", "Palette 03"})); // named by the number it takes
         QCOMPARE(dialogs->texts(), QStringList{winNewPalette::kAllInUse});
-        QCOMPARE(ZOR::DP.size(), size_t(100));
-        QCOMPARE(ZOR::DP[2].i_NumRows, 4);
-        QVERIFY(ZOR::paletteContentChange);
-        QCOMPARE(ZOR::idxCP, 3);
-        QVERIFY(ZOR::aBtn == ZOR::DP[3].a_Btn); // the very array of the slot
+        // P02's rows kept, and the active palette is the very array of its slot.
+        QCOMPARE(QList<qint64>({qint64(ZOR::DP.size()), ZOR::DP[2].i_NumRows, ZOR::paletteContentChange, ZOR::idxCP,
+                                ZOR::aBtn == ZOR::DP[3].a_Btn}),
+                 QList<qint64>({100, 4, 1, 3, 1}));
     }
 
     void renameTitles_data() {
@@ -237,36 +237,37 @@ private slots:
         QTEST(ZOR::paletteContentChange, "changed");
     }
 
-    // Alias and title take 30 characters each, an emoji counted as one.
-    void renameFieldsHoldThirtyCharacters() {
-        startWith(1);
-        winChangeAlias w;
-        for (QLineEdit* field : {w.tfAlias, w.tfWinTitle}) {
-            field->clear();
-            for (int i = 0; i < 31; ++i)
-                type(field, kFamily);
-            QCOMPARE(field->text(), kFamily.repeated(30));
-        }
-    }
-
-    // The palette's alias and title are shown whole where they fit, else cut with "…" and whole in
-    // their tooltips.
-    void deleteShowsLongTexts_data() {
+    // A palette's alias and title are shown whole where they fit, else cut at their end with "…" and
+    // whole in their tooltips: in the switch window (current, choice, its title) and the delete window.
+    void longTextsAreCutWithTheirWholeInTooltips_data() {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("shown");
-        // clang-format off
-        QTest::newRow("23 characters") << "Photoshop Actions Set 2" << "whole";
-        QTest::newRow("long, with an emoji") << "Photoshop Actions Set 2 " + kFamily + " for the spring catalogue" << "cut, whole in its tooltip";
-        // clang-format on
+        QTest::addColumn<QStringList>("shown");
+        const QString cut = "cut, whole in its tooltip";
+        QTest::newRow("short") << "Mail" << QStringList(5, "whole");
+        QTest::newRow("23 characters") << "Photoshop Actions Set 2" << QStringList({cut, "whole", "whole", "whole", "whole"});
+        for (const auto& [name, emoji] : {std::pair("long, with a family emoji", kFamily),
+                                           std::pair("long, with a camera emoji", QString::fromUtf8("\xF0\x9F\x93\xB8"))})
+            QTest::newRow(name) << "Photoshop Actions Set 2 " + emoji + " for the quarterly reports of the northern region"
+                                << QStringList(5, cut);
     }
-    void deleteShowsLongTexts() {
+    void longTextsAreCutWithTheirWholeInTooltips() {
         QFETCH(QString, text);
         startWith(2);
+        for (size_t p : {0, 1})
+            ZOR::DP[p].s_Alias = ZOR::DP[p].s_WinTitle = text;
         ZOR::ChangeToPalette(1);
-        ZOR::paleAlias = ZOR::paleWinTitle = text;
-        winDeletePalette w;
-        QTEST(fitted(w.labNameAlias, text), "shown");
-        QTEST(fitted(w.labWindowTitle, text), "shown");
+        winSwitchPalette switchTo;
+        switchTo.show();
+        pressRow(switchTo.lbPalette, 0);
+        QCOMPARE(switchTo.lbPalette->topLevelItem(0)->toolTip(1), text);
+        winDeletePalette deleting;
+        QStringList shown;
+        for (QLabel* label : {switchTo.labCurrentAlias, switchTo.labChoiceAlias, switchTo.labChoiceTitle,
+                              deleting.labNameAlias, deleting.labWindowTitle}) {
+            shown << fitted(label, text);
+            QVERIFY2(text.startsWith(label->text().chopped(label->toolTip().isEmpty() ? 0 : 1)), qPrintable(label->text()));
+        }
+        QTEST(shown, "shown");
     }
 
     // The export's explanation shows its last paragraph without scrolling; a failure report shows
@@ -302,8 +303,7 @@ private slots:
         for (const QPixmap& picture : w.preview->myPict)
             shown << !picture.isNull();
         QCOMPARE(shown, QList<bool>({true, false, false, false, false, true}));
-        QCOMPARE(w.preview->cnBut[0]->grab().toImage().pixelColor(63, 63),
-                 QColor(Qt::red)); // cut by the cell
+        QCOMPARE(w.preview->cnBut[0]->grab().toImage().pixelColor(63, 63), QColor(Qt::red)); // cut by the cell
         const int faded = w.preview->cnBut[5]->grab().toImage().pixelColor(10, 10).red();
         QVERIFY(qAbs(faded - (255 * 10 + w.palette().color(QPalette::Window).red() * 90) / 100) <= 2);
     }
@@ -328,9 +328,8 @@ private slots:
         QVERIFY(pressDelete());
         QCOMPARE(dialogs->requests.first().kind, Dialogs::Kind::OKCancel);
         QCOMPARE(filesBelow(removed()), all);
-        QVERIFY(!QDir(pictures("P03")).exists());
-        QCOMPARE(ZOR::DP.size(), size_t(4));
-        QVERIFY(ZOR::aBtn == ZOR::DP[0].a_Btn);
+        QCOMPARE(QList<bool>({QDir(pictures("P03")).exists(), ZOR::DP.size() == 4, ZOR::aBtn == ZOR::DP[0].a_Btn}),
+                 QList<bool>({false, true, true}));
         QCOMPARE(QStringList({main.windowTitle(), main.labTip->text(), main.labSeeNum->text()}),
                  QStringList({"ZOR Palette", "Original", "P00"}));
 
@@ -391,14 +390,24 @@ private slots:
         const QByteArray text = file.readAll().replace("\"Original\"", "\"\\u2400\"");
         file.resize(0), file.write(text), file.close();
         winMain& main = program->start();
-        QCOMPARE(ZOR::idxCP, 0);
-        QCOMPARE(ZOR::DP[0].s_Alias, kNoShortcut);
-        QCOMPARE(main.windowTitle(), "ZOR Palette");
-        QCOMPARE(dialogs->texts(), QStringList());
+        QCOMPARE(QStringList({QString::number(ZOR::idxCP), ZOR::DP[0].s_Alias, main.windowTitle()}) + dialogs->texts(),
+                 QStringList({"0", kNoShortcut, "ZOR Palette"}));
         winNewPalette w;
         w.tfAlias->setText("Home");
         QTest::mouseClick(w.pbOK, Qt::LeftButton);
         QCOMPARE(ZOR::paleName + ' ' + ZOR::DP[0].s_Alias, QString("P00 Home"));
+    }
+
+    // Alias and title take 30 characters each, an emoji counted as one.
+    void renameFieldsHoldThirtyCharacters() {
+        startWith(1);
+        winChangeAlias w;
+        for (QLineEdit* field : {w.tfAlias, w.tfWinTitle}) {
+            field->clear();
+            for (int i = 0; i < 31; ++i)
+                type(field, kFamily);
+            QCOMPARE(field->text(), kFamily.repeated(30));
+        }
     }
 };
 
