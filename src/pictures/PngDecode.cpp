@@ -131,8 +131,9 @@ QImage PngDecode::common(QByteArrayView png) {
         } else {
             dataEnded = !deflated.isEmpty();
             ended = isChunk(type, "IEND");
-            // Transparency by colour changes the pixels; any other critical chunk is Qt's to judge.
-            if (isChunk(type, "tRNS") || (!ended && (type[0] & 0x20) == 0 && !isChunk(type, "PLTE"))) return {};
+            // Transparency by colour changes the pixels; any other critical chunk (a palette among
+            // them, which libpng holds to rules of its own) is Qt's to judge.
+            if (isChunk(type, "tRNS") || (!ended && (type[0] & 0x20) == 0)) return {};
         }
     }
     const size_t rowBytes = size_t(width) * size_t(bpp) + 1;
