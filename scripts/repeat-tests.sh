@@ -14,6 +14,7 @@ RUNS=${1:-20}
 BUSY=${2:-2}
 case "$BUILD" in *asan*) sanitizer_options ;; esac
 [ -d "$BUILD" ] || { echo "$(basename "$0"): no build in $BUILD; build it first (scripts/test.sh)" >&2; exit 1; }
+BUILD=$(cd "$BUILD" && pwd) # its log is named after the cd below
 loops=()
 stop_loops() {
   [ ${#loops[@]} -eq 0 ] || kill "${loops[@]}" 2>/dev/null || true
