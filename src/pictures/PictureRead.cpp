@@ -38,7 +38,7 @@ bool isSideOK(int side) {
 
 QByteArray PictureRead::kindOf(QIODevice& file) {
     const QByteArray start = file.peek(8);
-    if (start.startsWith("\x89PNG\r\n\x1a\n")) return "png";
+    if (start.startsWith(PngDecode::kSignature)) return "png";
     if (start.startsWith("\xFF\xD8\xFF")) return "jpeg";
     if (start.startsWith("GIF8")) return "gif";
     if (start.startsWith("BM")) return "bmp";

@@ -15,13 +15,11 @@ uint32_t bigEndian(const unsigned char* p) {
     return uint32_t(p[0]) << 24 | uint32_t(p[1]) << 16 | uint32_t(p[2]) << 8 | uint32_t(p[3]);
 }
 
-constexpr char kSignature[] = "\x89PNG\r\n\x1a\n";
-
 } // namespace
 
 QSize PngDecode::sizeOf(QByteArrayView head) {
     const auto* p = reinterpret_cast<const unsigned char*>(head.data());
-    if (head.size() < 24 || std::memcmp(p, kSignature, 8) != 0 || std::memcmp(p + 12, "IHDR", 4) != 0) return {};
+    if (head.size() < 24 || std::memcmp(p, PngDecode::kSignature, 8) != 0 || std::memcmp(p + 12, "IHDR", 4) != 0) return {};
     const uint32_t width = bigEndian(p + 16), height = bigEndian(p + 20);
     return width > 0 && height > 0 && width <= 0x7fffffff && height <= 0x7fffffff ? QSize(int(width), int(height)) : QSize();
 }
@@ -102,7 +100,7 @@ bool PngDecode::available() {
 QImage PngDecode::common(QByteArrayView png) {
     const auto* p = reinterpret_cast<const unsigned char*>(png.data());
     const auto* end = p + png.size();
-    if (png.size() < 8 + 25 || std::memcmp(p, kSignature, 8) != 0) return {};
+    if (png.size() < 8 + 25 || std::memcmp(p, PngDecode::kSignature, 8) != 0) return {};
     p += 8;
     QByteArray deflated;
     int width = 0, height = 0, bpp = 0;

@@ -8,6 +8,9 @@
 // time libpng takes for such a picture; a very first start decodes a hundred.
 namespace PngDecode {
 
+// The eight bytes every PNG file begins with.
+inline constexpr char kSignature[] = "\x89PNG\r\n\x1a\n";
+
 // True when the program was built with libdeflate; otherwise `common` always declines.
 bool available();
 
